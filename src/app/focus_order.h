@@ -1,0 +1,12 @@
+#pragma once
+
+#include <functional>
+
+namespace calvora {
+
+/// The box that gets the focus when Enter or an arrow key leaves box `from`. `step` is +1 forward
+/// or −1 backward. Computed boxes are never entered, locked ones are skipped; forward from the last
+/// box is the first, backward the first box is the end. Stays at `from` if every target is locked.
+int nextBox(int from, int step, const std::function<bool(int)>& isLocked);
+
+}  // namespace calvora

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/record.h"
+
+namespace calvora {
+
+/// Value of the current field index while the main window's first activation is pending.
+inline constexpr int kFirstActivationPending = 99;
+
+/// What the windows share. Made once at program start and handed on by reference.
+struct Program {
+  AnalysisRecord record;
+
+  /// Header of the analysis: slot 0 file name, 1 project, 2 project number, 3 sample, 4 client,
+  /// 5 sampling date, 6 creation date, 7 remark.
+  CheckedArray<QString, 11> header;
+
+  bool entryChanged = false;  ///< a character was typed into a box that was not left since
+  int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
+  bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
+  QString programFolder;
+
+  /// Captions of the two narrow displays beside the results 10 and 7.
+  QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm
+  QString phNäherung;             ///< `Label2(21)`
+
+  /// Empties record, flags and header and forgets the entry in progress.
+  void restart() {
+    resetRecord();
+    header.clear();
+    fieldIndex = 0;
+    leitfähigkeitAusIonen.clear();
+    phNäherung.clear();
+  }
+
+  /// Empties record and flags, as before reading a file. The header and the narrow displays stay.
+  void resetRecord() {
+    record.clear();
+    entryChanged = false;
+    dataPresent = false;
+  }
+};
+
+}  // namespace calvora

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/checked_array.h"
+#include "entry/fixed_point.h"
+
+namespace calvora {
+
+/// Slots of the flag array that the program uses so far.
+namespace flag {
+inline constexpr int kStatus = 1;  ///< "1": there are unsaved changes
+}  // namespace flag
+
+/// The one water analysis that the program holds. A field is empty exactly when its text is empty;
+/// its value is then 0.
+struct AnalysisRecord {
+  CheckedArray<FixedPoint, 41> value;
+  CheckedArray<QString, 41> text;
+  CheckedArray<QString, 11> flag;
+
+  /// Empties one field: value 0 and empty text.
+  void clearField(int index) {
+    value[index] = {};
+    text[index].clear();
+  }
+
+  void clear() {
+    value.clear();
+    text.clear();
+    flag.clear();
+  }
+
+  friend bool operator==(const AnalysisRecord&, const AnalysisRecord&) = default;
+};
+
+}  // namespace calvora

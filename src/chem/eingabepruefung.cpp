@@ -1,0 +1,229 @@
+// The checks of a typed value: range, and agreement with the other entries.
+#include <algorithm>
+#include <cmath>
+
+#include "chem/subcalc.h"
+
+namespace calvora {
+
+namespace {
+
+/// What a field admits, bounds included, and what its range message says.
+struct RangeRule {
+  int index;
+  FixedPoint minimum;
+  FixedPoint maximum;
+  int message;
+  QString range;
+  bool focusBack;  ///< whether the focus returns into a rejected field
+};
+
+const RangeRule& rangeRule(int index) {
+  static const std::array kRules{
+      RangeRule{1, 0.5_fp, 5000_fp, 3, QStringLiteral("0,5 - 5000 µS/cm"), false},
+      RangeRule{2, 4_fp, 12_fp, 3, QStringLiteral("4- 12"), false},
+      RangeRule{3, 1_fp, 90_fp, 3, QStringLiteral("1-90 °C"), true},
+      RangeRule{4, 0_fp, 10_fp, 6, QStringLiteral(" 0 - 10"), false},
+      RangeRule{5, 0_fp, 7.0_fp, 6, QStringLiteral(" 0 - 7,0"), false},
+      RangeRule{6, FixedPoint::lowest(), 2.5_fp, 6, QStringLiteral(" 0 - 2,5"), false},
+      RangeRule{20, 0.05_fp, 100_fp, 3, QStringLiteral("0,05 - 100 °d"), true},
+      RangeRule{23, 0.1_fp, 700_fp, 3, QStringLiteral("0,1 - 700"), true},
+      RangeRule{24, 0.1_fp, 420_fp, 3, QStringLiteral("0,1 - 420 "), true},
+      RangeRule{25, 0.01_fp, 500_fp, 3, QStringLiteral("0,01 - 500"), true},
+      RangeRule{26, 0.01_fp, 20_fp, 3, QStringLiteral("0,01 - 20"), true},
+  };
+  const auto* rule = std::ranges::find(kRules, index, &RangeRule::index);
+  if (rule == kRules.end()) {
+    throw RuntimeError(ErrorNumber::kInvalidCall, QString::number(index));
+  }
+  return *rule;
+}
+
+constexpr int kFocusBack = 1;
+
+/// The hydroxide concentration that belongs to a pH, in mmol/l. The exponent is formed in fixed
+/// point, so that a pH of 9.0 gives exactly 0.01.
+double hydroxide(FixedPoint ph) {
+  return std::pow(10.0, saturatedDifference(ph, 11_fp).toDouble());
+}
+
+}  // namespace
+
+void subcalc::checkeingabe(int index, const QString& text, int& status) {
+  AnalysisRecord& record = program_.record;
+  status = check::kValid;
+  QString typed = text;
+  entry_.wertprüf(typed, status);
+  bool representable = true;
+  if (status != check::kValid) {
+    record.clearField(index);
+  } else {
+    NumberCell number;
+    entry_.strzahl(typed, number);
+    const auto value = FixedPoint::tryFromDouble(numberOf(number));
+    representable = value.has_value();
+    record.value[index] = value.value_or(FixedPoint{});
+    if (representable) entry_.formstr(typed, 4);
+    record.text[index] = typed;
+  }
+  checkField(index, representable, status);
+}
+
+void subcalc::checkField(int index, bool representable, int& status) {
+  switch (index) {
+    case feld::kLeitfähigkeit:
+      return checkLeitfähigkeit(representable, status);
+    case feld::kPh:
+      return checkPh(representable, status);
+    case feld::kTemperatur:
+      return checkTemperatur(representable, status);
+    case feld::kKs82:
+      return checkKs82(representable, status);
+    case feld::kKs43:
+      return checkKs43(representable, status);
+    case feld::kKb82:
+      return checkKb82(representable, status);
+    case feld::kGesamthärte:
+    case feld::kCalcium:
+    case feld::kMagnesium:
+    case feld::kChlorid:
+    case feld::kEisen:
+      return checkKonzentration(index, representable, status);
+    default:
+      return;
+  }
+}
+
+/// Tests a value that is given against its field's range; a number too large for the fixed-point
+/// value is out of every range. A rejected one is deleted with the field's range message.
+bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
+  const RangeRule& rule = rangeRule(index);
+  const FixedPoint value = program_.record.value[index];
+  if (representable && value >= rule.minimum && value <= rule.maximum) return false;
+  show(rule.message, rule.range);
+  program_.record.clearField(index);
+  if (rule.focusBack) status = kFocusBack;
+  return true;
+}
+
+void subcalc::checkLeitfähigkeit(bool representable, int& status) {
+  if (isEmpty(feld::kLeitfähigkeit)) {
+    clear({feld::kPhAusLf});
+    program_.leitfähigkeitAusIonen.clear();
+    return;
+  }
+  rejectOutOfRange(feld::kLeitfähigkeit, representable, status);
+}
+
+void subcalc::checkPh(bool representable, int& status) {
+  if (!isEmpty(feld::kPh)) rejectOutOfRange(feld::kPh, representable, status);
+  if (!isEmpty(feld::kPh) && program_.record.value[feld::kKs82] > 0_fp && phExceedsKs82()) {
+    program_.record.clearField(feld::kPh);
+  }
+  if (isEmpty(feld::kPh)) {
+    clear({feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei, feld::kCo2Überschüssig});
+  }
+}
+
+void subcalc::checkTemperatur(bool representable, int& status) {
+  if (isEmpty(feld::kTemperatur)) {
+    resetKs82();
+    return;
+  }
+  rejectOutOfRange(feld::kTemperatur, representable, status);
+}
+
+void subcalc::checkKs82(bool representable, int& status) {
+  AnalysisRecord& record = program_.record;
+  if (isEmpty(feld::kKs82)) {
+    resetKs82();
+    return;
+  }
+  if (rejectOutOfRange(feld::kKs82, representable, status)) return;
+  if (record.value[feld::kPh] > 0_fp && ks82TooSmallForPh()) {
+    resetKs82();
+    return;
+  }
+  if (record.value[feld::kKb82] > 0_fp) {
+    show(13);
+    resetKs82();
+    return;
+  }
+  if (record.value[feld::kKs43].isZero()) return;
+  if (2 * value(feld::kKs82) > value(feld::kKs43)) {
+    show(4);
+    status = kFocusBack;
+    resetKs82();
+  }
+}
+
+void subcalc::checkKs43(bool representable, int& status) {
+  AnalysisRecord& record = program_.record;
+  // A negative capacity can only be pasted; it is refused like the zero that it cannot exceed.
+  if (!isEmpty(feld::kKs43) && representable && record.value[feld::kKs43] <= 0_fp) {
+    show(2, QStringLiteral("Ks4,3"));
+    record.clearField(feld::kKs43);
+  }
+  if (isEmpty(feld::kKs43)) {
+    clear({feld::kKs43, feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat,
+           feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex, feld::kKarbonathärte});
+    return;
+  }
+  if (rejectOutOfRange(feld::kKs43, representable, status)) return;
+  const double minimum = 2 * value(feld::kKs82);
+  if (isEmpty(feld::kKs82) || value(feld::kKs43) >= minimum) return;
+  show(5, entry_.formz(minimum, minimum < 0.009 ? kind::kThreeDecimals : kind::kTwoDecimals));
+  record.clearField(feld::kKs43);
+  status = kFocusBack;
+}
+
+void subcalc::checkKb82(bool representable, int& status) {
+  const auto clearDependent = [&] {
+    clear({feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex});
+  };
+  if (isEmpty(feld::kKb82)) {
+    clearDependent();
+    return;
+  }
+  if (rejectOutOfRange(feld::kKb82, representable, status)) return;
+  if (program_.record.value[feld::kKs82] <= 0_fp) return;
+  show(13);
+  program_.record.clearField(feld::kKb82);
+  clearDependent();
+}
+
+void subcalc::checkKonzentration(int index, bool representable, int& status) {
+  if (!isEmpty(index)) rejectOutOfRange(index, representable, status);
+}
+
+/// Whether the measured pH needs more hydroxide than the given Ks8,2 holds; then the user is told
+/// the highest pH that it admits.
+bool subcalc::phExceedsKs82() {
+  const double ks82 = value(feld::kKs82);
+  if (ks82 >= hydroxide(program_.record.value[feld::kPh])) return false;
+  const double limit = (std::log10(ks82) - 3) + 14;
+  show(11, entry_.formz(limit, kind::kOneDecimal));
+  return true;
+}
+
+/// Whether Ks8,2 holds less hydroxide than the measured pH needs, with a tolerance; then the user
+/// is told the least Ks8,2 that the pH admits.
+bool subcalc::ks82TooSmallForPh() {
+  constexpr double kFixedTolerance = 0.06;    // mmol/l
+  constexpr double kRelativeTolerance = 0.2;  // of the hydroxide, from pH 9.9
+  const FixedPoint ph = program_.record.value[feld::kPh];
+  const double needed = hydroxide(ph);
+  const double tolerance = ph >= 9.9_fp ? kRelativeTolerance * needed : kFixedTolerance;
+  if (value(feld::kKs82) + tolerance >= needed) return false;
+  show(12, entry_.formz(needed, kind::kTwoDecimals));
+  return true;
+}
+
+/// Empties Ks8,2 and what depends on it.
+void subcalc::resetKs82() {
+  clear({feld::kKs82, feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat,
+         feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex, feld::kKarbonathärte});
+  program_.phNäherung.clear();
+}
+
+}  // namespace calvora

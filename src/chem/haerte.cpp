@@ -1,0 +1,145 @@
+// Ionic strength, excess carbon dioxide and everything about hardness.
+#include <cmath>
+
+#include "chem/subcalc.h"
+
+namespace calvora {
+
+namespace {
+
+constexpr double kDegreePerMmol = 5.6;  // °d per mmol/l of alkaline earths
+constexpr double kMolarMassCa = 40.08;  // g/mol
+constexpr double kMolarMassMg = 24.31;  // g/mol
+
+}  // namespace
+
+void subcalc::ionstrong() {
+  double strength = program_.record.value[feld::kGesamthärte].isZero()
+                        ? value(feld::kCalcium) / 20.04 + value(feld::kMagnesium) / 12.15
+                        : 2 * value(feld::kGesamthärte) / kDegreePerMmol;
+  strength += value(feld::kNatrium) / 45.98 + value(feld::kChlorid) / 70.906 +
+              value(feld::kHydrogencarbonat) / 122.046 + value(feld::kCarbonat) / 30.005;
+  storeValue(feld::kIonenstärke, std::abs(strength));
+}
+
+void subcalc::co2agg() {
+  ionstrong();
+  const double ionicStrength = value(feld::kIonenstärke);
+  double hydrogencarbonate = value(feld::kHydrogencarbonat) / 61.0;  // mmol/l
+  const double calcium = value(feld::kCalcium) / 40.1;               // mmol/l
+  const double t = value(feld::kTemperatur);                         // °C
+  const bool incomplete = hydrogencarbonate == 0 || t == 0 || calcium == 0 || ionicStrength == 0;
+  if (incomplete || isEmpty(feld::kKb82)) {
+    program_.record.clearField(feld::kCo2Überschüssig);
+    return;
+  }
+  if (program_.record.value[feld::kPh] > 9.4_fp) {
+    hydrogencarbonate += value(feld::kCarbonat) / 30.0;  // counts twice
+  }
+  const double strength = ionicStrength / 1000;  // mol/l
+  const double root = std::sqrt(strength);
+  const double activity =
+      std::pow(10.0, (3 * root + 1.7 * strength) / (1 + 5.3 * root + 5.5 * strength));
+  const double coefficient = (0.0015 * t * t + 0.0159 * t + 0.9921) / 100;
+  const double associated =
+      44.01 * coefficient * calcium * hydrogencarbonate * hydrogencarbonate / activity;  // mg/l
+  store(feld::kCo2Überschüssig, value(feld::kCo2Frei) - associated, kind::kOneDecimal);
+}
+
+/// Working copies of the three values that describe one hardness; 0 where one is not given.
+struct subcalc::HardnessSet {
+  FixedPoint total;      // °d
+  FixedPoint calcium;    // mg/l
+  FixedPoint magnesium;  // mg/l
+
+  /// Whether the hardness of the calcium or the magnesium alone exceeds the total hardness.
+  [[nodiscard]] bool calciumExceeds() const { return saturatedProduct(0.1397_fp, calcium) > total; }
+  [[nodiscard]] bool magnesiumExceeds() const {
+    return saturatedProduct(0.23_fp, magnesium) > total;
+  }
+};
+
+void subcalc::secamg() {
+  AnalysisRecord& record = program_.record;
+  HardnessSet set{record.value[feld::kGesamthärte], record.value[feld::kCalcium],
+                  record.value[feld::kMagnesium]};
+  if (!hardnessContradicts(set)) completeHardness(set);
+  const auto writeBack = [&](int index, FixedPoint value) {
+    record.value[index] = value;
+    record.text[index] =
+        value.isZero() ? QString() : entry_.formz(value.toDouble(), kind::kOneDecimal);
+  };
+  writeBack(feld::kGesamthärte, set.total);
+  writeBack(feld::kCalcium, set.calcium);
+  writeBack(feld::kMagnesium, set.magnesium);
+}
+
+/// Applies the rule of the field entered last. True if it contradicts the others: the user was
+/// told, and the value is taken out of the set.
+bool subcalc::hardnessContradicts(HardnessSet& set) {
+  const auto reject = [&](int message, FixedPoint& rejected) {
+    show(message);
+    rejected = {};
+    return true;
+  };
+  const bool hasCalcium = !set.calcium.isZero();
+  const bool hasMagnesium = !set.magnesium.isZero();
+  if (program_.fieldIndex == feld::kGesamthärte) {
+    if (hasCalcium && hasMagnesium) {
+      set.calcium = set.magnesium = {};  // the typed total replaces both
+    } else if (!set.total.isZero()) {
+      if (hasMagnesium && set.magnesiumExceeds()) return reject(8, set.total);
+      if (hasCalcium && set.calciumExceeds()) return reject(7, set.total);
+    }
+    return false;
+  }
+  if (set.total.isZero()) return false;
+  if (program_.fieldIndex == feld::kCalcium) {
+    if (!hasMagnesium && set.calciumExceeds()) return reject(9, set.calcium);
+    if (hasCalcium == hasMagnesium) set.total = {};  // recomputed from both, or gone with calcium
+  } else if (program_.fieldIndex == feld::kMagnesium) {
+    if (!hasCalcium && set.magnesiumExceeds()) return reject(10, set.magnesium);
+    if (hasCalcium == hasMagnesium) set.total = {};
+  }
+  return false;
+}
+
+/// Fills in whichever of the three is missing from the other two.
+void subcalc::completeHardness(HardnessSet& set) {
+  constexpr double kLeast = 0.002;  // mg/l; less than that, or a negative rest, counts as a trace
+  const auto rest = [](double concentration) {
+    return FixedPoint::tryFromDouble(concentration < kLeast ? 0.001 : concentration)
+        .value_or(FixedPoint{});
+  };
+  const double calcium = set.calcium.toDouble() / kMolarMassCa;      // mmol/l
+  const double magnesium = set.magnesium.toDouble() / kMolarMassMg;  // mmol/l
+  const double total = set.total.toDouble() / kDegreePerMmol;        // mmol/l
+  if (set.total.isZero()) {
+    set.total =
+        FixedPoint::tryFromDouble(kDegreePerMmol * (calcium + magnesium)).value_or(FixedPoint{});
+  } else if (set.calcium.isZero() && !set.magnesium.isZero()) {
+    set.calcium = rest(kMolarMassCa * (total - magnesium));
+  } else if (set.magnesium.isZero() && !set.calcium.isZero()) {
+    set.magnesium = rest(kMolarMassMg * (total - calcium));
+  }
+}
+
+void subcalc::khnkh() {
+  AnalysisRecord& record = program_.record;
+  clear({feld::kNichtkarbonathärte});
+  if (record.value[feld::kHydrogencarbonat].isZero()) {
+    clear({feld::kKarbonathärte});
+    return;
+  }
+  const FixedPoint total = record.value[feld::kGesamthärte];
+  store(feld::kKarbonathärte, value(feld::kHydrogencarbonat) * 2.8 / 61.01, kind::kOneDecimal);
+  if (record.value[feld::kKarbonathärte] > total) {
+    record.value[feld::kKarbonathärte] = total;
+    record.text[feld::kKarbonathärte] = record.text[feld::kGesamthärte];
+  }
+  if (total.isZero()) return;
+  const FixedPoint rest = saturatedDifference(total, record.value[feld::kKarbonathärte]);
+  store(feld::kNichtkarbonathärte, rest.toDouble(), kind::kOneDecimal);
+}
+
+}  // namespace calvora

@@ -1,0 +1,111 @@
+// What the conductivity implies: a pH, a least conductivity, a conductivity from the ions.
+#include <cmath>
+
+#include "chem/subcalc.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Molar conductivities at infinite dilution, 25 °C, in S·cm²/mol.
+constexpr double kLambdaH = 350;
+constexpr double kLambdaNaOH = 248;
+constexpr double kLambdaOH = 198;
+constexpr double kLambdaNa = 50;
+constexpr double kMolarMassNa = 23;  // g/mol
+
+constexpr double kFactorWithoutConductivity = 0.98;
+
+/// Share of the conductivity at infinite dilution that is left at conductivity κ in µS/cm.
+double conductivityFactor(double conductivity) {
+  if (conductivity > 1399) return 0.8;
+  return std::abs(1 - 0.000277 * conductivity + 0.000000105 * conductivity * conductivity);
+}
+
+}  // namespace
+
+/// Contributions of hydrogen and hydroxide to the conductivity, µS/cm.
+struct subcalc::IonConductivity {
+  double hydrogen = 0;
+  double hydroxide = 0;
+};
+
+void subcalc::ph_aus_lf() {
+  AnalysisRecord& record = program_.record;
+  if (record.value[feld::kLeitfähigkeit] < 0.5_fp || record.value[feld::kPh].isZero()) {
+    record.clearField(feld::kPhAusLf);
+    record.text[feld::kPhAusLf] = u"n.b."_s;
+    program_.leitfähigkeitAusIonen.clear();
+    minimumConductivity(kFactorWithoutConductivity);
+    return;
+  }
+  const double conductivity = value(feld::kLeitfähigkeit);
+  const double factor = conductivityFactor(conductivity);
+  if (record.value[feld::kPh] <= 7_fp) {
+    const double ph = 3 - std::log10(conductivity / (kLambdaH * factor));
+    store(feld::kPhAusLf, ph, kind::kTwoDecimals);
+    if (ph < 4) record.text[feld::kPhAusLf] = u"<4,0"_s;
+  } else {
+    const double ph = 11 + std::log10(conductivity / (kLambdaNaOH * factor));
+    store(feld::kPhAusLf, ph, kind::kTwoDecimals);
+    if (ph > 12.5) record.text[feld::kPhAusLf] = u">12,5"_s;
+  }
+  conductivityFromIons(minimumConductivity(factor));
+}
+
+/// The least conductivity that the measured pH implies, reported if the measured one is below it,
+/// and the sodium that balances its hydroxide. Returns what hydrogen and hydroxide contribute.
+subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
+  AnalysisRecord& record = program_.record;
+  const FixedPoint ph = record.value[feld::kPh];
+  if (ph < 1_fp) return {};
+  const double hydrogen = 1000 * std::pow(10.0, -ph.toDouble());       // mmol/l
+  const double hydroxide = 1000 * std::pow(10.0, ph.toDouble() - 14);  // mmol/l
+  const IonConductivity ions{factor * kLambdaH * hydrogen, factor * kLambdaOH * hydroxide};
+  if (ph < 8.3_fp) {
+    record.value[feld::kNatrium] = {};
+    return ions;
+  }
+  storeValue(feld::kNatrium, kMolarMassNa * hydroxide);
+  const double minimum = factor * kLambdaNa * hydroxide + ions.hydrogen + ions.hydroxide;
+  const bool contradicts =
+      !isEmpty(feld::kLeitfähigkeit) && 1.1 * value(feld::kLeitfähigkeit) < minimum;
+  if (contradicts && std::isfinite(minimum)) show(1, entry_.formz(minimum, kind::kWhole));
+  return ions;
+}
+
+/// The conductivity as the sum over the ions of the record, from mg/l, in µS/cm.
+void subcalc::conductivityFromIons(const IonConductivity& ions) {
+  const double sum = ions.hydrogen + ions.hydroxide +  //
+                     value(feld::kHydrogencarbonat) * 44.5 / 61 +
+                     value(feld::kCarbonat) * 86 * 2 / 60 +       //
+                     value(feld::kCalcium) * 59.5 * 2 / 40.1 +    //
+                     value(feld::kMagnesium) * 53.1 * 2 / 24.3 +  //
+                     value(feld::kChlorid) * 76.3 / 35.5 +        //
+                     value(feld::kNatrium) * kLambdaNa / kMolarMassNa;
+  const double conductivity = conductivityFactor(value(feld::kLeitfähigkeit)) * sum;
+  program_.leitfähigkeitAusIonen =
+      std::isfinite(conductivity) ? entry_.formz(conductivity, kind::kWhole) : QString();
+}
+
+void subcalc::phausks82() {
+  AnalysisRecord& record = program_.record;
+  const FixedPoint ks82 = record.value[feld::kKs82];
+  if (ks82.isZero()) {
+    record.text[feld::kPhAusKs82].clear();
+    return;
+  }
+  if (ks82 < 0.002_fp) {
+    record.text[feld::kPhAusKs82] = u"<8,2"_s;
+    record.value[feld::kPhAusKs82] = 8.2_fp;
+    return;
+  }
+  constexpr double kHighest = 12.5;
+  const double ph = 14 + std::log10(ks82.toDouble() / 1000);
+  store(feld::kPhAusKs82, std::min(ph, kHighest), kind::kTwoDecimals);
+  if (ph > kHighest) record.text[feld::kPhAusKs82].prepend('>'_L1);
+}
+
+}  // namespace calvora

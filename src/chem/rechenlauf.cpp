@@ -1,0 +1,41 @@
+// The calculation run: the order of the steps, and what they share.
+#include <cmath>
+
+#include "chem/subcalc.h"
+
+namespace calvora {
+
+subcalc::subcalc(Program& program, Questions& questions)
+    : program_(program), questions_(questions), entry_(questions) {}
+
+void subcalc::rechenlauf() {
+  // The order is part of the behaviour: step 1 uses the carbonate species of the previous run,
+  // step 8 the hardness before step 9 completes it, step 10 what 2 and 9 have just computed.
+  static constexpr std::array kSteps{
+      &subcalc::ph_aus_lf,  &subcalc::c_formen,  &subcalc::phaus_c, &subcalc::ph_beit,
+      &subcalc::ph_aus_ksr, &subcalc::phausks82, &subcalc::s_index, &subcalc::co2agg,
+      &subcalc::secamg,     &subcalc::khnkh,
+  };
+  for (const auto step : kSteps) (this->*step)();
+}
+
+void subcalc::clear(std::initializer_list<int> indices) {
+  for (const int index : indices) program_.record.clearField(index);
+}
+
+bool subcalc::store(int index, double result, int kind) {
+  const auto value = FixedPoint::tryFromDouble(result);
+  if (!value) {
+    program_.record.clearField(index);
+    return false;
+  }
+  program_.record.value[index] = *value;
+  program_.record.text[index] = entry_.formz(result, kind);
+  return true;
+}
+
+void subcalc::storeValue(int index, double result) {
+  program_.record.value[index] = FixedPoint::tryFromDouble(result).value_or(FixedPoint{});
+}
+
+}  // namespace calvora

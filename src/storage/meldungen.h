@@ -1,0 +1,23 @@
+#pragma once
+
+#include "dialogs/questions.h"
+
+namespace calvora {
+
+/// Codes of the program's message catalogue.
+namespace meldung {
+inline constexpr int kPfadFehlt = 1;
+inline constexpr int kPfadBestätigen = 2;
+inline constexpr int kPfadGespeichert = 3;
+inline constexpr int kDruckzeileGespeichert = 6;
+inline constexpr int kVorherSpeichern = 7;
+inline constexpr int kDruckzeileZuLang = 10;
+inline constexpr int kNichtsZuSpeichern = 11;
+inline constexpr int kNichtsZuDrucken = 12;
+}  // namespace meldung
+
+/// Shows the catalogue message of `code` and returns the value of the pressed button. `extra` is
+/// the fourth line of message 2. A code without message shows an empty one.
+int katalogMeldung(Questions& questions, int code, const QString& extra = {});
+
+}  // namespace calvora

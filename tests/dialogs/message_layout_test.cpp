@@ -1,0 +1,160 @@
+#include "dialogs/message_layout.h"
+
+#include <QTest>
+
+#include "dialogs/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+using namespace calvora;
+
+namespace {
+
+/// Rows written as what goes in, "=>" and what comes out, their parts separated by semicolons;
+/// " | " stands between the rows.
+void rows(const char* table) {
+  QTest::addColumn<QStringList>("given");
+  QTest::addColumn<QString>("expected");
+  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
+    const QStringList sides = row.split(u"=>"_s);
+    QTest::newRow(qUtf8Printable(row)) << sides.at(0).split(u';') << sides.at(1);
+  }
+}
+
+/// Lines given by their lengths, such as "200 50": the first of the letter a, the second of b.
+QString linesOf(const QString& lengths) {
+  QStringList lines;
+  for (const QString& length : lengths.split(u' ')) {
+    lines += QString(length.toInt(), QChar(u'a' + static_cast<char16_t>(lines.size())));
+  }
+  return lines.join(u"\n\r"_s);
+}
+
+/// A message from the lengths of its lines, its buttons and its symbol.
+Message messageOf(const QStringList& parts) {
+  Message message;
+  message.text = linesOf(parts.at(0));
+  message.buttons = parts.at(1).toInt();
+  message.symbol = parts.at(2).toInt();
+  message.title = u"Titel"_s;
+  return message;
+}
+
+}  // namespace
+
+class MessageLayoutTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theWindowFitsItsTextAndItsButtonsStandInARow_data() {
+    // lengths of the lines; buttons; symbol; measured text width
+    // => width and height, left edge and height of the text, symbol, index@left of the buttons
+    rows(
+        "5;1;5;=>4000 2700 950 500 5 1@1400 | 5;1;-1;=>4000 2700 950 500 2 1@1400 | "
+        "1 1 1 1 1;1;5;=>4000 2700 950 1500 5 1@1400 | "
+        "1 1 1 1 1 1;1;5;=>4000 2900 950 1750 5 1@1400 | 1 0;1;5;=>4000 2700 950 1000 5 1@1400 | "
+        "1 300;1;5;=>4000 2700 950 750 5 1@1400 | 149 1;1;5;=>16550 2700 950 750 5 1@7675 | "
+        "150 1;1;5;=>11300 2700 950 750 5 1@5050 | 200 50;1;5;=>11300 2700 950 750 5 1@5050 | "
+        "1 39 1;16;5;=>5105 2700 950 1000 5 5@1952 | 5;0;5;=>4000 2700 950 500 5 1@1400 | "
+        "5;-3;5;=>4000 2700 950 500 5 1@1400 | 5;6;5;=>4000 2700 950 500 5 2@700 3@2100 | "
+        "5;17;5;=>4000 2700 950 500 5 1@700 5@2100 | "
+        "5;14;5;=>4600 2700 950 500 5 2@400 3@1700 4@3000 | "
+        "5;28;5;=>4600 2700 950 500 5 3@400 4@1700 5@3000 | "
+        "39 1;14;5;=>5000 2700 950 750 5 2@400 3@1900 4@3400 | "
+        "40 1;14;5;=>5105 2700 950 750 5 2@700 3@1952 4@3204 | "
+        "5;1;0;=>2000 2700 250 500 0 1@400 | 60 1;6;0;=>5205 2700 250 750 0 2@700 3@3305 | "
+        "5;14;0;=>4400 2700 250 500 0 2@400 3@1600 4@2800 | "
+        "5;1;5;100=>4000 2700 950 500 5 1@1400 | 5;1;5;6000=>7200 2700 950 500 5 1@3000");
+  }
+  void theWindowFitsItsTextAndItsButtonsStandInARow() {
+    QFETCH(QStringList, given);
+    const auto measured = [&](const QString&, int) { return given.at(3).toInt(); };
+    const MessageLayout layout =
+        layoutMessage(messageOf(given), given.at(3).isEmpty() ? TextWidth() : measured);
+    QStringList shown;
+    for (const int number :
+         {layout.width, layout.height, layout.textLeft, layout.textHeight, layout.symbol})
+      shown += QString::number(number);
+    for (const auto& [index, left] : layout.buttons) shown += u"%1@%2"_s.arg(index).arg(left);
+    QTEST(shown.join(u' '), "expected");
+    QCOMPARE(layout.buttonTop, layout.height - 1000);
+    QCOMPARE(layout.title, u"Titel      "_s);
+  }
+
+  void aTextWithALineTooLongIsRebuilt_data() {
+    QTest::addColumn<QString>("lengths");
+    QTest::addColumn<QString>("rebuilt");
+    const QString start = QString(120, u'a') + u"\n\r"_s;
+    QTest::newRow("149 stay") << u"149 400"_s << linesOf(u"149 400"_s);
+    QTest::newRow("the end follows") << u"150 50"_s << start + linesOf(u"30 50"_s);
+    QTest::newRow("the middle is lost") << u"200 50"_s << start + u". . . "_s + linesOf(u"68 50"_s);
+    QTest::newRow("a break at the end") << u"2 1 0"_s << u"aa\n\rb\n"_s;
+  }
+  void aTextWithALineTooLongIsRebuilt() {
+    QFETCH(QString, lengths);
+    QTEST(layoutMessage(messageOf({lengths, u"1"_s, u"5"_s})).text, "rebuilt");
+  }
+
+  void closingTheWindowIsTheCarefulAnswer_data() {  // buttons => the one that closing stands for
+    rows(
+        "14=>8 | 24=>8 | 6=>4 | 20=>4 | 1=>1 | 2=>2 | 17=>1 | 18=>2 | 15=>error 5 | "
+        "23=>error 5 | 30=>error 5 | 31=>error 5 | 33=>error 5");
+  }
+  void closingTheWindowIsTheCarefulAnswer() {
+    QFETCH(QStringList, given);
+    QString answer;
+    try {
+      const Message message = messageOf({u"1"_s, given.at(0), u"5"_s});
+      answer = QString::number(closeAnswer(layoutMessage(message)));
+    } catch (const RuntimeError& error) {
+      answer = u"error %1"_s.arg(error.number());
+    }
+    QTEST(answer, "expected");
+  }
+
+  void aWindowWithoutPlaceIsCentred_data() {
+    // lengths of the lines; buttons; symbol; left; top => left; top
+    rows(
+        "5;1;5;300;700=>300;700 | 5;1;5;300;0=>300;0 | 5;1;5;0;700=>5600;4000 | "
+        "5;1;0;0;0=>5600;4000 | 5;14;5;0;0=>5300;4000 | 1 1 1 1 1 1;1;5;0;0=>5600;3900 | "
+        "40 1;1;5;0;0=>5047;4000 | 149 1;1;5;0;0=>-675;4000");
+  }
+  void aWindowWithoutPlaceIsCentred() {
+    QFETCH(QStringList, given);
+    Message message = messageOf(given);
+    message.left = given.at(3).toInt();
+    message.top = given.at(4).toInt();
+    const MessageLayout layout = layoutMessage(message);
+    QTEST(u"%1;%2"_s.arg(layout.left).arg(layout.top), "expected");
+  }
+
+  void theStyleChoosesColoursAndFont_data() {  // style => window, text, buttons; font size
+    rows(
+        "210|10=>00c000 0000ff ffffff;10 | 210=>00c000 0000ff ffffff;0 | "
+        "121|0=>0000ff 00c000 0000ff;0 | 332|8=>00ffff 0000ff 00c000;8 | "
+        "443|12=>ffff00 00c000 00ffff;12 | 004=>000000 000000 ffff00;0 | "
+        "565=>050000 060000 000000;0 | 787=>070000 080000 000000;0 | "
+        "999=>090000 090000 000000;0 | =>none;0");
+  }
+  void theStyleChoosesColoursAndFont() {
+    QFETCH(QStringList, given);
+    Message message;
+    message.style = given.at(0);
+    const MessageLayout layout = layoutMessage(message);
+    const auto hex = [](quint32 rgb) { return u"%1"_s.arg(rgb, 6, 16, '0'_L1); };
+    const auto& c = layout.colours;
+    const QString colours =
+        c ? hex(c->window) + u' ' + hex(c->text) + u' ' + hex(c->button) : u"none"_s;
+    QTEST(colours + u';' + QString::number(layout.fontSize), "expected");
+  }
+
+  void linesAreJoinedByLineBreaks() {
+    QCOMPARE(joinedLines({}), QString());
+    QCOMPARE(joinedLines({u"a"_s, u" b "_s}), u"a\n\r b "_s);
+    QCOMPARE(joinedLines({QString(), u"a"_s, QString(), u"b"_s}), u"\n\ra\n\r\n\rb"_s);
+    QCOMPARE(joinedLines({u"a"_s, QString(), QString()}), u"a"_s);
+  }
+};
+
+QTEST_GUILESS_MAIN(MessageLayoutTest)
+
+#include "message_layout_test.moc"

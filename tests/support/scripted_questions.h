@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QStringList>
+#include <QTest>
+#include <deque>
+#include <functional>
+
+#include "dialogs/questions.h"
+
+namespace calvora {
+
+/// Answers questions by a script and fails the test on one that was not expected. Runtime errors
+/// are collected; a test that expects none ends with `verifyDone`.
+class ScriptedQuestions : public Questions {
+ public:
+  /// Expects a message with exactly this text next, and presses that button.
+  void expect(const QString& text, int answer = button::kOk) {
+    script_.push_back({text, answer, nullptr});
+  }
+
+  /// As `expect`, but raises a fault of the test's choice instead of answering.
+  void expectAndRaise(const QString& text, std::function<void()> raise) {
+    script_.push_back({text, button::kOk, std::move(raise)});
+  }
+
+  int ask(const Message& message) override {
+    asked.push_back(message);
+    if (script_.empty()) {
+      unexpected_ += message.text;
+      return button::kOk;
+    }
+    const Step step = script_.front();
+    script_.pop_front();
+    if (step.text != message.text) unexpected_ += message.text;
+    if (step.raise) step.raise();
+    return step.answer;
+  }
+
+  void reportError(const QString& numberAndLocation) override { errors += numberAndLocation; }
+
+  /// What is wrong so far: messages that were not expected, or expected and never shown, and
+  /// runtime errors. Empty when all went as scripted.
+  [[nodiscard]] QString complaints() const {
+    QStringList list;
+    for (const QString& text : unexpected_) list += QStringLiteral("unexpected: ") + text;
+    for (const Step& step : script_) list += QStringLiteral("not shown: ") + step.text;
+    for (const QString& error : errors) list += QStringLiteral("runtime error: ") + error;
+    return list.join(QLatin1Char('|'));
+  }
+
+  std::vector<Message> asked;
+  QStringList errors;
+
+ private:
+  struct Step {
+    QString text;
+    int answer;
+    std::function<void()> raise;
+  };
+  std::deque<Step> script_;
+  QStringList unexpected_;
+};
+
+}  // namespace calvora
