@@ -1,0 +1,310 @@
+// The main window's design: menus, mask, company area.
+#include <QBoxLayout>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QMenuBar>
+
+#include "app/main_window.h"
+#include "app/pictures.h"
+#include "entry/key_filter.h"
+#include "platform/look.h"
+#include "platform/twips.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Columns of a section: caption, symbol, box, unit, and what stands to the right of it.
+enum Column { kCaption, kSymbol, kBox, kUnit, kExtra, kToggle, kColumns };
+
+// Twips.
+constexpr int kInputBoxWidth = 1350;
+constexpr int kResultBoxWidth = 1200;
+constexpr int kNarrowBoxWidth = 800;
+constexpr int kUnitWidth = 930;
+constexpr int kResultUnitWidth = 700;
+constexpr int kRowHeight = 465;
+
+QLabel* makeLabel(const QString& text, QWidget* parent = nullptr) {
+  auto* label = new QLabel(text, parent);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QLabel* makeDisplay(int width) {
+  QLabel* label = makeLabel({});
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  label->setMinimumWidth(twips(width));
+  label->setMinimumHeight(twips(kRowHeight));
+  setRole(*label, Role::kComputed);
+  return label;
+}
+
+QLabel* makeUnit(const QString& unit, int width) {
+  QLabel* label = makeLabel(unit);
+  label->setAlignment(Qt::AlignCenter);
+  label->setMinimumWidth(twips(width));
+  label->setMinimumHeight(twips(kRowHeight));
+  setRole(*label, Role::kUnit);
+  return label;
+}
+
+QLabel* makeSection(const QString& caption) {
+  QLabel* label = makeLabel(caption);
+  setRole(*label, Role::kSection);
+  return label;
+}
+
+QGridLayout* makeGrid(QWidget* parent) {
+  auto* grid = new QGridLayout(parent);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(twips(105));
+  grid->setColumnStretch(kCaption, 1);
+  return grid;
+}
+
+void addGap(QGridLayout& grid, int row) {
+  grid.setRowMinimumHeight(row, twips(150));
+}
+
+/// A field's name for those who hear the mask instead of seeing it.
+QString spokenName(const FieldCaption& field) {
+  const QString symbol = field.shortLabel.trimmed();
+  const QString caption = field.caption.simplified();
+  const QString name = caption.endsWith(symbol) ? caption : caption + ' '_L1 + symbol;
+  return field.unit.isEmpty() ? name : name + u" in "_s + field.unit;
+}
+
+}  // namespace
+
+void main::buildMenus() {
+  const auto add = [](QMenu* menu, const QString& caption, const QKeySequence& keys = {}) {
+    QAction* action = menu->addAction(caption);
+    action->setShortcut(keys);
+    return action;
+  };
+  QMenu* mnu1 = menuBar()->addMenu(u"  &Menue"_s);
+  mnu_load = add(mnu1, u"Datei &laden"_s, QKeySequence(u"Ctrl+O"_s));
+  mnu_save = add(mnu1, u"Daten-&speichern"_s, QKeySequence(u"Ctrl+S"_s));
+  mnu_drucken = add(mnu1, u"&Drucken"_s, QKeySequence(u"Ctrl+P"_s));
+  mnu1->addSeparator()->setObjectName(u"trenn1"_s);
+  mnu_neustart = add(mnu1, u"&NEUSTART"_s, QKeySequence(u"Ctrl+N"_s));
+  mnu_ende = add(mnu1, u"&Beenden"_s, QKeySequence(u"Ctrl+Q"_s));
+
+  QMenu* mnu2 = menuBar()->addMenu(u"&Extras"_s);
+  mnu2_pfad = add(mnu2, u"&Speicherpfad festlegen"_s);
+  mnu2_fatext = add(mnu2, u"Ausdrucke &einrichten"_s);
+  mnu2_tk = add(mnu2, u"&Temperatur-Korrektion"_s);
+  mnu2_plausi = add(mnu2, u"&Plausibilitäts-Prüfung"_s);
+  mnu2_ana = add(mnu2, u"&Analysen Übersicht"_s);
+  mnu2->addSeparator()->setObjectName(u"trenn2"_s);
+  mnu2_handbuch = add(mnu2, u"&Handbuch einsehen"_s, QKeySequence(u"F1"_s));
+  mnu_version = add(mnu2, u"&Version"_s);
+
+  for (QAction* waiting : {mnu_load, mnu_save, mnu_drucken, mnu2_pfad, mnu2_fatext, mnu2_tk,
+                           mnu2_plausi, mnu2_ana, mnu_version}) {
+    waiting->setEnabled(false);
+  }
+  // The manual is a file beside the program, which may be missing.
+  const auto updateManual = [this] { mnu2_handbuch->setEnabled(QFileInfo::exists(manualPath())); };
+  updateManual();
+  connect(mnu2, &QMenu::aboutToShow, this, updateManual);
+
+  connectCommand(mnu_neustart, &main::mnu_neustart_Click);
+  connectCommand(mnu_ende, &main::Command2_Click);
+  connectCommand(mnu2_handbuch, &main::mnu2_handbuch_Click);
+}
+
+void main::buildMask() {
+  setWindowTitle(u"CALVORA  –  pH-Wert-Rechner für Heiz- und Kühlkreisläufe"_s);
+  auto* mask = new QWidget(this);
+  auto* columns = new QHBoxLayout(mask);
+  columns->setContentsMargins(14, 12, 14, 14);
+  columns->setSpacing(20);
+
+  auto* right = new QVBoxLayout;
+  right->setSpacing(14);
+  QWidget* inputs = buildInputs();
+  right->addWidget(buildResults());
+  right->addWidget(buildCompanyArea(), 1);
+  Command2 = new QPushButton(u"beenden"_s);
+  Command2->setMinimumSize(twips(1800), twips(480));
+  Command2->setFocusPolicy(Qt::TabFocus);
+  connectCommand(Command2, &main::Command2_Click);
+  right->addWidget(Command2, 0, Qt::AlignRight);
+
+  columns->addWidget(inputs, 0, Qt::AlignTop);
+  columns->addLayout(right, 1);
+  setCentralWidget(mask);
+
+  // The keyboard walks the boxes in field order, then the buttons.
+  for (size_t i = 1; i < kInputFields.size(); ++i) {
+    setTabOrder(&Text1(kInputFields[i - 1]), &Text1(kInputFields[i]));
+  }
+  setTabOrder(&Text1(kInputFields.back()), Command3);
+  setTabOrder(Command3, Command2);
+  Text1(kInputFields.front()).setFocus();
+
+  resize(twips(15000), twips(10900));
+}
+
+QWidget* main::buildInputs() {
+  auto* inputs = new QWidget;
+  QGridLayout& grid = *makeGrid(inputs);
+  int row = 0;
+  const auto addSection = [&](int index, const QString& caption) {
+    grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kColumns);
+  };
+  addSection(1, u"  Eingabe pH - Wert Rechner"_s);
+  for (const FieldCaption& field : inputCaptions()) {
+    if (field.index == feld::kGesamthärte) {
+      addGap(grid, row++);
+      addSection(3, u"  Eingabe - Wasserhärte"_s);
+    }
+    addInputRow(grid, row++, field);
+  }
+  Label7 = makeUnit(u"25 °C"_s, 800);
+  Command3 = new QPushButton(u"bei Temp."_s);
+  Command3->setFocusPolicy(Qt::TabFocus);
+  Command3->setToolTip(
+      u"Leitfähigkeit auf die gemessene Temperatur umgerechnet anzeigen und zurück"_s);
+  Command3->setMinimumSize(twips(1750), twips(kRowHeight));
+  connectCommand(Command3, &main::Command3_Click);
+  grid.addWidget(Label7, 1, kExtra);
+  grid.addWidget(Command3, 1, kToggle);
+  return inputs;
+}
+
+void main::addInputRow(QGridLayout& grid, int row, const FieldCaption& field) {
+  const int i = field.index;
+  const bool computed = i == feld::kKarbonathärte || i == feld::kNichtkarbonathärte;
+  auto& box = Text1.add(i, new TextBox);
+  box.setAccessibleName(spokenName(field));
+  box.setFixedWidth(twips(kInputBoxWidth));
+  box.setMinimumHeight(twips(kRowHeight));
+  auto& caption = Label5.add(i, makeLabel(field.caption));
+  grid.addWidget(&caption, row, kCaption);
+  grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
+  grid.addWidget(&box, row, kBox);
+  if (computed) {
+    setRole(box, Role::kComputed);
+    box.setReadOnly(true);
+    box.setFocusPolicy(Qt::NoFocus);
+    grid.addWidget(&Label3.add(i, makeUnit(field.unit, kUnitWidth)), row, kUnit);
+    return;
+  }
+  setRole(box, Role::kInput);
+  connectBox(i);
+  auto& unit = Command1.add(i, new QPushButton(field.unit));
+  unit.setFocusPolicy(Qt::NoFocus);
+  unit.setMinimumWidth(twips(kUnitWidth));
+  unit.setMinimumHeight(twips(kRowHeight));
+  unit.setEnabled(false);
+  setRole(unit, Role::kUnit);
+  grid.addWidget(&unit, row, kUnit);
+}
+
+void main::connectBox(int index) {
+  TextBox& box = Text1(index);
+  box.filter = filteredNumber;
+  box.beforeKey = [this, index](bool edits) {
+    finishLeftBox();
+    if (edits && index == feld::kLeitfähigkeit && convertedShown_) {
+      showConductivityAt25();
+      Text1(index).selectAll();
+    }
+  };
+  box.keyDown = [this, index](int code) { Text1_KeyDown(index, code); };
+  box.keyPress = [this](int& code) { Text1_KeyPress(code); };
+  connect(&box, &TextBox::edited, this, [this] { program_.entryChanged = true; });
+}
+
+QWidget* main::buildResults() {
+  auto* results = new QWidget;
+  QGridLayout& grid = *makeGrid(results);
+  int row = 0;
+  const auto addSection = [&](int index, const QString& caption) {
+    grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kToggle);
+  };
+  addSection(2, u"  berechnete Werte "_s);
+  for (const FieldCaption& field : resultCaptions()) {
+    if (field.index == feld::kHydrogencarbonat) {
+      addGap(grid, row++);
+      addSection(4, u"  korrosionsrelevante Parameter"_s);
+    }
+    addResultRow(grid, row++, field);
+  }
+  const auto addNarrow = [&](int index, int besideRow, const QString& toolTip) {
+    auto& display = Label2.add(index, makeDisplay(kNarrowBoxWidth));
+    display.setToolTip(toolTip);
+    display.setAccessibleName(toolTip);
+    grid.addWidget(&display, besideRow, kExtra);
+  };
+  addNarrow(21, 1, u"pH-Wert aus den Kapazitäten, Näherung"_s);
+  addNarrow(20, 4, u"Leitfähigkeit aus den Ionen in µS/cm"_s);
+  return results;
+}
+
+void main::addResultRow(QGridLayout& grid, int row, const FieldCaption& field) {
+  const int i = field.index;
+  auto& caption = Label5.add(i, makeLabel(field.caption));
+  caption.setToolTip(field.toolTip);
+  auto& display = Label2.add(i, makeDisplay(kResultBoxWidth));
+  display.setAccessibleName(spokenName(field));
+  grid.addWidget(&caption, row, kCaption);
+  grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
+  grid.addWidget(&display, row, kBox);
+  grid.addWidget(&Label3.add(i, makeUnit(field.unit, kResultUnitWidth)), row, kUnit);
+}
+
+QWidget* main::buildCompanyArea() {
+  Frame1 = new QFrame;
+  Frame1->setObjectName(u"Frame1"_s);
+  Frame1->setFrameShape(QFrame::StyledPanel);
+  auto* area = new QGridLayout(Frame1);
+  area->setContentsMargins(18, 12, 18, 12);
+  area->setHorizontalSpacing(18);
+  area->setVerticalSpacing(8);
+  Label4 = makeLabel(u"<<< Ihr Firmen-Logo"_s);
+  Label1 = makeLabel(u"   Ihre Firmen-Anschrift"_s);
+  area->addWidget(&Image1.add(7, new Picture(drawCompanySign, 840)), 0, 0, 2, 1);
+  area->addWidget(Label4, 0, 1, Qt::AlignBottom);
+  area->addWidget(Label1, 1, 1, Qt::AlignTop);
+
+  auto* line = new QFrame;
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  area->addWidget(line, 2, 0, 1, 2);
+
+  auto* supplier = new QVBoxLayout;
+  supplier->setSpacing(1);
+  const std::array lines{u"Calvora Wassertechnik"_s, u"Am Beispielbach 1"_s, u"12345 Musterstadt"_s,
+                         u"kontakt@calvora.example"_s, u"www.calvora.example"_s};
+  supplier->addWidget(&Label10.add(5, makeLabel(u"Bezug über:   Fa XYZ"_s)));
+  for (size_t i = 0; i < lines.size(); ++i) {
+    supplier->addWidget(&Label10.add(static_cast<int>(i), makeLabel(lines.at(i))));
+  }
+  area->addWidget(&Image1.add(0, new Picture(drawDrop, 840)), 3, 0, Qt::AlignCenter);
+  area->addLayout(supplier, 3, 1);
+  area->setColumnStretch(1, 1);
+  return Frame1;
+}
+
+void main::connectCommand(QAction* action, void (main::*handler)()) {
+  connect(action, &QAction::triggered, this, [this, handler] {
+    finishEntry();
+    (this->*handler)();
+  });
+}
+
+void main::connectCommand(QPushButton* button, void (main::*handler)()) {
+  connect(button, &QPushButton::clicked, this, [this, handler] {
+    finishEntry();
+    (this->*handler)();
+  });
+}
+
+}  // namespace calvora

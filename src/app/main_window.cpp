@@ -1,0 +1,279 @@
+// What happens in the main window: the way of an entry, the toggle, the commands.
+#include "app/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMenuBar>
+
+#include "app/focus_order.h"
+#include "app/start_window.h"
+#include "chem/umrechnung.h"
+#include "dialogs/guarded.h"
+#include "entry/key_filter.h"
+#include "platform/look.h"
+#include "storage/meldungen.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kReferenceQuestion = u"bei 25 °C ?"_s;
+
+void showText(QLabel& label, const QString& text) {
+  if (label.text() != text) label.setText(text);
+}
+
+}  // namespace
+
+main::main(Program& program, Questions& questions, Desktop& desktop)
+    : program_(program),
+      questions_(questions),
+      desktop_(desktop),
+      subcalc_(program, questions),
+      entry_(questions) {
+  buildMenus();
+  buildMask();
+  Form_Load();
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { focusMoved(now); });
+}
+
+// The boxes lose their focus while they are taken down, when there is no mask left to tell.
+main::~main() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
+bool main::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && program_.fieldIndex == kFirstActivationPending) {
+    Form_Activate();
+  }
+  return QMainWindow::event(event);
+}
+
+void main::Form_Load() {
+  program_.fieldIndex = kFirstActivationPending;
+  darstellen();
+}
+
+/// The start window lies over the mask until the user goes on.
+void main::Form_Activate() {
+  setEnabled(false);
+  auto* window = new start(*this, desktop_);
+  window->show();
+  window->activateWindow();
+  program_.fieldIndex = 0;
+}
+
+// ---- The way of an entry ----
+
+void main::focusMoved(QWidget* now) {
+  // Another window, another program or the menu bar: the entry is still going on.
+  if (now == nullptr || now->window() != this || now == menuBar()) return;
+  const int box = boxIndex(now);
+  if (focusedBox_ != 0 && focusedBox_ != box) leaveBox(focusedBox_);
+  focusedBox_ = box;
+}
+
+/// The entry is finished once the event that moved the focus is over: a message that opened inside
+/// it would move the focus again.
+void main::leaveBox(int index) {
+  leftBox_ = index;
+  QMetaObject::invokeMethod(this, &main::finishLeftBox, Qt::QueuedConnection);
+}
+
+void main::finishLeftBox() {
+  if (leftBox_ == 0 || finishing_) return;
+  finishing_ = true;
+  Text1_LostFocus(std::exchange(leftBox_, 0));
+  finishing_ = false;
+  if (leftBox_ != 0) leaveBox(leftBox_);
+}
+
+void main::finishEntry() {
+  finishLeftBox();
+  if (!program_.entryChanged) return;
+  leftBox_ = boxIndex(focusWidget());
+  finishLeftBox();
+}
+
+void main::Text1_KeyPress(int& code) {
+  if (code == key::kSpace) {
+    code = 0;
+    program_.entryChanged = true;
+  } else if (isNumberKey(code)) {
+    program_.entryChanged = true;
+  } else {
+    code = 0;
+  }
+}
+
+void main::Text1_KeyDown(int index, int code) {
+  if (code == key::kEnter || code == key::kDown) moveFocus(index, +1);
+  if (code == key::kUp) moveFocus(index, -1);
+  if (code == key::kSpace) {
+    Text1(index).showText({});
+    program_.record.clearField(index);
+  }
+}
+
+void main::Text1_LostFocus(int index) {
+  guarded(questions_, u" main_T1_lostfocus"_s, [&] {
+    program_.fieldIndex = index;
+    if (!program_.entryChanged) return;
+    program_.entryChanged = false;
+    program_.record.flag[flag::kStatus] = u"1"_s;
+    int status = 0;
+    subcalc_.checkeingabe(index, Text1(index).text().trimmed(), status);
+    berechnen();
+    if (status == 1) Text1(index).setFocus(Qt::OtherFocusReason);
+  });
+}
+
+void main::moveFocus(int index, int step) {
+  const int target = nextBox(index, step, [this](int box) { return isLocked(box); });
+  Text1(target).setFocus(Qt::TabFocusReason);
+}
+
+int main::boxIndex(const QWidget* control) const {
+  for (const auto& [index, box] : Text1) {
+    if (box == control) return index;
+  }
+  return 0;
+}
+
+// ---- Display ----
+
+void main::berechnen() {
+  subcalc_.rechenlauf();
+  darstellen();
+}
+
+void main::darstellen() {
+  const AnalysisRecord& record = program_.record;
+  for (const auto& [index, box] : Text1) box->showText(record.text[index]);
+  for (const FieldCaption& field : resultCaptions()) {
+    showText(Label2(field.index), record.text[field.index]);
+  }
+
+  const FixedPoint ph = record.value[feld::kPh];
+  const bool known = ph >= 1_fp;
+  setLocked(feld::kKs82, known && ph < 8.2_fp);
+  setLocked(feld::kKb82, known && ph >= 8.2_fp);
+
+  showText(Label2(20), program_.leitfähigkeitAusIonen);
+  showText(Label2(21), program_.phNäherung);
+  showConductivityAt25();
+}
+
+/// Shows box 1 as it is stored and offers the conversion where both values for it are there.
+void main::showConductivityAt25() {
+  const AnalysisRecord& record = program_.record;
+  const bool convertible =
+      record.value[feld::kLeitfähigkeit] > 0_fp && record.value[feld::kTemperatur] > 0_fp;
+  Text1(feld::kLeitfähigkeit).showText(record.text[feld::kLeitfähigkeit]);
+  setRole(Text1(feld::kLeitfähigkeit), Role::kInput);
+  Text1(feld::kLeitfähigkeit).setReadOnly(false);
+  Command3->setText(convertible ? questionAtMeasuringTemperature() : u"bei Temp."_s);
+  Command3->setEnabled(convertible);
+  showText(*Label7, u"25 °C"_s);
+  convertedShown_ = false;
+}
+
+QString main::questionAtMeasuringTemperature() const {
+  return u"bei "_s + program_.record.text[feld::kTemperatur] + u" °C ?"_s;
+}
+
+/// A capacity that the pH rules out is emptied and cannot be entered.
+void main::setLocked(int index, bool locked) {
+  TextBox& box = Text1(index);
+  if (locked) {
+    program_.record.clearField(index);
+    box.showText({});
+  }
+  setRole(box, locked ? Role::kLocked : Role::kInput);
+  box.setReadOnly(locked);
+  box.setFocusPolicy(locked ? Qt::NoFocus : Qt::StrongFocus);
+  if (locked && focusWidget() == &box) moveFocus(index, +1);
+}
+
+bool main::isLocked(int index) const {
+  return Text1(index).focusPolicy() == Qt::NoFocus;
+}
+
+void main::Command3_Click() {
+  if (Command3->text() == kReferenceQuestion) {
+    showConductivityAt25();
+    return;
+  }
+  const AnalysisRecord& record = program_.record;
+  const double converted = conductivityAt(record.value[feld::kTemperatur].toDouble(),
+                                          record.value[feld::kLeitfähigkeit].toDouble());
+  TextBox& box = Text1(feld::kLeitfähigkeit);
+  box.showText(entry_.formz(converted, kind::kWhole));
+  // What is shown now is computed: typing over it would store it as if it were measured at 25 °C.
+  setRole(box, Role::kComputed);
+  box.setReadOnly(true);
+  Command3->setText(kReferenceQuestion);
+  showText(*Label7, record.text[feld::kTemperatur] + u" °C"_s);
+  convertedShown_ = true;
+}
+
+// ---- Commands ----
+
+void main::datenkill(int number) {
+  program_.resetRecord();
+  if (number <= 0) darstellen();
+}
+
+QString main::datensich() {
+  if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
+  const int answer = katalogMeldung(questions_, meldung::kVorherSpeichern);
+  if (answer == button::kJa) {
+    questions_.ask({.text = u" Analysen lassen sich in dieser Version noch nicht speichern ! "_s,
+                    .title = u"Datei"_s,
+                    .symbol = 2});
+  }
+  return answer == button::kNein ? QString() : kAbbruch;
+}
+
+bool main::eincheck() const {
+  for (int index = 2; index <= 26; ++index) {
+    const bool counts = index <= 7 || index >= 20;
+    if (counts && !program_.record.text[index].isEmpty()) return true;
+  }
+  return false;
+}
+
+void main::mnu_neustart_Click() {
+  if (datensich() == kAbbruch) return;
+  program_.restart();
+  darstellen();
+  Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
+}
+
+void main::Command2_Click() {
+  close();
+}
+
+void main::closeEvent(QCloseEvent* event) {
+  finishEntry();
+  if (datensich() == kAbbruch) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+  desktop_.endProgram();
+}
+
+QString main::manualPath() const {
+  return program_.programFolder + u"/hb_cvra.pdf"_s;
+}
+
+void main::mnu2_handbuch_Click() {
+  if (QFileInfo::exists(manualPath())) desktop_.openDocument(manualPath());
+}
+
+}  // namespace calvora

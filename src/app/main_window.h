@@ -1,0 +1,127 @@
+#pragma once
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+
+#include "chem/subcalc.h"
+#include "platform/control_array.h"
+#include "platform/desktop.h"
+#include "platform/picture.h"
+#include "platform/text_box.h"
+
+namespace calvora {
+
+/// The hub of the program: the input mask of one water analysis, its results, and the menus. Every
+/// finished entry is checked, stored, followed by a full calculation run and a redisplay.
+class main : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  main(Program& program, Questions& questions, Desktop& desktop);
+  ~main() override;
+
+  /// Runs the calculation and redisplays the mask.
+  void berechnen();
+
+  /// Shows the record in the mask, locks the capacity that the pH rules out, and shows the
+  /// conductivity at 25 °C.
+  void darstellen();
+
+  /// Empties record and flags; with a number of 0 or less it redisplays the mask.
+  void datenkill(int number);
+
+  /// Asks whether unsaved changes are to be saved. Returns "abbruch" unless the caller may go on
+  /// and drop them.
+  QString datensich();
+
+  /// Whether there is anything to print: a text in the fields 2 to 7 or 20 to 26.
+  [[nodiscard]] bool eincheck() const;
+
+  /// Finishes what was typed but not left yet, as if its box had lost the focus. Comes before every
+  /// command.
+  void finishEntry();
+
+  ControlArray<TextBox> Text1;
+  ControlArray<QLabel> Label5;
+  ControlArray<QLabel> Label6;
+  ControlArray<QPushButton> Command1;
+  ControlArray<QLabel> Label2;
+  ControlArray<QLabel> Label3;
+  ControlArray<QLabel> Label10;
+  ControlArray<Picture> Image1;
+  QPushButton* Command2;
+  QPushButton* Command3;
+  QLabel* Label1;
+  QLabel* Label4;
+  QLabel* Label7;
+  QFrame* Frame1;
+
+  QAction* mnu_load;
+  QAction* mnu_save;
+  QAction* mnu_drucken;
+  QAction* mnu_neustart;
+  QAction* mnu_ende;
+  QAction* mnu2_pfad;
+  QAction* mnu2_fatext;
+  QAction* mnu2_tk;
+  QAction* mnu2_plausi;
+  QAction* mnu2_ana;
+  QAction* mnu2_handbuch;
+  QAction* mnu_version;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // What the user does.
+  void Form_Load();
+  void Form_Activate();
+  void Text1_KeyPress(int& code);
+  void Text1_KeyDown(int index, int code);
+  void Text1_LostFocus(int index);
+  void Command2_Click();
+  void Command3_Click();
+  void mnu_neustart_Click();
+  void mnu2_handbuch_Click();
+
+  // The way of an entry through the mask.
+  void focusMoved(QWidget* now);
+  void leaveBox(int index);
+  void finishLeftBox();
+  void moveFocus(int index, int step);
+  void setLocked(int index, bool locked);
+  [[nodiscard]] bool isLocked(int index) const;
+  void showConductivityAt25();
+  [[nodiscard]] int boxIndex(const QWidget* control) const;
+  [[nodiscard]] QString questionAtMeasuringTemperature() const;
+  [[nodiscard]] QString manualPath() const;
+
+  // The window's design (main_design.cpp).
+  void buildMenus();
+  void buildMask();
+  QWidget* buildInputs();
+  QWidget* buildResults();
+  QWidget* buildCompanyArea();
+  void addInputRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
+  void addResultRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
+  void connectBox(int index);
+  /// Connects a command: what was typed is finished first.
+  void connectCommand(QAction* action, void (main::*handler)());
+  void connectCommand(QPushButton* button, void (main::*handler)());
+
+  Program& program_;
+  Questions& questions_;
+  Desktop& desktop_;
+  subcalc subcalc_;
+  Werteingabe entry_;
+
+  int focusedBox_ = 0;  ///< the box that had the focus last in this window; 0: none
+  int leftBox_ = 0;     ///< a box that was left and is still to be finished; 0: none
+  bool finishing_ = false;
+  bool convertedShown_ = false;  ///< box 1 shows the conductivity at the measuring temperature
+};
+
+}  // namespace calvora

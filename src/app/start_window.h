@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include "platform/control_array.h"
+#include "platform/desktop.h"
+#include "platform/picture.h"
+
+namespace calvora {
+
+class main;
+
+/// Lies over the main window at program start; ends the program or enables the main window. Not
+/// modal, deletes itself on close.
+class start : public QDialog {
+  Q_OBJECT
+
+ public:
+  start(main& mainWindow, Desktop& desktop);
+
+  void reject() override;
+
+  ControlArray<QLabel> Label1;
+  ControlArray<QLabel> Label2;
+  ControlArray<QLabel> Label3;
+  ControlArray<QPushButton> Command1;
+  ControlArray<Picture> Image2;
+  QFrame* Frame1;
+  QFrame* Frame2;
+
+ private:
+  void Command1_Click(int index);
+  void buildHeader();
+  void buildExplanation();
+  void buildContact();
+
+  main& main_;
+  Desktop& desktop_;
+};
+
+}  // namespace calvora

@@ -1,0 +1,88 @@
+#include "platform/look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTranslator>
+#include <QVariant>
+#include <QWidget>
+#include <array>
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char* kRoleProperty = "role";
+
+QString roleName(Role role) {
+  static const std::array kNames{u"input"_s, u"computed"_s, u"locked"_s, u"unit"_s, u"section"_s};
+  return kNames.at(static_cast<size_t>(role));
+}
+
+QPalette palette() {
+  QPalette colours(QColor(0xe8, 0xed, 0xf2));
+  colours.setColor(QPalette::Window, QColor(0xee, 0xf2, 0xf6));
+  colours.setColor(QPalette::WindowText, QColor(0x1b, 0x24, 0x30));
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::Text, Qt::black);
+  colours.setColor(QPalette::ButtonText, QColor(0x1b, 0x24, 0x30));
+  colours.setColor(QPalette::Highlight, QColor(0x0b, 0x57, 0xd0));
+  colours.setColor(QPalette::HighlightedText, Qt::white);
+  colours.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xd6));
+  colours.setColor(QPalette::ToolTipText, Qt::black);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    colours.setColor(QPalette::Disabled, role, QColor(0x76, 0x7f, 0x8a));
+  }
+  return colours;
+}
+
+QString styleSheet() {
+  return uR"(
+QLineEdit[role], QLabel[role="computed"], *[role="unit"] {
+  border: 1px solid #8593a3; border-radius: 3px; padding: 2px 5px; }
+QLineEdit[role="input"] { background: #ffffff; color: #000000; }
+QLineEdit[role="computed"], QLabel[role="computed"] {
+  background: #dde2e8; color: #0000c0; border-color: #b3bdc8; }
+QLineEdit[role="locked"] { background: #808080; border: 1px solid #5c5c5c; }
+QLineEdit[role]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
+*[role="unit"] { background: #fffbd6; color: #1b2430; border-color: #d6cf9a; }
+QPushButton[role="unit"]:enabled { border-color: #a89f58; }
+QPushButton[role="unit"]:enabled:hover { background: #fff3a6; }
+QPushButton[role="unit"]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
+QLabel[role="section"] {
+  background: #1f4e79; color: #ffffff; font-weight: bold; border-radius: 3px; padding: 4px 6px; }
+)"_s;
+}
+
+}  // namespace
+
+void applyLook(QApplication& application) {
+  QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+  QApplication::setPalette(palette());
+  QFont font(u"Arial"_s, 10);
+  font.setStyleHint(QFont::SansSerif);
+  QApplication::setFont(font);
+  application.setStyleSheet(styleSheet());
+
+  auto* german = new QTranslator(&application);
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (german->load(QLocale(QLocale::German), u"qtbase"_s, u"_"_s, folder)) {
+    QApplication::installTranslator(german);
+  }
+}
+
+void setRole(QWidget& control, Role role) {
+  const QString name = roleName(role);
+  if (control.property(kRoleProperty).toString() == name) return;
+  control.setProperty(kRoleProperty, name);
+  control.style()->unpolish(&control);
+  control.style()->polish(&control);
+}
+
+}  // namespace calvora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QColor>
+
+class QApplication;
+class QWidget;
+
+namespace calvora {
+
+/// What a control is for; its colours follow from it.
+enum class Role {
+  kInput,     ///< white, typed by the user
+  kComputed,  ///< grey with blue text
+  kLocked,    ///< dark grey, cannot be entered
+  kUnit,      ///< light yellow
+  kSection,   ///< header of a group
+};
+
+/// Gives the program its font, its colours and German texts in the toolkit's own dialogs. The
+/// colours are the program's own, so that a dark desktop never meets a light box.
+void applyLook(QApplication& application);
+
+void setRole(QWidget& control, Role role);
+
+/// A colour value in blue-green-red order: 0xBBGGRR.
+constexpr QColor colourFromBgr(unsigned value) {
+  return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+          static_cast<int>(value >> 16 & 0xFF)};
+}
+
+}  // namespace calvora

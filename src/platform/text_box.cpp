@@ -1,0 +1,91 @@
+#include "platform/text_box.h"
+
+#include <QKeyEvent>
+#include <QValidator>
+
+#include "entry/key_filter.h"
+
+namespace calvora {
+
+/// The one place that every text passes on its way into the box.
+class TextBox::Filter : public QValidator {
+ public:
+  explicit Filter(TextBox& box) : QValidator(&box), box_(box) {}
+
+  State validate(QString& text, int& cursor) const override {
+    if (!box_.showing_) {
+      const QString kept = box_.filter(text);
+      cursor = static_cast<int>(box_.filter(text.left(cursor)).size());
+      text = kept;
+    }
+    return Acceptable;
+  }
+
+ private:
+  TextBox& box_;
+};
+
+namespace {
+
+int keyCode(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return key::kEnter;
+    case Qt::Key_Space:
+      return key::kSpace;
+    case Qt::Key_Up:
+      return key::kUp;
+    case Qt::Key_Down:
+      return key::kDown;
+    default:
+      return 0;
+  }
+}
+
+bool isEditingKey(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return false;
+  const int code = keyCode(event);
+  return (code == 0 || code == key::kSpace) && !event.text().isEmpty();
+}
+
+}  // namespace
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setValidator(new Filter(*this));
+  connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (text == known_) return;
+    known_ = text;
+    emit edited();
+  });
+}
+
+void TextBox::showText(const QString& text) {
+  if (text == this->text()) return;
+  showing_ = true;
+  setText(text);
+  showing_ = false;
+  known_ = text;
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+  beforeKey(isEditingKey(*event));
+  event->accept();
+  if (window()->focusWidget() != this)
+    return;  // an earlier entry was rejected and took the focus back
+  const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
+                       !event->modifiers().testFlag(Qt::AltModifier);
+  const int code = command ? 0 : keyCode(*event);
+  if (code != 0) keyDown(code);
+  const QString typed = event->text();
+  const bool isCharacter = !command && typed.size() == 1 && event->key() != Qt::Key_Delete;
+  if (isCharacter) {
+    int character = typed.front().unicode();
+    keyPress(character);
+    if (character == 0) return;
+  }
+  if (code == 0) QLineEdit::keyPressEvent(event);
+}
+
+}  // namespace calvora

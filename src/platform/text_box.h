@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+namespace calvora {
+
+/// A number box with the key events that the input mask is written for: key down with a key code,
+/// key press with a character that the handler may swallow by setting it to 0.
+class TextBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit TextBox(QWidget* parent = nullptr);
+
+  /// Shows a text of the program's own: unfiltered, and not counted as typed.
+  void showText(const QString& text);
+
+  /// Called before a key takes effect. `edits` tells whether it would change the text.
+  std::function<void(bool edits)> beforeKey = [](bool) {};
+  /// Enter, Space, Up and Down, with the codes of `key`.
+  std::function<void(int code)> keyDown = [](int) {};
+  std::function<void(int& code)> keyPress = [](int&) {};
+  /// What is left of a text that arrives otherwise: pasted, dropped, or from an input method.
+  std::function<QString(const QString&)> filter = [](const QString& text) { return text; };
+
+ signals:
+  /// The user changed the text, by whatever means.
+  void edited();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  class Filter;
+
+  QString known_;
+  bool showing_ = false;
+};
+
+}  // namespace calvora

@@ -1,0 +1,561 @@
+#include <QClipboard>
+#include <QMenuBar>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <cmath>
+
+#include "support/window_support.h"
+
+using namespace calvora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Entries = QList<std::pair<int, QString>>;
+
+QString lines(const QStringList& list) {
+  return list.join(u"\n\r"_s);
+}
+
+QString rangeMessage(const QString& range) {
+  return lines({u"Die Eingabe überschreitet die  "_s,
+                u"die zulässige Eingabegrenze !  "_s,
+                {},
+                u"Eingabe-Bereich: "_s + range});
+}
+
+const QString kTogetherMessage = lines({u" Kb8,2  und  Ks8,2  können nicht"_s,
+                                        u" zusammen  vorliegen !"_s,
+                                        {},
+                                        u" zuletzt eingegebener Wert wird gelöscht !"_s});
+const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
+
+/// Says OK to everything.
+class PatientQuestions : public Questions {
+ public:
+  int ask(const Message&) override { return button::kOk; }
+  void reportError(const QString& text) override { errors += text; }
+  QStringList errors;
+};
+
+}  // namespace
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aWholeAnalysisIsTypedOnTheNumericPad();
+  void everyMessageComesFromARealEntry_data();
+  void everyMessageComesFromARealEntry();
+  void keysMoveTheFocus_data();
+  void keysMoveTheFocus();
+  void tabWalksTheBoxesThenTheButtons();
+  void onlyNumberCharactersEnterABox_data();
+  void onlyNumberCharactersEnterABox();
+  void pastedTextPassesTheFilter_data();
+  void pastedTextPassesTheFilter();
+  void spaceEmptiesTheBoxAndItsLeavingIsChecked();
+  void aQuickSecondEntryIsNotLost();
+  void aRejectedEntryKeepsTheFocusAndIsReportedOnce();
+  void leavingForAnotherProgramDoesNotFinishAnEntry();
+  void commandsFinishTheEntryFirst_data();
+  void commandsFinishTheEntryFirst();
+  void thePhLocksOneCapacity();
+  void theToggleConvertsTheConductivity();
+  void typingOverAConvertedConductivityEntersItAt25Degrees();
+  void closingAsksForUnsavedChanges_data();
+  void closingAsksForUnsavedChanges();
+  void restartEmptiesEverything();
+  void aFaultIsReportedAndTheProgramGoesOn();
+  void theManualOpensOnlyWhereItExists();
+  void everyBoxHasANameAndRoom();
+  void anyEntriesKeepTheRecordSound();
+};
+
+void MainWindowTest::aWholeAnalysisIsTypedOnTheNumericPad() {
+  Mask mask;
+  const auto pad = [&](const QString& number) {
+    for (const QChar c : number) {
+      QTest::keyClick(mask.window.focusWidget(), c.toLatin1(), Qt::KeypadModifier);
+    }
+    mask.press(Qt::Key_Enter, Qt::KeypadModifier);
+  };
+  // Ks8,2 is locked by the pH, total hardness, carbonate hardness and the rest follow.
+  for (const auto* number : {"420", "7,5", "10", "2.5", ",25", "", "60", "10", "20", ""}) {
+    pad(QString::fromLatin1(number));
+  }
+  QCOMPARE(mask.focusedBox(), 1);
+  const QList<std::pair<int, QString>> results{{7, u"7,44"_s},   {8, {}},          {9, u"7,35"_s},
+                                               {10, u"11,27"_s}, {11, u"152,5"_s}, {12, u"0,15"_s},
+                                               {13, u"11,0"_s},  {14, u"7,3"_s},   {15, u"0,0"_s},
+                                               {20, u"340"_s},   {21, u"7,50"_s}};
+  for (const auto& [index, text] : results) QCOMPARE(mask.window.Label2(index).text(), text);
+  const QList<std::pair<int, QString>> boxes{
+      {1, u"420,0000"_s}, {4, {}},         {6, u"0,2500"_s}, {20, u"10,7"_s},   {21, u"7,0"_s},
+      {22, u"3,7"_s},     {23, u"60,0"_s}, {24, u"10,0"_s},  {25, u"20,0000"_s}};
+  for (const auto& [index, text] : boxes) QCOMPARE(mask.window.Text1(index).text(), text);
+  QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
+  QCOMPARE(mask.questions.complaints(), QString());
+}
+
+void MainWindowTest::everyMessageComesFromARealEntry_data() {
+  QTest::addColumn<Entries>("before");
+  QTest::addColumn<int>("box");
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("message");
+  QTest::addColumn<QList<int>>("cleared");
+  QTest::addColumn<int>("focus");
+
+  const QString capacityHint = u"\n\r negative Ks8,2 Werte als Kb8,2 eingeben !"_s;
+  QTest::newRow("1 conductivity too low for the pH, kept")
+      << Entries{{1, u"20"_s}} << 2 << u"10"_s
+      << lines({u"LF- und pH- Wert passen nicht zusammen !"_s,
+                u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s})
+      << QList<int>{} << 3;
+  QTest::newRow("2 zero Ks4,3") << Entries{} << 5 << u"0"_s
+                                << lines({u" Der eingegebene Wert muss    "_s,
+                                          u" größer als Null sein !"_s,
+                                          {},
+                                          u"Ks4,3 >0 "_s})
+                                << QList<int>{5} << 6;
+  QTest::newRow("3 conductivity") << Entries{} << 1 << u"0,4"_s
+                                  << rangeMessage(u"0,5 - 5000 µS/cm"_s) << QList<int>{1} << 2;
+  QTest::newRow("3 pH") << Entries{} << 2 << u"12,1"_s << rangeMessage(u"4- 12"_s) << QList<int>{2}
+                        << 3;
+  QTest::newRow("3 temperature comes back")
+      << Entries{} << 3 << u"91"_s << rangeMessage(u"1-90 °C"_s) << QList<int>{3} << 3;
+  QTest::newRow("3 iron comes back")
+      << Entries{} << 26 << u"20,1"_s << rangeMessage(u"0,01 - 20"_s) << QList<int>{26} << 26;
+  QTest::newRow("3 a number beyond all bounds")
+      << Entries{} << 20 << u"99999999999999999999"_s << rangeMessage(u"0,05 - 100 °d"_s)
+      << QList<int>{20} << 20;
+  QTest::newRow("4 Ks8,2 above half of Ks4,3 comes back")
+      << Entries{{5, u"1"_s}} << 4 << u"0,6"_s
+      << lines({u" Der Ks8,2 - Wert  muss  kleiner sein"_s, {}, u" als 0,5 x  Ks4,3 - Wert ! "_s})
+      << QList<int>{4} << 4;
+  QTest::newRow("5 Ks4,3 below twice Ks8,2 comes back")
+      << Entries{{4, u"0,5"_s}} << 5 << u"0,9"_s
+      << lines({u" Der Ks4,3-Wert muss größer sein"_s,
+                u" wie der Ks8,2-Wert. "_s,
+                {},
+                u" mind: 1,00"_s})
+      << QList<int>{5} << 5;
+  QTest::newRow("6 Kb8,2") << Entries{} << 6 << u"2,6"_s
+                           << rangeMessage(u" 0 - 2,5"_s) + capacityHint << QList<int>{6} << 20;
+  QTest::newRow("7 total hardness below calcium")
+      << Entries{{23, u"100"_s}} << 20 << u"10"_s
+      << lines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
+                u" als der vorhandene Wert  > Calcium <  !!!  "_s})
+      << QList<int>{20} << 23;
+  QTest::newRow("8 total hardness below magnesium")
+      << Entries{{24, u"100"_s}} << 20 << u"10"_s
+      << lines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
+                u" als der vorhandene Wert  > Magnesium <  !!!"_s})
+      << QList<int>{20} << 23;
+  QTest::newRow("9 calcium above total hardness")
+      << Entries{{20, u"10"_s}} << 23 << u"100"_s
+      << lines({u" Der eingegebene Wert für Calcium / Ca ist größer "_s,
+                u" als der vorhandene Wert  > Gesamthärte <  !!! "_s})
+      << QList<int>{23} << 24;
+  QTest::newRow("10 magnesium above total hardness")
+      << Entries{{20, u"10"_s}} << 24 << u"100"_s
+      << lines({u" Der eingegebene Wert für Magnesium / Mg ist größer "_s,
+                u" als der vorhandene Wert  > Gesamthärte <  !!!"_s})
+      << QList<int>{24} << 25;
+  QTest::newRow("11 pH above what Ks8,2 admits")
+      << Entries{{4, u"0,5"_s}} << 2 << u"11"_s
+      << lines({u" Bei vorgegebenem KS8,2  muss der    "_s,
+                u" pH-Wert niedriger sein !!!"_s,
+                {},
+                u" pH <10,7"_s})
+      << QList<int>{2} << 3;
+  QTest::newRow("12 Ks8,2 below what the pH needs")
+      << Entries{{2, u"10,5"_s}} << 4 << u"0,2"_s
+      << lines({u" Bei vorgegebenem pH-Wert muss der   "_s,
+                u" Wert für  Ks8,2  größer sein !!!"_s,
+                {},
+                u"  Ks8,2 >=0,32"_s})
+      << QList<int>{4} << 5;
+  QTest::newRow("13 Kb8,2 beside Ks8,2")
+      << Entries{{4, u"0,5"_s}} << 6 << u"0,1"_s << kTogetherMessage << QList<int>{6} << 20;
+  QTest::newRow("13 Ks8,2 beside Kb8,2")
+      << Entries{{6, u"0,1"_s}} << 4 << u"0,5"_s << kTogetherMessage << QList<int>{4} << 5;
+}
+
+void MainWindowTest::everyMessageComesFromARealEntry() {
+  QFETCH(Entries, before);
+  QFETCH(int, box);
+  QFETCH(QString, typed);
+  QFETCH(QString, message);
+  QFETCH(QList<int>, cleared);
+  QFETCH(int, focus);
+
+  Mask mask;
+  for (const auto& [index, text] : before) mask.enter(index, text);
+  mask.questions.expect(message);
+  mask.enter(box, typed);
+  QCOMPARE(mask.questions.complaints(), QString());
+  QCOMPARE(mask.questions.asked.front().title, u"Eingabefehler"_s);
+  for (const int index : cleared) {
+    QCOMPARE(mask.window.Text1(index).text(), QString());
+    QCOMPARE(mask.program.record.value[index], FixedPoint{});
+  }
+  if (cleared.isEmpty()) QCOMPARE(mask.window.Text1(box).text().isEmpty(), false);
+  QCOMPARE(mask.focusedBox(), focus);
+  // Leaving again must not bring the message back.
+  mask.press(Qt::Key_Down);
+  QCOMPARE(mask.questions.complaints(), QString());
+}
+
+void MainWindowTest::keysMoveTheFocus_data() {
+  QTest::addColumn<QString>("ph");
+  QTest::addColumn<int>("from");
+  QTest::addColumn<Qt::Key>("key");
+  QTest::addColumn<int>("to");
+  QTest::newRow("down") << QString() << 3 << Qt::Key_Down << 4;
+  QTest::newRow("over the gap") << QString() << 6 << Qt::Key_Return << 20;
+  QTest::newRow("over the computed boxes") << QString() << 20 << Qt::Key_Enter << 23;
+  QTest::newRow("back over them") << QString() << 23 << Qt::Key_Up << 20;
+  QTest::newRow("past the last") << QString() << 26 << Qt::Key_Down << 1;
+  QTest::newRow("before the first") << QString() << 1 << Qt::Key_Up << 1;
+  QTest::newRow("no way back over the gap") << QString() << 20 << Qt::Key_Up << 20;
+  QTest::newRow("over locked Ks8,2") << u"7,5"_s << 3 << Qt::Key_Down << 5;
+  QTest::newRow("back over locked Ks8,2") << u"7,5"_s << 5 << Qt::Key_Up << 3;
+  QTest::newRow("over locked Kb8,2") << u"8,2"_s << 5 << Qt::Key_Enter << 20;
+}
+
+void MainWindowTest::keysMoveTheFocus() {
+  QFETCH(QString, ph);
+  QFETCH(int, from);
+  QFETCH(Qt::Key, key);
+  Mask mask;
+  if (!ph.isEmpty()) mask.enter(2, ph);
+  mask.focus(from);
+  mask.press(key);
+  QTEST(mask.focusedBox(), "to");
+}
+
+void MainWindowTest::tabWalksTheBoxesThenTheButtons() {
+  Mask mask;
+  mask.enter(2, u"9"_s);
+  mask.focus(1);
+  QList<int> walked;
+  while (mask.focusedBox() != 0 && walked.size() < 20) {
+    walked += mask.focusedBox();
+    mask.press(Qt::Key_Tab);
+  }
+  QCOMPARE(walked, (QList<int>{1, 2, 3, 4, 5, 20, 23, 24, 25, 26}));
+  QCOMPARE(mask.window.focusWidget(), mask.window.Command2);
+  mask.press(Qt::Key_Tab);
+  QCOMPARE(mask.focusedBox(), 1);
+  mask.focus(20);
+  mask.press(Qt::Key_Backtab, Qt::ShiftModifier);
+  QCOMPARE(mask.focusedBox(), 5);
+}
+
+void MainWindowTest::onlyNumberCharactersEnterABox_data() {
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<QString>("text");
+  QTest::addColumn<bool>("changed");
+  QTest::newRow("digits, comma, period, less-than") << u"<1,2.3"_s << u"<1,2.3"_s << true;
+  QTest::newRow("letters") << u"aE%"_s << QString() << false;
+  QTest::newRow("minus and quote") << u"-\""_s << QString() << false;
+  QTest::newRow("letters between digits") << u"1x2"_s << u"12"_s << true;
+}
+
+void MainWindowTest::onlyNumberCharactersEnterABox() {
+  QFETCH(QString, typed);
+  Mask mask;
+  mask.keys(typed);
+  QTEST(mask.window.Text1(1).text(), "text");
+  QTEST(mask.program.entryChanged, "changed");
+}
+
+void MainWindowTest::pastedTextPassesTheFilter_data() {
+  QTest::addColumn<QString>("pasted");
+  QTest::addColumn<QString>("text");
+  QTest::newRow("with unit and blanks") << u" 0,25 mmol/l\n"_s << u"0,25"_s;
+  QTest::newRow("negative") << u"-0,3"_s << u"-0,3"_s;
+  QTest::newRow("minus inside") << u"0-1"_s << u"01"_s;
+  QTest::newRow("nothing of a number") << u"abc"_s << QString();
+}
+
+void MainWindowTest::pastedTextPassesTheFilter() {
+  QFETCH(QString, pasted);
+  QFETCH(QString, text);
+  Mask mask;
+  mask.focus(6);
+  QGuiApplication::clipboard()->setText(pasted);
+  mask.press(Qt::Key_V, Qt::ControlModifier);
+  QCOMPARE(mask.window.Text1(6).text(), text);
+  QCOMPARE(mask.program.entryChanged, !text.isEmpty());
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.program.record.value[6].isZero(), text.isEmpty());
+}
+
+void MainWindowTest::spaceEmptiesTheBoxAndItsLeavingIsChecked() {
+  Mask mask;
+  mask.enter(3, u"10"_s);
+  mask.enter(4, u"0,5"_s);
+  mask.focus(3);
+  mask.press(Qt::Key_Space);
+  QCOMPARE(mask.focusedBox(), 3);
+  QCOMPARE(mask.program.record.text[3], QString());
+  QCOMPARE(mask.program.record.text[4], u"0,5000"_s);
+  mask.press(Qt::Key_Enter);
+  // A temperature deleted takes Ks8,2 with it; an empty entry keeps the focus once.
+  QCOMPARE(mask.program.record.text[4], QString());
+  QCOMPARE(mask.focusedBox(), 3);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.focusedBox(), 4);
+}
+
+void MainWindowTest::aQuickSecondEntryIsNotLost() {
+  Mask mask;
+  // No event loop runs between these keys, as when they come faster than the program.
+  for (const char c : {'4', '2', '0'}) QTest::keyClick(mask.window.focusWidget(), c);
+  QTest::keyClick(mask.window.focusWidget(), Qt::Key_Enter);
+  QTest::keyClick(mask.window.focusWidget(), '7');
+  QTest::keyClick(mask.window.focusWidget(), Qt::Key_Enter);
+  mask.settle();
+  QCOMPARE(mask.program.record.text[1], u"420,0000"_s);
+  QCOMPARE(mask.program.record.text[2], u"7,0000"_s);
+}
+
+void MainWindowTest::aRejectedEntryKeepsTheFocusAndIsReportedOnce() {
+  Mask mask;
+  mask.questions.expect(rangeMessage(u"1-90 °C"_s));
+  mask.focus(3);
+  mask.keys(u"99"_s);
+  QTest::mouseClick(&mask.window.Text1(26), Qt::LeftButton);
+  mask.settle();
+  QCOMPARE(mask.focusedBox(), 3);
+  QCOMPARE(mask.questions.complaints(), QString());
+}
+
+void MainWindowTest::leavingForAnotherProgramDoesNotFinishAnEntry() {
+  Mask mask;
+  mask.keys(u"420"_s);
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&other));
+  mask.settle();
+  QCOMPARE(mask.program.record.text[1], QString());
+  mask.activate();
+  mask.keys(u"0"_s);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.program.record.text[1], u"4200,0000"_s);
+}
+
+void MainWindowTest::commandsFinishTheEntryFirst_data() {
+  QTest::addColumn<QString>("command");
+  for (const auto* command : {"shortcut", "menu", "button", "close box"}) {
+    QTest::newRow(command) << QString::fromLatin1(command);
+  }
+}
+
+void MainWindowTest::commandsFinishTheEntryFirst() {
+  QFETCH(QString, command);
+  Mask mask;
+  mask.focus(3);
+  mask.keys(u"99"_s);
+  mask.questions.expect(rangeMessage(u"1-90 °C"_s));
+  mask.questions.expect(kSaveQuestion, button::kAbbrechen);
+  if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
+  if (command == "menu"_L1) mask.window.mnu_ende->trigger();
+  if (command == "button"_L1) QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
+  if (command == "close box"_L1) mask.window.close();
+  mask.settle();
+  QCOMPARE(mask.questions.complaints(), QString());
+  QCOMPARE(mask.desktop.ended, 0);
+  QVERIFY(mask.window.isVisible());
+}
+
+void MainWindowTest::thePhLocksOneCapacity() {
+  Mask mask;
+  mask.enter(6, u"0,2"_s);
+  mask.enter(2, u"8,2"_s);
+  QVERIFY(mask.window.Text1(6).isReadOnly());
+  QVERIFY(!mask.window.Text1(4).isReadOnly());
+  QCOMPARE(mask.program.record.text[6], QString());
+  mask.enter(4, u"0,4"_s);
+  mask.enter(2, u"7,5"_s);
+  QVERIFY(mask.window.Text1(4).isReadOnly());
+  QVERIFY(!mask.window.Text1(6).isReadOnly());
+  QCOMPARE(mask.program.record.value[4], FixedPoint{});
+  mask.enter(2, QString());
+  QVERIFY(!mask.window.Text1(4).isReadOnly());
+  // A box that is being locked under the focus hands it on.
+  mask.focus(2);
+  mask.keys(u"7"_s);
+  QTest::mouseClick(&mask.window.Text1(4), Qt::LeftButton);
+  mask.settle();
+  QCOMPARE(mask.focusedBox(), 5);
+  QCOMPARE(mask.questions.complaints(), QString());
+}
+
+void MainWindowTest::theToggleConvertsTheConductivity() {
+  Mask mask;
+  QVERIFY(!mask.window.Command3->isEnabled());
+  QCOMPARE(mask.window.Command3->text(), u"bei Temp."_s);
+  mask.enter(1, u"1000"_s);
+  mask.enter(3, u"15"_s);
+  QCOMPARE(mask.window.Command3->text(), u"bei 15,0000 °C ?"_s);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  QCOMPARE(mask.window.Text1(1).text(), u"790"_s);
+  QCOMPARE(mask.window.Label7->text(), u"15,0000 °C"_s);
+  QCOMPARE(mask.window.Command3->text(), u"bei 25 °C ?"_s);
+  QCOMPARE(mask.program.record.value[1], 1000_fp);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
+  QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
+  // Any redisplay shows the stored value, and says so.
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  mask.enter(25, u"20"_s);
+  QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
+  QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
+}
+
+void MainWindowTest::typingOverAConvertedConductivityEntersItAt25Degrees() {
+  Mask mask;
+  mask.enter(1, u"1000"_s);
+  mask.enter(3, u"15"_s);
+  mask.focus(1);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.program.record.value[1], 1000_fp);
+  mask.focus(1);
+  mask.keys(u"500"_s);
+  QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.program.record.value[1], 500_fp);
+}
+
+void MainWindowTest::closingAsksForUnsavedChanges_data() {
+  QTest::addColumn<QString>("typed");
+  QTest::addColumn<int>("answer");
+  QTest::addColumn<bool>("ends");
+  QTest::newRow("nothing typed") << QString() << 0 << true;
+  QTest::newRow("drop") << u"420"_s << button::kNein << true;
+  QTest::newRow("cancel") << u"420"_s << button::kAbbrechen << false;
+  QTest::newRow("save") << u"420"_s << button::kJa << false;
+}
+
+void MainWindowTest::closingAsksForUnsavedChanges() {
+  QFETCH(QString, typed);
+  QFETCH(int, answer);
+  QFETCH(bool, ends);
+  Mask mask;
+  mask.keys(typed);
+  if (answer != 0) mask.questions.expect(kSaveQuestion, answer);
+  QCOMPARE(mask.window.close(), ends);
+  QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
+  if (!typed.isEmpty()) QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
+  if (answer != 0) QCOMPARE(mask.questions.asked.front().buttons, 14);
+}
+
+void MainWindowTest::restartEmptiesEverything() {
+  Mask mask;
+  mask.enter(1, u"420"_s);
+  mask.enter(2, u"7"_s);
+  mask.program.header[1] = u"Projekt"_s;
+  mask.program.dataPresent = true;
+  QVERIFY(mask.window.eincheck());
+  mask.questions.expect(kSaveQuestion, button::kNein);
+  mask.press(Qt::Key_N, Qt::ControlModifier);
+  QCOMPARE(mask.program.record, AnalysisRecord{});
+  QCOMPARE(mask.program.header[1], QString());
+  QVERIFY(!mask.program.entryChanged && !mask.program.dataPresent);
+  QVERIFY(!mask.window.eincheck());
+  for (const auto& [index, box] : mask.window.Text1) QCOMPARE(box->text(), QString());
+  for (const auto& [index, label] : mask.window.Label2) QCOMPARE(label->text(), QString());
+  QCOMPARE(mask.questions.complaints(), QString());
+  QVERIFY(mask.window.close());
+}
+
+void MainWindowTest::aFaultIsReportedAndTheProgramGoesOn() {
+  Mask mask;
+  const auto fault = [] { throw RuntimeError(ErrorNumber::kDivisionByZero); };
+  mask.questions.expectAndRaise(rangeMessage(u"4- 12"_s), fault);
+  mask.enter(2, u"13"_s);
+  QCOMPARE(mask.questions.errors, QStringList{u"11 main_T1_lostfocus"_s});
+  mask.questions.errors.clear();
+  mask.enter(2, u"7"_s);
+  QCOMPARE(mask.program.record.text[2], u"7,0000"_s);
+  QCOMPARE(mask.questions.complaints(), QString());
+}
+
+void MainWindowTest::theManualOpensOnlyWhereItExists() {
+  QTemporaryDir folder;
+  Mask mask;
+  mask.program.programFolder = folder.path();
+  mask.press(Qt::Key_F1);
+  QCOMPARE(mask.desktop.opened, QStringList{});
+  QFile manual(folder.filePath(u"hb_cvra.pdf"_s));
+  QVERIFY(manual.open(QFile::WriteOnly));
+  QMetaObject::invokeMethod(mask.window.menuBar()->actions().last()->menu(), "aboutToShow");
+  mask.press(Qt::Key_F1);
+  QCOMPARE(mask.desktop.opened, QStringList{folder.filePath(u"hb_cvra.pdf"_s)});
+}
+
+void MainWindowTest::everyBoxHasANameAndRoom() {
+  Mask mask;
+  for (const int index : kInputFields) {
+    const TextBox& box = mask.window.Text1(index);
+    QVERIFY(!box.accessibleName().isEmpty());
+    const int needed = box.fontMetrics().horizontalAdvance(u"5000,0000"_s);
+    QVERIFY2(box.width() >= needed + 16, qPrintable(box.accessibleName()));
+  }
+  for (const auto& [index, label] : mask.window.Label5) {
+    QVERIFY2(label->width() >= label->fontMetrics().horizontalAdvance(label->text()),
+             qPrintable(label->text()));
+  }
+  // At every resolution the window has its designed size, so its content fits into it.
+  const double scale = mask.window.logicalDpiX() / 1440.0;
+  QCOMPARE(mask.window.size(), QSize(qRound(15000 * scale), qRound(10900 * scale)));
+}
+
+void MainWindowTest::anyEntriesKeepTheRecordSound() {
+  QRandomGenerator random(20261122);
+  PatientQuestions questions;
+  RecordingDesktop desktop;
+  const QStringList texts{u"0"_s,     u"0,5"_s,     u"7"_s,    u"7,5"_s,
+                          u"8,2"_s,   u"9,7"_s,     u"11"_s,   u"<1"_s,
+                          u"12,5"_s,  u"100"_s,     QString(), u"1,2,3"_s,
+                          u"0,001"_s, u"2,4"_s,     u"-1"_s,   u"420"_s,
+                          u"5000"_s,  u"0,00004"_s, u"60"_s,   u"99999999999999999999999"_s,
+                          u"25"_s,    u"0,2"_s,     u"1"_s,    u"10,4"_s};
+  const auto pick = [&](const auto& list) {
+    return list[random.bounded(static_cast<int>(list.size()))];
+  };
+  Program program;
+  calvora::main window(program, questions, desktop);
+  program.fieldIndex = 0;
+  window.show();
+  for (int sequence = 0; sequence < 10000; ++sequence) {
+    program.restart();
+    window.darstellen();
+    for (int entry = 0; entry < 4; ++entry) {
+      TextBox& box = window.Text1(pick(kInputFields));
+      if (box.isReadOnly()) continue;
+      box.setFocus();
+      box.selectAll();
+      box.insert(pick(texts));
+      window.finishEntry();
+    }
+    const AnalysisRecord& record = program.record;
+    for (const int index : kInputFields) {
+      if (record.text[index].isEmpty()) QCOMPARE(record.value[index], FixedPoint{});
+    }
+    if (record.value[2] >= 1_fp) QVERIFY(record.text[4].isEmpty() || record.text[6].isEmpty());
+    for (int index = 0; index < AnalysisRecord{}.text.size(); ++index) {
+      QVERIFY2(!record.text[index].contains(u"n"_s) || record.text[index] == u"n.b."_s,
+               qPrintable(record.text[index]));
+    }
+    QCOMPARE(questions.errors, QStringList{});
+  }
+}
+
+CALVORA_TEST_MAIN(MainWindowTest)
+#include "main_window_test.moc"

@@ -1,0 +1,189 @@
+// The whole program, driven through its real windows: start, questions, runtime errors, end.
+#include <QDialog>
+#include <QTimer>
+
+#include "app/application.h"
+#include "app/start_window.h"
+#include "dialogs/nachricht.h"
+#include "storage/meldungen.h"
+#include "support/window_support.h"
+
+using namespace calvora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What is to happen to the next message window, once it is shown.
+void onNextMessage(QObject* context, std::function<void(nachricht&)> act) {
+  QTimer::singleShot(30, context, [act = std::move(act)] {
+    auto* window = dynamic_cast<nachricht*>(QApplication::activeModalWidget());
+    QVERIFY2(window != nullptr, "no message window came");
+    act(*window);
+  });
+}
+
+Message question(int buttons) {
+  return {
+      .text = u"erste Zeile\n\rzweite Zeile"_s, .buttons = buttons, .title = u"T"_s, .symbol = 5};
+}
+
+}  // namespace
+
+class ProgramTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theStartWindowLeadsIntoTheProgramOrOut_data();
+  void theStartWindowLeadsIntoTheProgramOrOut();
+  void aRejectedEntryIsTold();
+  void keysAnswerAMessage_data();
+  void keysAnswerAMessage();
+  void noMessageIsCut_data();
+  void noMessageIsCut();
+  void aRuntimeErrorIsShownAndTheUserDecides();
+};
+
+void ProgramTest::theStartWindowLeadsIntoTheProgramOrOut_data() {
+  QTest::addColumn<int>("button");
+  QTest::addColumn<bool>("ends");
+  QTest::newRow("beenden") << 1 << true;
+  QTest::newRow("Weiter") << 2 << false;
+  QTest::newRow("close box") << 0 << false;
+}
+
+void ProgramTest::theStartWindowLeadsIntoTheProgramOrOut() {
+  QFETCH(int, button);
+  QFETCH(bool, ends);
+  auto owned = std::make_unique<RecordingDesktop>();
+  RecordingDesktop& desktop = *owned;
+  Application application(std::move(owned));
+  main& window = application.mainWindow();
+  QCOMPARE(application.program().fieldIndex, kFirstActivationPending);
+  application.show();
+  QTRY_VERIFY(!window.isEnabled());
+  auto* startWindow = dynamic_cast<start*>(window.findChild<QDialog*>());
+  QVERIFY(startWindow != nullptr && startWindow->isEnabled() && !startWindow->isModal());
+  QCOMPARE(application.program().fieldIndex, 0);
+  const double scale = window.logicalDpiX() / 1440.0;
+  QCOMPARE(startWindow->pos() - window.pos(), QPoint(qRound(40 * scale), qRound(400 * scale)));
+  QCOMPARE(startWindow->Label3(1).text(),
+           u"> Temperatur\n> Säurekapazität Ks 4,3 / Ks8,2\n> Basekapazität  Kb 8,2"_s);
+  if (button == 0) {
+    startWindow->close();
+  } else {
+    QTest::mouseClick(&startWindow->Command1(button), Qt::LeftButton);
+  }
+  QCOMPARE(desktop.ended, ends ? 1 : 0);
+  QCOMPARE(window.isEnabled(), !ends);
+}
+
+void ProgramTest::aRejectedEntryIsTold() {
+  RecordingDesktop desktop;
+  DialogQuestions questions(desktop);
+  Program program;
+  main window(program, questions, desktop);
+  program.fieldIndex = 0;
+  window.show();
+  window.activateWindow();
+  QVERIFY(QTest::qWaitForWindowActive(&window));
+  window.Text1(2).setFocus();
+  QTest::keyClicks(&window.Text1(2), u"13"_s);
+  QString told;
+  onNextMessage(this, [&](nachricht& message) {
+    told = message.Label6->text();
+    QCOMPARE(message.windowTitle(), u"Eingabefehler      "_s);
+    QVERIFY(message.Image1(1).isVisible() && !message.Image1(3).isVisible());
+    QTest::keyClick(&message, Qt::Key_Enter);
+  });
+  QTest::keyClick(&window.Text1(2), Qt::Key_Enter);
+  QTRY_COMPARE(told,
+               u"Die Eingabe überschreitet die  \ndie zulässige Eingabegrenze !  \n\n"
+               "Eingabe-Bereich: 4- 12"_s);
+  QTRY_COMPARE(window.Text1(2).text(), QString());
+  QCOMPARE(window.focusWidget(), &window.Text1(3));
+}
+
+void ProgramTest::keysAnswerAMessage_data() {
+  QTest::addColumn<int>("buttons");
+  QTest::addColumn<Qt::Key>("key");
+  QTest::addColumn<int>("answer");
+  QTest::newRow("Enter presses the first") << 14 << Qt::Key_Enter << button::kJa;
+  QTest::newRow("Space presses the first") << 14 << Qt::Key_Space << button::kJa;
+  QTest::newRow("Escape cancels") << 14 << Qt::Key_Escape << button::kAbbrechen;
+  QTest::newRow("Escape says no") << 6 << Qt::Key_Escape << button::kNein;
+  QTest::newRow("Escape takes notice") << 1 << Qt::Key_Escape << button::kOk;
+  QTest::newRow("Tab reaches the second") << 14 << Qt::Key_Tab << button::kNein;
+}
+
+void ProgramTest::keysAnswerAMessage() {
+  QFETCH(int, buttons);
+  QFETCH(Qt::Key, key);
+  RecordingDesktop desktop;
+  DialogQuestions questions(desktop);
+  onNextMessage(this, [&](nachricht& message) {
+    for (int index = 1; index <= 5; ++index) {
+      QCOMPARE(message.Command1(index).isVisible(), (buttons & buttonValue(index)) != 0);
+    }
+    QTest::keyClick(message.focusWidget(), key);
+    if (key == Qt::Key_Tab) QTest::keyClick(message.focusWidget(), Qt::Key_Space);
+  });
+  QTEST(questions.ask(question(buttons)), "answer");
+}
+
+void ProgramTest::noMessageIsCut_data() {
+  QTest::addColumn<QString>("text");
+  QTest::newRow("one line") << u" Daten vorher speichern ?"_s;
+  QTest::newRow("a last line that is the longest")
+      << u"kurz\n\rkurz\n\r\n\rkurz\n\r negative Ks8,2 Werte als Kb8,2 eingeben !"_s;
+  QTest::newRow("a long folder") << u"folgender Pfad\n\r\n\r"_s + QString(200, 'W'_L1);
+  QTest::newRow("many words") << u"lange Wörter "_s.repeated(30);
+}
+
+void ProgramTest::noMessageIsCut() {
+  QFETCH(QString, text);
+  nachricht window;
+  Message message = question(14);
+  message.text = text;
+  window.messein(message);
+  window.show();
+  const QLabel& label = *window.Label6;
+  const QRect needed = label.fontMetrics().boundingRect(
+      QRect(label.pos(), QSize(label.width(), 10000)), Qt::TextWordWrap, label.text());
+  QVERIFY(needed.height() <= label.height() && needed.width() <= label.width());
+  for (int index = 2; index <= 4; ++index) {
+    const QPushButton& button = window.Command1(index);
+    QVERIFY(button.y() >= needed.bottom() && button.geometry().bottom() < window.height() &&
+            button.geometry().right() < window.width());
+    QVERIFY(button.width() > button.fontMetrics().horizontalAdvance(button.text()) + 4);
+  }
+}
+
+void ProgramTest::aRuntimeErrorIsShownAndTheUserDecides() {
+  RecordingDesktop desktop;
+  DialogQuestions questions(desktop);
+  const auto shownError = []() -> bb_msg* {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      auto* report = dynamic_cast<bb_msg*>(widget);
+      if (report != nullptr && report->isVisible()) return report;
+    }
+    return nullptr;
+  };
+  questions.reportError(u"13 werteingabe\\formz"_s);
+  QVERIFY(shownError() != nullptr);
+  QVERIFY(!shownError()->isModal());
+  QCOMPARE(shownError()->Label1(2).text(), u"  Error-Code :   13 werteingabe\\formz    V-100"_s);
+  questions.reportError(u"9 main_T1_lostfocus"_s);
+  QVERIFY(shownError()->Label1(2).text().contains(u"9 main_T1"_s));
+  QTest::mouseClick(&shownError()->Check1(1), Qt::LeftButton);
+  QCOMPARE(shownError(), nullptr);
+  QCOMPARE(desktop.ended, 0);
+  questions.reportError(u"9 main_T1_lostfocus"_s);
+  QTest::mouseClick(&shownError()->Check1(2), Qt::LeftButton);
+  QCOMPARE(desktop.ended, 1);
+  bb_msg quiet(desktop);
+  quiet.message(1, u"13"_s);
+  QVERIFY(!quiet.isVisible());
+}
+
+CALVORA_TEST_MAIN(ProgramTest)
+#include "program_test.moc"

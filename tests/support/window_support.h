@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+
+#include "app/main_window.h"
+#include "platform/look.h"
+#include "support/scripted_questions.h"
+
+namespace calvora {
+
+/// A desktop that only records what it was asked for.
+class RecordingDesktop : public Desktop {
+ public:
+  void endProgram() override { ++ended; }
+  bool openDocument(const QString& path) override {
+    opened += path;
+    return true;
+  }
+
+  int ended = 0;
+  QStringList opened;
+};
+
+/// The real main window over a fresh state, with a script for its questions and the start window
+/// already gone.
+struct Mask {
+  Mask() {
+    program.fieldIndex = 0;
+    window.show();
+    activate();
+    window.Text1(1).setFocus();
+    settle();
+  }
+
+  /// Finishes what the last event left queued.
+  static void settle() { QCoreApplication::processEvents(); }
+
+  void activate() {
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* target = window.focusWidget();
+    QTest::keyClick(target == nullptr ? &window : target, key, modifiers);
+    settle();
+  }
+
+  /// Types characters into the box that has the focus.
+  void keys(const QString& text) {
+    for (const QChar c : text) {
+      QTest::keyClick(window.focusWidget(), c.toLatin1());
+    }
+    settle();
+  }
+
+  void focus(int box) {
+    window.Text1(box).setFocus(Qt::MouseFocusReason);
+    settle();
+  }
+
+  /// Replaces the text of a box and leaves it with Enter.
+  void enter(int box, const QString& text) {
+    focus(box);
+    window.Text1(box).selectAll();
+    if (text.isEmpty()) {
+      press(Qt::Key_Backspace);
+    } else {
+      keys(text);
+    }
+    press(Qt::Key_Enter);
+  }
+
+  /// Puts a text into a box in one piece, as pasting does.
+  void paste(int box, const QString& text) {
+    focus(box);
+    window.Text1(box).selectAll();
+    window.Text1(box).insert(text);
+    settle();
+  }
+
+  [[nodiscard]] int focusedBox() const {
+    for (const auto& [index, box] : window.Text1) {
+      if (box == window.focusWidget()) return index;
+    }
+    return 0;
+  }
+
+  ScriptedQuestions questions;
+  RecordingDesktop desktop;
+  Program program;
+  main window{program, questions, desktop};
+};
+
+}  // namespace calvora
+
+/// As QTEST_MAIN, with the program's own look.
+#define CALVORA_TEST_MAIN(TestClass)        \
+  int main(int argc, char* argv[]) {        \
+    QApplication application(argc, argv);   \
+    calvora::applyLook(application);        \
+    TestClass test;                         \
+    return QTest::qExec(&test, argc, argv); \
+  }
