@@ -2,7 +2,6 @@
 add_library(calvora_options INTERFACE)
 target_compile_options(calvora_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                                                  -Wnon-virtual-dtor -Woverloaded-virtual)
-# Only Latin-1 and UTF-8 literals are written out; implicit C strings hide encoding mistakes.
 target_compile_definitions(calvora_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY)
 if(CALVORA_WERROR)
   target_compile_options(calvora_options INTERFACE -Werror)

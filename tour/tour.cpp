@@ -170,6 +170,10 @@ void Tour::showRuntimeError() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  // The offscreen platform warns of what it cannot do; only worse than that is worth reading here.
+  qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtDebugMsg && type != QtInfoMsg && type != QtWarningMsg) out() << text << '\n';
+  });
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
   calvora::applyLook(application);

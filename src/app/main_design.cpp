@@ -1,11 +1,11 @@
 // The main window's design: menus, mask, company area.
 #include <QBoxLayout>
-#include <QFileInfo>
 #include <QGridLayout>
 #include <QMenuBar>
 
 #include "app/main_window.h"
 #include "app/pictures.h"
+#include "dialogs/guarded.h"
 #include "entry/key_filter.h"
 #include "platform/look.h"
 #include "platform/twips.h"
@@ -20,11 +20,11 @@ namespace {
 enum Column { kCaption, kSymbol, kBox, kUnit, kExtra, kToggle, kColumns };
 
 // Twips.
-constexpr int kInputBoxWidth = 1350;
+constexpr int kInputBoxWidth = 1290;
 constexpr int kResultBoxWidth = 1200;
-constexpr int kNarrowBoxWidth = 800;
-constexpr int kUnitWidth = 930;
-constexpr int kResultUnitWidth = 700;
+constexpr int kNarrowBoxWidth = 700;
+constexpr int kUnitWidth = 880;
+constexpr int kResultUnitWidth = 660;
 constexpr int kRowHeight = 465;
 
 QLabel* makeLabel(const QString& text, QWidget* parent = nullptr) {
@@ -47,7 +47,7 @@ QLabel* makeUnit(const QString& unit, int width) {
   label->setAlignment(Qt::AlignCenter);
   label->setMinimumWidth(twips(width));
   label->setMinimumHeight(twips(kRowHeight));
-  setRole(*label, Role::kUnit);
+  if (width > 0) setRole(*label, Role::kUnit);
   return label;
 }
 
@@ -108,22 +108,24 @@ void main::buildMenus() {
                            mnu2_plausi, mnu2_ana, mnu_version}) {
     waiting->setEnabled(false);
   }
-  // The manual is a file beside the program, which may be missing.
-  const auto updateManual = [this] { mnu2_handbuch->setEnabled(QFileInfo::exists(manualPath())); };
   updateManual();
-  connect(mnu2, &QMenu::aboutToShow, this, updateManual);
+  connect(mnu2, &QMenu::aboutToShow, this, &main::updateManual);
 
-  connectCommand(mnu_neustart, &main::mnu_neustart_Click);
-  connectCommand(mnu_ende, &main::Command2_Click);
-  connectCommand(mnu2_handbuch, &main::mnu2_handbuch_Click);
+  const auto connectAction = [this](QAction* action, const QString& location,
+                                    void (main::*handler)()) {
+    connect(action, &QAction::triggered, this, command(location, handler));
+  };
+  connectAction(mnu_neustart, u" main_neustart"_s, &main::mnu_neustart_Click);
+  connectAction(mnu_ende, u" main_ende"_s, &main::Command2_Click);
+  connectAction(mnu2_handbuch, u" main_handbuch"_s, &main::mnu2_handbuch_Click);
 }
 
 void main::buildMask() {
   setWindowTitle(u"CALVORA  –  pH-Wert-Rechner für Heiz- und Kühlkreisläufe"_s);
   auto* mask = new QWidget(this);
   auto* columns = new QHBoxLayout(mask);
-  columns->setContentsMargins(14, 12, 14, 14);
-  columns->setSpacing(20);
+  columns->setContentsMargins(12, 12, 12, 14);
+  columns->setSpacing(14);
 
   auto* right = new QVBoxLayout;
   right->setSpacing(14);
@@ -133,7 +135,8 @@ void main::buildMask() {
   Command2 = new QPushButton(u"beenden"_s);
   Command2->setMinimumSize(twips(1800), twips(480));
   Command2->setFocusPolicy(Qt::TabFocus);
-  connectCommand(Command2, &main::Command2_Click);
+  connect(Command2, &QPushButton::clicked, this,
+          command(u" main_command2"_s, &main::Command2_Click));
   right->addWidget(Command2, 0, Qt::AlignRight);
 
   columns->addWidget(inputs, 0, Qt::AlignTop);
@@ -166,13 +169,14 @@ QWidget* main::buildInputs() {
     }
     addInputRow(grid, row++, field);
   }
-  Label7 = makeUnit(u"25 °C"_s, 800);
-  Command3 = new QPushButton(u"bei Temp."_s);
+  Label7 = makeUnit({}, 1200);
+  Command3 = new QPushButton;
   Command3->setFocusPolicy(Qt::TabFocus);
   Command3->setToolTip(
       u"Leitfähigkeit auf die gemessene Temperatur umgerechnet anzeigen und zurück"_s);
   Command3->setMinimumSize(twips(1750), twips(kRowHeight));
-  connectCommand(Command3, &main::Command3_Click);
+  connect(Command3, &QPushButton::clicked, this,
+          [this] { guarded(questions_, u" main_command3"_s, [this] { Command3_Click(); }); });
   grid.addWidget(Label7, 1, kExtra);
   grid.addWidget(Command3, 1, kToggle);
   return inputs;
@@ -211,7 +215,7 @@ void main::connectBox(int index) {
   TextBox& box = Text1(index);
   box.filter = filteredNumber;
   box.beforeKey = [this, index](bool edits) {
-    finishLeftBox();
+    finishLeftBoxes();
     if (edits && index == feld::kLeitfähigkeit && convertedShown_) {
       showConductivityAt25();
       Text1(index).selectAll();
@@ -240,7 +244,7 @@ QWidget* main::buildResults() {
   const auto addNarrow = [&](int index, int besideRow, const QString& toolTip) {
     auto& display = Label2.add(index, makeDisplay(kNarrowBoxWidth));
     display.setToolTip(toolTip);
-    display.setAccessibleName(toolTip);
+    display.setAccessibleDescription(toolTip);
     grid.addWidget(&display, besideRow, kExtra);
   };
   addNarrow(21, 1, u"pH-Wert aus den Kapazitäten, Näherung"_s);
@@ -253,11 +257,13 @@ void main::addResultRow(QGridLayout& grid, int row, const FieldCaption& field) {
   auto& caption = Label5.add(i, makeLabel(field.caption));
   caption.setToolTip(field.toolTip);
   auto& display = Label2.add(i, makeDisplay(kResultBoxWidth));
-  display.setAccessibleName(spokenName(field));
+  // The name stays the text shown: a screen reader reads the value, then what it is.
+  display.setAccessibleDescription(spokenName(field));
   grid.addWidget(&caption, row, kCaption);
   grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
   grid.addWidget(&display, row, kBox);
-  grid.addWidget(&Label3.add(i, makeUnit(field.unit, kResultUnitWidth)), row, kUnit);
+  grid.addWidget(&Label3.add(i, makeUnit(field.unit, field.unit.isEmpty() ? 0 : kResultUnitWidth)),
+                 row, kUnit);
 }
 
 QWidget* main::buildCompanyArea() {
@@ -291,20 +297,6 @@ QWidget* main::buildCompanyArea() {
   area->addLayout(supplier, 3, 1);
   area->setColumnStretch(1, 1);
   return Frame1;
-}
-
-void main::connectCommand(QAction* action, void (main::*handler)()) {
-  connect(action, &QAction::triggered, this, [this, handler] {
-    finishEntry();
-    (this->*handler)();
-  });
-}
-
-void main::connectCommand(QPushButton* button, void (main::*handler)()) {
-  connect(button, &QPushButton::clicked, this, [this, handler] {
-    finishEntry();
-    (this->*handler)();
-  });
 }
 
 }  // namespace calvora

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QScopeGuard>
 
 #include "app/focus_order.h"
 #include "app/start_window.h"
@@ -19,8 +20,6 @@ namespace calvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto kReferenceQuestion = u"bei 25 °C ?"_s;
 
 void showText(QLabel& label, const QString& text) {
   if (label.text() != text) label.setText(text);
@@ -47,8 +46,9 @@ main::~main() {
 }
 
 bool main::event(QEvent* event) {
-  if (event->type() == QEvent::WindowActivate && program_.fieldIndex == kFirstActivationPending) {
-    Form_Activate();
+  if (event->type() == QEvent::WindowActivate) {
+    updateManual();
+    if (program_.fieldIndex == kFirstActivationPending) Form_Activate();
   }
   return QMainWindow::event(event);
 }
@@ -80,23 +80,32 @@ void main::focusMoved(QWidget* now) {
 /// The entry is finished once the event that moved the focus is over: a message that opened inside
 /// it would move the focus again.
 void main::leaveBox(int index) {
-  leftBox_ = index;
-  QMetaObject::invokeMethod(this, &main::finishLeftBox, Qt::QueuedConnection);
+  leftBoxes_ += index;
+  QMetaObject::invokeMethod(this, &main::finishLeftBoxes, Qt::QueuedConnection);
 }
 
-void main::finishLeftBox() {
-  if (leftBox_ == 0 || finishing_) return;
+void main::finishLeftBoxes() {
+  if (finishing_) return;
   finishing_ = true;
-  Text1_LostFocus(std::exchange(leftBox_, 0));
-  finishing_ = false;
-  if (leftBox_ != 0) leaveBox(leftBox_);
+  const auto done = qScopeGuard([this] { finishing_ = false; });
+  while (!leftBoxes_.isEmpty()) Text1_LostFocus(leftBoxes_.takeFirst());
 }
 
+// The menu bar may have the focus by now: what counts is the box that had it last.
 void main::finishEntry() {
-  finishLeftBox();
-  if (!program_.entryChanged) return;
-  leftBox_ = boxIndex(focusWidget());
-  finishLeftBox();
+  finishLeftBoxes();
+  if (!program_.entryChanged || focusedBox_ == 0) return;
+  leftBoxes_ += focusedBox_;
+  finishLeftBoxes();
+}
+
+std::function<void()> main::command(const QString& location, void (main::*handler)()) {
+  return [this, location, handler] {
+    guarded(questions_, location, [&] {
+      finishEntry();
+      (this->*handler)();
+    });
+  };
 }
 
 void main::Text1_KeyPress(int& code) {
@@ -120,16 +129,21 @@ void main::Text1_KeyDown(int index, int code) {
 }
 
 void main::Text1_LostFocus(int index) {
+  bool shown = true;
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
     program_.fieldIndex = index;
     if (!program_.entryChanged) return;
+    shown = false;
     program_.entryChanged = false;
     program_.record.flag[flag::kStatus] = u"1"_s;
     int status = 0;
     subcalc_.checkeingabe(index, Text1(index).text().trimmed(), status);
     berechnen();
-    if (status == 1) Text1(index).setFocus(Qt::OtherFocusReason);
+    shown = true;
+    if (status == kFocusBack) Text1(index).setFocus(Qt::OtherFocusReason);
   });
+  // After a fault the mask must show what the record really holds.
+  if (!shown) guarded(questions_, u" main_T1_lostfocus"_s, [this] { darstellen(); });
 }
 
 void main::moveFocus(int index, int step) {
@@ -147,6 +161,7 @@ int main::boxIndex(const QWidget* control) const {
 // ---- Display ----
 
 void main::berechnen() {
+  subcalc_.clearRuledOutCapacity();
   subcalc_.rechenlauf();
   darstellen();
 }
@@ -158,10 +173,8 @@ void main::darstellen() {
     showText(Label2(field.index), record.text[field.index]);
   }
 
-  const FixedPoint ph = record.value[feld::kPh];
-  const bool known = ph >= 1_fp;
-  setLocked(feld::kKs82, known && ph < 8.2_fp);
-  setLocked(feld::kKb82, known && ph >= 8.2_fp);
+  const int ruledOut = ruledOutCapacity(record);
+  for (const int capacity : {feld::kKs82, feld::kKb82}) setLocked(capacity, capacity == ruledOut);
 
   showText(Label2(20), program_.leitfähigkeitAusIonen);
   showText(Label2(21), program_.phNäherung);
@@ -203,11 +216,19 @@ bool main::isLocked(int index) const {
   return Text1(index).focusPolicy() == Qt::NoFocus;
 }
 
+/// An entry that was still going on may have changed what can be converted, but not what the user
+/// saw when clicking.
 void main::Command3_Click() {
-  if (Command3->text() == kReferenceQuestion) {
+  const bool back = convertedShown_;
+  finishEntry();
+  if (back) {
     showConductivityAt25();
-    return;
+  } else if (Command3->isEnabled()) {
+    showConductivityAtMeasuringTemperature();
   }
+}
+
+void main::showConductivityAtMeasuringTemperature() {
   const AnalysisRecord& record = program_.record;
   const double converted = conductivityAt(record.value[feld::kTemperatur].toDouble(),
                                           record.value[feld::kLeitfähigkeit].toDouble());
@@ -216,7 +237,7 @@ void main::Command3_Click() {
   // What is shown now is computed: typing over it would store it as if it were measured at 25 °C.
   setRole(box, Role::kComputed);
   box.setReadOnly(true);
-  Command3->setText(kReferenceQuestion);
+  Command3->setText(u"bei 25 °C ?"_s);
   showText(*Label7, record.text[feld::kTemperatur] + u" °C"_s);
   convertedShown_ = true;
 }
@@ -249,9 +270,10 @@ bool main::eincheck() const {
 
 void main::mnu_neustart_Click() {
   if (datensich() == kAbbruch) return;
+  Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
+  finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
   darstellen();
-  Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
 }
 
 void main::Command2_Click() {
@@ -259,21 +281,28 @@ void main::Command2_Click() {
 }
 
 void main::closeEvent(QCloseEvent* event) {
-  finishEntry();
-  if (datensich() == kAbbruch) {
-    event->ignore();
-    return;
-  }
-  event->accept();
-  desktop_.endProgram();
+  event->ignore();
+  guarded(questions_, u" main_unload"_s, [&] {
+    finishEntry();
+    if (datensich() == kAbbruch) return;
+    event->accept();
+    desktop_.endProgram();
+  });
 }
 
 QString main::manualPath() const {
   return program_.programFolder + u"/hb_cvra.pdf"_s;
 }
 
+void main::updateManual() {
+  mnu2_handbuch->setEnabled(QFileInfo::exists(manualPath()));
+}
+
 void main::mnu2_handbuch_Click() {
-  if (QFileInfo::exists(manualPath())) desktop_.openDocument(manualPath());
+  if (!QFileInfo::exists(manualPath()) || desktop_.openDocument(manualPath())) return;
+  questions_.ask({.text = u" Das Handbuch konnte nicht geöffnet werden ! "_s,
+                  .title = u"Handbuch"_s,
+                  .symbol = 2});
 }
 
 }  // namespace calvora

@@ -20,6 +20,8 @@ class main : public QMainWindow {
 
  public:
   main(Program& program, Questions& questions, Desktop& desktop);
+  main(const main&) = delete;
+  main& operator=(const main&) = delete;
   ~main() override;
 
   /// Runs the calculation and redisplays the mask.
@@ -90,11 +92,13 @@ class main : public QMainWindow {
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
   void leaveBox(int index);
-  void finishLeftBox();
+  void finishLeftBoxes();
   void moveFocus(int index, int step);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivityAt25();
+  void showConductivityAtMeasuringTemperature();
+  void updateManual();
   [[nodiscard]] int boxIndex(const QWidget* control) const;
   [[nodiscard]] QString questionAtMeasuringTemperature() const;
   [[nodiscard]] QString manualPath() const;
@@ -108,9 +112,9 @@ class main : public QMainWindow {
   void addInputRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void addResultRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void connectBox(int index);
-  /// Connects a command: what was typed is finished first.
-  void connectCommand(QAction* action, void (main::*handler)());
-  void connectCommand(QPushButton* button, void (main::*handler)());
+  /// What a command does: what was typed is finished first, and a fault is reported with the
+  /// command's location text.
+  [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)());
 
   Program& program_;
   Questions& questions_;
@@ -118,8 +122,8 @@ class main : public QMainWindow {
   subcalc subcalc_;
   Werteingabe entry_;
 
-  int focusedBox_ = 0;  ///< the box that had the focus last in this window; 0: none
-  int leftBox_ = 0;     ///< a box that was left and is still to be finished; 0: none
+  int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none
+  QList<int> leftBoxes_;  ///< boxes that were left and are still to be finished, in their order
   bool finishing_ = false;
   bool convertedShown_ = false;  ///< box 1 shows the conductivity at the measuring temperature
 };

@@ -10,8 +10,8 @@ namespace flag {
 inline constexpr int kStatus = 1;  ///< "1": there are unsaved changes
 }  // namespace flag
 
-/// The one water analysis that the program holds. A field is empty exactly when its text is empty;
-/// its value is then 0.
+/// The one water analysis that the program holds. An input field is empty exactly when its text is;
+/// its value is then 0. A result without text may keep the value it had.
 struct AnalysisRecord {
   CheckedArray<FixedPoint, 41> value;
   CheckedArray<QString, 41> text;

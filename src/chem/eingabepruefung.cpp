@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chem/karbonat.h"
 #include "chem/subcalc.h"
 
 namespace calvora {
@@ -18,13 +19,14 @@ struct RangeRule {
   bool focusBack;  ///< whether the focus returns into a rejected field
 };
 
-const RangeRule& rangeRule(int index) {
+/// The rule of a field, or nothing for one that has none.
+const RangeRule* rangeRule(int index) {
   static const std::array kRules{
       RangeRule{1, 0.5_fp, 5000_fp, 3, QStringLiteral("0,5 - 5000 µS/cm"), false},
       RangeRule{2, 4_fp, 12_fp, 3, QStringLiteral("4- 12"), false},
       RangeRule{3, 1_fp, 90_fp, 3, QStringLiteral("1-90 °C"), true},
       RangeRule{4, 0_fp, 10_fp, 6, QStringLiteral(" 0 - 10"), false},
-      RangeRule{5, 0_fp, 7.0_fp, 6, QStringLiteral(" 0 - 7,0"), false},
+      RangeRule{5, FixedPoint::lowest(), 7.0_fp, 6, QStringLiteral(" 0 - 7,0"), false},
       RangeRule{6, FixedPoint::lowest(), 2.5_fp, 6, QStringLiteral(" 0 - 2,5"), false},
       RangeRule{20, 0.05_fp, 100_fp, 3, QStringLiteral("0,05 - 100 °d"), true},
       RangeRule{23, 0.1_fp, 700_fp, 3, QStringLiteral("0,1 - 700"), true},
@@ -33,29 +35,33 @@ const RangeRule& rangeRule(int index) {
       RangeRule{26, 0.01_fp, 20_fp, 3, QStringLiteral("0,01 - 20"), true},
   };
   const auto* rule = std::ranges::find(kRules, index, &RangeRule::index);
-  if (rule == kRules.end()) {
-    throw RuntimeError(ErrorNumber::kInvalidCall, QString::number(index));
-  }
-  return *rule;
-}
-
-constexpr int kFocusBack = 1;
-
-/// The hydroxide concentration that belongs to a pH, in mmol/l. The exponent is formed in fixed
-/// point, so that a pH of 9.0 gives exactly 0.01.
-double hydroxide(FixedPoint ph) {
-  return std::pow(10.0, saturatedDifference(ph, 11_fp).toDouble());
+  return rule == kRules.end() ? nullptr : rule;
 }
 
 }  // namespace
 
+int ruledOutCapacity(const AnalysisRecord& record) {
+  const FixedPoint ph = record.value[feld::kPh];
+  if (ph < 1_fp) return 0;
+  return ph < 8.2_fp ? feld::kKs82 : feld::kKb82;
+}
+
+void subcalc::clearRuledOutCapacity() {
+  const int capacity = ruledOutCapacity(program_.record);
+  if (capacity == 0 || isEmpty(capacity)) return;
+  if (capacity == feld::kKs82) return resetKs82();
+  clear({feld::kKb82, feld::kPhAusKapazitäten});
+  clearFromKb82();
+}
+
 void subcalc::checkeingabe(int index, const QString& text, int& status) {
   AnalysisRecord& record = program_.record;
-  status = check::kValid;
   QString typed = text;
-  entry_.wertprüf(typed, status);
+  int code = check::kValid;
+  entry_.wertprüf(typed, code);
+  status = code == check::kEmpty ? kFocusBack : 0;
   bool representable = true;
-  if (status != check::kValid) {
+  if (code != check::kValid) {
     record.clearField(index);
   } else {
     NumberCell number;
@@ -66,57 +72,50 @@ void subcalc::checkeingabe(int index, const QString& text, int& status) {
     if (representable) entry_.formstr(typed, 4);
     record.text[index] = typed;
   }
-  checkField(index, representable, status);
+  const bool rejected = !isEmpty(index) && rejectOutOfRange(index, representable, status);
+  // Only a rejected pH clears what depends on it at once.
+  if (!rejected || index == feld::kPh) checkAgainstOthers(index, status);
 }
 
-void subcalc::checkField(int index, bool representable, int& status) {
+/// Tests a value that is given against its field's range; a number too large for the fixed-point
+/// value is out of every range. A rejected one is deleted, and the user told the range.
+bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
+  const RangeRule* rule = rangeRule(index);
+  if (rule == nullptr) return false;
+  const FixedPoint value = program_.record.value[index];
+  if (representable && value >= rule->minimum && value <= rule->maximum) return false;
+  program_.record.clearField(index);
+  if (rule->focusBack) status = kFocusBack;
+  show(rule->message, rule->range);
+  return true;
+}
+
+void subcalc::checkAgainstOthers(int index, int& status) {
   switch (index) {
     case feld::kLeitfähigkeit:
-      return checkLeitfähigkeit(representable, status);
+      return checkLeitfähigkeit();
     case feld::kPh:
-      return checkPh(representable, status);
+      return checkPh();
     case feld::kTemperatur:
-      return checkTemperatur(representable, status);
+      return checkTemperatur();
     case feld::kKs82:
-      return checkKs82(representable, status);
+      return checkKs82(status);
     case feld::kKs43:
-      return checkKs43(representable, status);
+      return checkKs43(status);
     case feld::kKb82:
-      return checkKb82(representable, status);
-    case feld::kGesamthärte:
-    case feld::kCalcium:
-    case feld::kMagnesium:
-    case feld::kChlorid:
-    case feld::kEisen:
-      return checkKonzentration(index, representable, status);
+      return checkKb82();
     default:
       return;
   }
 }
 
-/// Tests a value that is given against its field's range; a number too large for the fixed-point
-/// value is out of every range. A rejected one is deleted with the field's range message.
-bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
-  const RangeRule& rule = rangeRule(index);
-  const FixedPoint value = program_.record.value[index];
-  if (representable && value >= rule.minimum && value <= rule.maximum) return false;
-  show(rule.message, rule.range);
-  program_.record.clearField(index);
-  if (rule.focusBack) status = kFocusBack;
-  return true;
+void subcalc::checkLeitfähigkeit() {
+  if (!isEmpty(feld::kLeitfähigkeit)) return;
+  clear({feld::kPhAusLf});
+  program_.leitfähigkeitAusIonen.clear();
 }
 
-void subcalc::checkLeitfähigkeit(bool representable, int& status) {
-  if (isEmpty(feld::kLeitfähigkeit)) {
-    clear({feld::kPhAusLf});
-    program_.leitfähigkeitAusIonen.clear();
-    return;
-  }
-  rejectOutOfRange(feld::kLeitfähigkeit, representable, status);
-}
-
-void subcalc::checkPh(bool representable, int& status) {
-  if (!isEmpty(feld::kPh)) rejectOutOfRange(feld::kPh, representable, status);
+void subcalc::checkPh() {
   if (!isEmpty(feld::kPh) && program_.record.value[feld::kKs82] > 0_fp && phExceedsKs82()) {
     program_.record.clearField(feld::kPh);
   }
@@ -125,29 +124,17 @@ void subcalc::checkPh(bool representable, int& status) {
   }
 }
 
-void subcalc::checkTemperatur(bool representable, int& status) {
-  if (isEmpty(feld::kTemperatur)) {
-    resetKs82();
-    return;
-  }
-  rejectOutOfRange(feld::kTemperatur, representable, status);
+void subcalc::checkTemperatur() {
+  if (isEmpty(feld::kTemperatur)) resetKs82();
 }
 
-void subcalc::checkKs82(bool representable, int& status) {
+void subcalc::checkKs82(int& status) {
   AnalysisRecord& record = program_.record;
-  if (isEmpty(feld::kKs82)) {
-    resetKs82();
-    return;
-  }
-  if (rejectOutOfRange(feld::kKs82, representable, status)) return;
-  if (record.value[feld::kPh] > 0_fp && ks82TooSmallForPh()) {
-    resetKs82();
-    return;
-  }
+  if (isEmpty(feld::kKs82)) return resetKs82();
+  if (record.value[feld::kPh] > 0_fp && ks82TooSmallForPh()) return resetKs82();
   if (record.value[feld::kKb82] > 0_fp) {
     show(13);
-    resetKs82();
-    return;
+    return resetKs82();
   }
   if (record.value[feld::kKs43].isZero()) return;
   if (2 * value(feld::kKs82) > value(feld::kKs43)) {
@@ -157,19 +144,18 @@ void subcalc::checkKs82(bool representable, int& status) {
   }
 }
 
-void subcalc::checkKs43(bool representable, int& status) {
+void subcalc::checkKs43(int& status) {
   AnalysisRecord& record = program_.record;
   // A negative capacity can only be pasted; it is refused like the zero that it cannot exceed.
-  if (!isEmpty(feld::kKs43) && representable && record.value[feld::kKs43] <= 0_fp) {
+  if (!isEmpty(feld::kKs43) && record.value[feld::kKs43] <= 0_fp) {
     show(2, QStringLiteral("Ks4,3"));
     record.clearField(feld::kKs43);
   }
   if (isEmpty(feld::kKs43)) {
-    clear({feld::kKs43, feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat,
-           feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex, feld::kKarbonathärte});
+    clear({feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei,
+           feld::kCo2Überschüssig, feld::kSättigungsindex, feld::kKarbonathärte});
     return;
   }
-  if (rejectOutOfRange(feld::kKs43, representable, status)) return;
   const double minimum = 2 * value(feld::kKs82);
   if (isEmpty(feld::kKs82) || value(feld::kKs43) >= minimum) return;
   show(5, entry_.formz(minimum, minimum < 0.009 ? kind::kThreeDecimals : kind::kTwoDecimals));
@@ -177,30 +163,23 @@ void subcalc::checkKs43(bool representable, int& status) {
   status = kFocusBack;
 }
 
-void subcalc::checkKb82(bool representable, int& status) {
-  const auto clearDependent = [&] {
-    clear({feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex});
-  };
-  if (isEmpty(feld::kKb82)) {
-    clearDependent();
-    return;
-  }
-  if (rejectOutOfRange(feld::kKb82, representable, status)) return;
+void subcalc::checkKb82() {
+  if (isEmpty(feld::kKb82)) return clearFromKb82();
   if (program_.record.value[feld::kKs82] <= 0_fp) return;
   show(13);
   program_.record.clearField(feld::kKb82);
-  clearDependent();
+  clearFromKb82();
 }
 
-void subcalc::checkKonzentration(int index, bool representable, int& status) {
-  if (!isEmpty(index)) rejectOutOfRange(index, representable, status);
+void subcalc::clearFromKb82() {
+  clear({feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex});
 }
 
 /// Whether the measured pH needs more hydroxide than the given Ks8,2 holds; then the user is told
 /// the highest pH that it admits.
 bool subcalc::phExceedsKs82() {
   const double ks82 = value(feld::kKs82);
-  if (ks82 >= hydroxide(program_.record.value[feld::kPh])) return false;
+  if (ks82 >= hydroxideAt(value(feld::kPh))) return false;
   const double limit = (std::log10(ks82) - 3) + 14;
   show(11, entry_.formz(limit, kind::kOneDecimal));
   return true;
@@ -212,7 +191,7 @@ bool subcalc::ks82TooSmallForPh() {
   constexpr double kFixedTolerance = 0.06;    // mmol/l
   constexpr double kRelativeTolerance = 0.2;  // of the hydroxide, from pH 9.9
   const FixedPoint ph = program_.record.value[feld::kPh];
-  const double needed = hydroxide(ph);
+  const double needed = hydroxideAt(ph.toDouble());
   const double tolerance = ph >= 9.9_fp ? kRelativeTolerance * needed : kFixedTolerance;
   if (value(feld::kKs82) + tolerance >= needed) return false;
   show(12, entry_.formz(needed, kind::kTwoDecimals));

@@ -11,6 +11,68 @@ constexpr double kDegreePerMmol = 5.6;  // °d per mmol/l of alkaline earths
 constexpr double kMolarMassCa = 40.08;  // g/mol
 constexpr double kMolarMassMg = 24.31;  // g/mol
 
+/// Working copies of the three values that describe one hardness; 0 where one is not given.
+struct HardnessSet {
+  FixedPoint total;      // °d
+  FixedPoint calcium;    // mg/l
+  FixedPoint magnesium;  // mg/l
+
+  /// Whether the hardness of the calcium or the magnesium alone exceeds the total hardness.
+  [[nodiscard]] bool calciumExceeds() const { return saturatedProduct(0.1397_fp, calcium) > total; }
+  [[nodiscard]] bool magnesiumExceeds() const {
+    return saturatedProduct(0.23_fp, magnesium) > total;
+  }
+};
+
+/// Applies the rule of the field entered last. Returns the message of a contradiction, whose value
+/// is then taken out of the set, or 0.
+int contradiction(int lastEntered, HardnessSet& set) {
+  const auto reject = [](int message, FixedPoint& rejected) {
+    rejected = {};
+    return message;
+  };
+  const bool hasCalcium = !set.calcium.isZero();
+  const bool hasMagnesium = !set.magnesium.isZero();
+  if (lastEntered == feld::kGesamthärte) {
+    if (hasCalcium && hasMagnesium) {
+      set.calcium = set.magnesium = {};  // the typed total replaces both
+    } else if (!set.total.isZero()) {
+      if (hasMagnesium && set.magnesiumExceeds()) return reject(8, set.total);
+      if (hasCalcium && set.calciumExceeds()) return reject(7, set.total);
+    }
+    return 0;
+  }
+  if (set.total.isZero()) return 0;
+  if (lastEntered == feld::kCalcium) {
+    if (!hasMagnesium && set.calciumExceeds()) return reject(9, set.calcium);
+    if (hasCalcium == hasMagnesium) set.total = {};  // recomputed from both, or gone with calcium
+  } else if (lastEntered == feld::kMagnesium) {
+    if (!hasCalcium && set.magnesiumExceeds()) return reject(10, set.magnesium);
+    if (hasCalcium == hasMagnesium) set.total = {};
+  }
+  return 0;
+}
+
+/// Fills in whichever of the three is missing from the other two.
+void completeHardness(HardnessSet& set) {
+  constexpr double kLeast = 0.002;  // mg/l; less than that, or a negative rest, counts as a trace
+  const auto rest = [](double concentration) {
+    return FixedPoint::tryFromDouble(concentration < kLeast ? 0.001 : concentration)
+        .value_or(FixedPoint{});
+  };
+  const double calcium = set.calcium.toDouble() / kMolarMassCa;      // mmol/l
+  const double magnesium = set.magnesium.toDouble() / kMolarMassMg;  // mmol/l
+  const double total = set.total.toDouble() / kDegreePerMmol;        // mmol/l
+  if (set.total.isZero()) {
+    set.total =
+        FixedPoint::tryFromDouble(kDegreePerMmol * (calcium + magnesium)).value_or(FixedPoint{});
+  } else if (set.calcium.isZero() && !set.magnesium.isZero()) {
+    set.calcium = rest(kMolarMassCa * (total - magnesium));
+  } else if (set.magnesium.isZero() && !set.calcium.isZero()) {
+    set.magnesium = rest(kMolarMassMg * (total - calcium));
+  }
+}
+
 }  // namespace
 
 void subcalc::ionstrong() {
@@ -46,24 +108,16 @@ void subcalc::co2agg() {
   store(feld::kCo2Überschüssig, value(feld::kCo2Frei) - associated, kind::kOneDecimal);
 }
 
-/// Working copies of the three values that describe one hardness; 0 where one is not given.
-struct subcalc::HardnessSet {
-  FixedPoint total;      // °d
-  FixedPoint calcium;    // mg/l
-  FixedPoint magnesium;  // mg/l
-
-  /// Whether the hardness of the calcium or the magnesium alone exceeds the total hardness.
-  [[nodiscard]] bool calciumExceeds() const { return saturatedProduct(0.1397_fp, calcium) > total; }
-  [[nodiscard]] bool magnesiumExceeds() const {
-    return saturatedProduct(0.23_fp, magnesium) > total;
-  }
-};
-
 void subcalc::secamg() {
   AnalysisRecord& record = program_.record;
   HardnessSet set{record.value[feld::kGesamthärte], record.value[feld::kCalcium],
                   record.value[feld::kMagnesium]};
-  if (!hardnessContradicts(set)) completeHardness(set);
+  const int message = contradiction(program_.fieldIndex, set);
+  if (message != 0) {
+    show(message);
+  } else {
+    completeHardness(set);
+  }
   const auto writeBack = [&](int index, FixedPoint value) {
     record.value[index] = value;
     record.text[index] =
@@ -72,56 +126,6 @@ void subcalc::secamg() {
   writeBack(feld::kGesamthärte, set.total);
   writeBack(feld::kCalcium, set.calcium);
   writeBack(feld::kMagnesium, set.magnesium);
-}
-
-/// Applies the rule of the field entered last. True if it contradicts the others: the user was
-/// told, and the value is taken out of the set.
-bool subcalc::hardnessContradicts(HardnessSet& set) {
-  const auto reject = [&](int message, FixedPoint& rejected) {
-    show(message);
-    rejected = {};
-    return true;
-  };
-  const bool hasCalcium = !set.calcium.isZero();
-  const bool hasMagnesium = !set.magnesium.isZero();
-  if (program_.fieldIndex == feld::kGesamthärte) {
-    if (hasCalcium && hasMagnesium) {
-      set.calcium = set.magnesium = {};  // the typed total replaces both
-    } else if (!set.total.isZero()) {
-      if (hasMagnesium && set.magnesiumExceeds()) return reject(8, set.total);
-      if (hasCalcium && set.calciumExceeds()) return reject(7, set.total);
-    }
-    return false;
-  }
-  if (set.total.isZero()) return false;
-  if (program_.fieldIndex == feld::kCalcium) {
-    if (!hasMagnesium && set.calciumExceeds()) return reject(9, set.calcium);
-    if (hasCalcium == hasMagnesium) set.total = {};  // recomputed from both, or gone with calcium
-  } else if (program_.fieldIndex == feld::kMagnesium) {
-    if (!hasCalcium && set.magnesiumExceeds()) return reject(10, set.magnesium);
-    if (hasCalcium == hasMagnesium) set.total = {};
-  }
-  return false;
-}
-
-/// Fills in whichever of the three is missing from the other two.
-void subcalc::completeHardness(HardnessSet& set) {
-  constexpr double kLeast = 0.002;  // mg/l; less than that, or a negative rest, counts as a trace
-  const auto rest = [](double concentration) {
-    return FixedPoint::tryFromDouble(concentration < kLeast ? 0.001 : concentration)
-        .value_or(FixedPoint{});
-  };
-  const double calcium = set.calcium.toDouble() / kMolarMassCa;      // mmol/l
-  const double magnesium = set.magnesium.toDouble() / kMolarMassMg;  // mmol/l
-  const double total = set.total.toDouble() / kDegreePerMmol;        // mmol/l
-  if (set.total.isZero()) {
-    set.total =
-        FixedPoint::tryFromDouble(kDegreePerMmol * (calcium + magnesium)).value_or(FixedPoint{});
-  } else if (set.calcium.isZero() && !set.magnesium.isZero()) {
-    set.calcium = rest(kMolarMassCa * (total - magnesium));
-  } else if (set.magnesium.isZero() && !set.calcium.isZero()) {
-    set.magnesium = rest(kMolarMassMg * (total - calcium));
-  }
 }
 
 void subcalc::khnkh() {

@@ -1,6 +1,7 @@
 // What the conductivity implies: a pH, a least conductivity, a conductivity from the ions.
 #include <cmath>
 
+#include "chem/karbonat.h"
 #include "chem/subcalc.h"
 
 namespace calvora {
@@ -52,7 +53,7 @@ void subcalc::ph_aus_lf() {
     store(feld::kPhAusLf, ph, kind::kTwoDecimals);
     if (ph > 12.5) record.text[feld::kPhAusLf] = u">12,5"_s;
   }
-  conductivityFromIons(minimumConductivity(factor));
+  conductivityFromIons(minimumConductivity(factor), factor);
 }
 
 /// The least conductivity that the measured pH implies, reported if the measured one is below it,
@@ -61,8 +62,8 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
   AnalysisRecord& record = program_.record;
   const FixedPoint ph = record.value[feld::kPh];
   if (ph < 1_fp) return {};
-  const double hydrogen = 1000 * std::pow(10.0, -ph.toDouble());       // mmol/l
-  const double hydroxide = 1000 * std::pow(10.0, ph.toDouble() - 14);  // mmol/l
+  const double hydrogen = 1000 * std::pow(10.0, -ph.toDouble());  // mmol/l
+  const double hydroxide = hydroxideAt(ph.toDouble());            // mmol/l
   const IonConductivity ions{factor * kLambdaH * hydrogen, factor * kLambdaOH * hydroxide};
   if (ph < 8.3_fp) {
     record.value[feld::kNatrium] = {};
@@ -77,7 +78,7 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
 }
 
 /// The conductivity as the sum over the ions of the record, from mg/l, in µS/cm.
-void subcalc::conductivityFromIons(const IonConductivity& ions) {
+void subcalc::conductivityFromIons(const IonConductivity& ions, double factor) {
   const double sum = ions.hydrogen + ions.hydroxide +  //
                      value(feld::kHydrogencarbonat) * 44.5 / 61 +
                      value(feld::kCarbonat) * 86 * 2 / 60 +       //
@@ -85,7 +86,7 @@ void subcalc::conductivityFromIons(const IonConductivity& ions) {
                      value(feld::kMagnesium) * 53.1 * 2 / 24.3 +  //
                      value(feld::kChlorid) * 76.3 / 35.5 +        //
                      value(feld::kNatrium) * kLambdaNa / kMolarMassNa;
-  const double conductivity = conductivityFactor(value(feld::kLeitfähigkeit)) * sum;
+  const double conductivity = factor * sum;
   program_.leitfähigkeitAusIonen =
       std::isfinite(conductivity) ? entry_.formz(conductivity, kind::kWhole) : QString();
 }

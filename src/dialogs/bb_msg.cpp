@@ -10,7 +10,7 @@ namespace calvora {
 
 using namespace Qt::StringLiterals;
 
-bb_msg::bb_msg(Desktop& desktop, QWidget* parent) : QDialog(parent), desktop_(desktop) {
+bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
   setWindowTitle(u"  Laufzeitfehler"_s);
   setAttribute(Qt::WA_DeleteOnClose);
   const std::array captions{

@@ -15,7 +15,7 @@ class bb_msg : public QDialog {
   Q_OBJECT
 
  public:
-  explicit bb_msg(Desktop& desktop, QWidget* parent = nullptr);
+  explicit bb_msg(Desktop& desktop);
 
   /// Mode 2 shows the error: its number as text, directly followed by the location text. Mode 1
   /// shows nothing.

@@ -1,5 +1,6 @@
 #include "dialogs/message_layout.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -50,29 +51,21 @@ struct Lines {
   qsizetype longest;
 };
 
-/// Counts the lines and measures the distances between line feeds. The text after the last line
-/// feed is not measured.
+/// Counts the lines, one more than there are, and measures the distances between line feeds. What
+/// follows the last line feed is not measured; a text that ends in a line break loses its last
+/// character and counts one more.
 Lines analyse(const QString& message) {
-  QString text = '\n'_L1 + message;
-  Lines lines{{}, 1, 0};
-  qsizetype previous = -1;
-  qsizetype start = 0;
-  for (;;) {
-    const qsizetype feed = text.indexOf('\n'_L1, start);
-    if (feed < 0) break;
-    ++lines.count;
-    lines.longest = std::max(lines.longest, previous < 0 ? 0 : feed - previous);
-    previous = feed;
-    start = feed + 1;
-    const bool endsHere = start >= text.size() || text.mid(start) == '\r'_L1;
-    if (endsHere) {  // the text ends in a line break
-      text.chop(1);
-      ++lines.count;
-      break;
-    }
+  Lines lines{message, 1, 1};
+  const QStringList parts = message.split('\n'_L1);
+  lines.count += static_cast<int>(parts.size());
+  for (const QString& part : parts.first(parts.size() - 1)) {
+    lines.longest = std::max(lines.longest, part.size() + 1);
   }
-  lines.text = text.mid(1);
-  lines.longest = std::max<qsizetype>(lines.longest, 1);
+  const bool endsInBreak = parts.size() > 1 && (parts.last().isEmpty() || parts.last() == "\r"_L1);
+  if (endsInBreak) {
+    lines.text.chop(1);
+    ++lines.count;
+  }
   return lines;
 }
 
@@ -130,7 +123,7 @@ int textTop(int lineCount) {
 MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   MessageLayout layout;
   const qsizetype bar = message.style.indexOf('|'_L1);
-  if (bar >= 0) layout.fontSize = message.style.mid(4).toInt();
+  if (bar >= 0) layout.fontSize = message.style.mid(bar + 1).toInt();
   layout.colours = coloursOf(bar >= 0 ? message.style.left(bar) : message.style);
   layout.symbol = message.symbol < 0 ? 2 : message.symbol;
   layout.title = message.title + u"      "_s;

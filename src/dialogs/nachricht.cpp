@@ -1,5 +1,6 @@
 #include "dialogs/nachricht.h"
 
+#include <QKeyEvent>
 #include <QRegularExpression>
 #include <QScreen>
 
@@ -42,6 +43,7 @@ nachricht::nachricht(QWidget* parent)
     auto& button =
         Command1.add(index, new QPushButton(captions.at(static_cast<size_t>(index - 1)), this));
     button.hide();
+    button.installEventFilter(this);
     connect(&button, &QPushButton::clicked, this, [this, index] { Command1_Click(index); });
     auto& picture =
         Image1.add(index, new Picture(symbolDrawing(index), message_design::kSymbolSize, this));
@@ -56,7 +58,7 @@ void nachricht::messein(const Message& message) {
     return inTwips(metrics.size(0, shownText(text)).width());
   };
   const MessageLayout layout = layoutMessage(message, measure);
-  closeAnswer_ = answer_ = calvora::closeAnswer(layout);
+  answer_ = closeAnswer(layout);
   setWindowTitle(layout.title);
   Label6->setText(shownText(layout.text));
   Label6->setFont(fontOfSize(font(), layout.fontSize));
@@ -118,9 +120,10 @@ void nachricht::Command1_Click(int index) {
   accept();
 }
 
-void nachricht::reject() {
-  answer_ = closeAnswer_;
-  QDialog::reject();
+bool nachricht::eventFilter(QObject* receiver, QEvent* event) {
+  const bool repeated =
+      event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+  return repeated || QDialog::eventFilter(receiver, event);
 }
 
 }  // namespace calvora

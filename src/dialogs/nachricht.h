@@ -25,7 +25,8 @@ class nachricht : public QDialog {
   /// The value of the pressed button; what closing stands for when none was pressed.
   [[nodiscard]] int answer() const { return answer_; }
 
-  void reject() override;
+  /// Keys that repeat because they are held down must not answer a message unseen.
+  bool eventFilter(QObject* receiver, QEvent* event) override;
 
   QFrame* Shape1;
   QLabel* Label6;
@@ -38,7 +39,6 @@ class nachricht : public QDialog {
   void colour(const MessageLayout& layout);
 
   int answer_ = 0;
-  int closeAnswer_ = button::kOk;
 };
 
 }  // namespace calvora

@@ -43,28 +43,32 @@ class Werteingabe {
  public:
   explicit Werteingabe(Questions& questions) : questions_(questions) {}
 
-  /// Checks a typed number and normalises it to the decimal comma. Code 0 valid, 1 empty,
-  /// 2 invalid (text unchanged).
+  /// Checks a typed number and normalises it to the decimal comma; "5," becomes "5 ". With code 9
+  /// on entry a leading "<" is allowed. Code 0 valid, 1 empty, 2 invalid (text unchanged).
   void wertprüf(QString& text, int& code) const;
 
   /// Checks a number against limits (empty: none) and normalises it to the decimal point. Code 0
-  /// valid, 1 empty, 2 invalid, 3 out of range, 9 a valid "<" value.
+  /// valid, 1 empty, 2 invalid, 3 out of range, 9 a valid "<" value, for which an empty maximum
+  /// becomes "0.1".
   void werteingabe(QString& text, const QString& minimum, QString& maximum, int& code) const;
 
   /// The number that a text with decimal comma shows: empty for an empty text, its scientific text
   /// for one with an exponent.
   void strzahl(const QString& text, NumberCell& value) const;
 
-  /// Display text of a number. A negative kind also replaces the value by what the text shows.
+  /// Display text of a number. A negative kind loses its sign and also replaces the value by what
+  /// the text shows, as kinds 2 and 9 always do; a magnitude below 5e-10 leaves text and value
+  /// empty, and kind 12 becomes 9 outside 1e-9 to 1e9.
   void formz(NumberCell& value, QString& text, int& kind) const;
 
   /// Display text of a number whose own variable does not matter; `value` must be finite.
   [[nodiscard]] QString formz(double value, int kind) const;
 
-  /// Reformats a typed text in place.
+  /// Reformats a typed text in place; a kind below 1 becomes 1. A text "0" is left alone.
   void wertformat(QString& text, int& kind) const;
 
-  /// Fixes the number of decimals of a text, 0 (cut) to 4 (rounded).
+  /// Fixes the number of decimals of a text, 0 (cut) to 4 (rounded); an empty text and "0" become
+  /// "0,00" first.
   void formstr(QString& text, int decimals) const;
 
  private:

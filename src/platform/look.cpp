@@ -1,6 +1,7 @@
 #include "platform/look.h"
 
 #include <QApplication>
+#include <QColor>
 #include <QFont>
 #include <QLibraryInfo>
 #include <QLocale>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QColor>
-
 class QApplication;
 class QWidget;
 
@@ -20,12 +18,7 @@ enum class Role {
 /// colours are the program's own, so that a dark desktop never meets a light box.
 void applyLook(QApplication& application);
 
+/// Gives a control the colours of its role; changing it later is allowed.
 void setRole(QWidget& control, Role role);
-
-/// A colour value in blue-green-red order: 0xBBGGRR.
-constexpr QColor colourFromBgr(unsigned value) {
-  return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
-          static_cast<int>(value >> 16 & 0xFF)};
-}
 
 }  // namespace calvora

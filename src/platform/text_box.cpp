@@ -1,6 +1,8 @@
 #include "platform/text_box.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QValidator>
 
 #include "entry/key_filter.h"
@@ -45,6 +47,7 @@ int keyCode(const QKeyEvent& event) {
 
 bool isEditingKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return false;
+  if (event.key() == Qt::Key_Escape) return false;
   const int code = keyCode(event);
   return (code == 0 || code == key::kSpace) && !event.text().isEmpty();
 }
@@ -67,6 +70,18 @@ void TextBox::showText(const QString& text) {
   setText(text);
   showing_ = false;
   known_ = text;
+}
+
+/// A dropped text is typed: the box takes the focus first, and what was left by that is finished
+/// before the text comes in.
+void TextBox::dropEvent(QDropEvent* event) {
+  if (isReadOnly()) return;
+  event->acceptProposedAction();
+  setFocus(Qt::MouseFocusReason);
+  const auto insertText = [this, text = event->mimeData()->text()] {
+    if (window()->focusWidget() == this) insert(text);
+  };
+  QMetaObject::invokeMethod(this, insertText, Qt::QueuedConnection);
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {

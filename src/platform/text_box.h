@@ -20,6 +20,7 @@ class TextBox : public QLineEdit {
   std::function<void(bool edits)> beforeKey = [](bool) {};
   /// Enter, Space, Up and Down, with the codes of `key`.
   std::function<void(int code)> keyDown = [](int) {};
+  /// Every typed character; one that is set to 0 is swallowed.
   std::function<void(int& code)> keyPress = [](int&) {};
   /// What is left of a text that arrives otherwise: pasted, dropped, or from an input method.
   std::function<QString(const QString&)> filter = [](const QString& text) { return text; };
@@ -30,6 +31,7 @@ class TextBox : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   class Filter;

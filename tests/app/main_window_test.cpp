@@ -2,7 +2,6 @@
 #include <QMenuBar>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <cmath>
 
 #include "support/window_support.h"
 
@@ -13,21 +12,17 @@ namespace {
 
 using Entries = QList<std::pair<int, QString>>;
 
-QString lines(const QStringList& list) {
-  return list.join(u"\n\r"_s);
-}
-
 QString rangeMessage(const QString& range) {
-  return lines({u"Die Eingabe überschreitet die  "_s,
-                u"die zulässige Eingabegrenze !  "_s,
-                {},
-                u"Eingabe-Bereich: "_s + range});
+  return joinedLines({u"Die Eingabe überschreitet die  "_s,
+                      u"die zulässige Eingabegrenze !  "_s,
+                      {},
+                      u"Eingabe-Bereich: "_s + range});
 }
 
-const QString kTogetherMessage = lines({u" Kb8,2  und  Ks8,2  können nicht"_s,
-                                        u" zusammen  vorliegen !"_s,
-                                        {},
-                                        u" zuletzt eingegebener Wert wird gelöscht !"_s});
+const QString kTogetherMessage = joinedLines({u" Kb8,2  und  Ks8,2  können nicht"_s,
+                                              u" zusammen  vorliegen !"_s,
+                                              {},
+                                              u" zuletzt eingegebener Wert wird gelöscht !"_s});
 const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
 
 /// Says OK to everything.
@@ -62,6 +57,8 @@ class MainWindowTest : public QObject {
   void commandsFinishTheEntryFirst();
   void thePhLocksOneCapacity();
   void theToggleConvertsTheConductivity();
+  void theToggleActsOnWhatIsTrueAfterTheEntry();
+  void aDroppedTextBelongsToItsBox();
   void typingOverAConvertedConductivityEntersItAt25Degrees();
   void closingAsksForUnsavedChanges_data();
   void closingAsksForUnsavedChanges();
@@ -95,7 +92,6 @@ void MainWindowTest::aWholeAnalysisIsTypedOnTheNumericPad() {
       {22, u"3,7"_s},     {23, u"60,0"_s}, {24, u"10,0"_s},  {25, u"20,0000"_s}};
   for (const auto& [index, text] : boxes) QCOMPARE(mask.window.Text1(index).text(), text);
   QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
-  QCOMPARE(mask.questions.complaints(), QString());
 }
 
 void MainWindowTest::everyMessageComesFromARealEntry_data() {
@@ -109,14 +105,14 @@ void MainWindowTest::everyMessageComesFromARealEntry_data() {
   const QString capacityHint = u"\n\r negative Ks8,2 Werte als Kb8,2 eingeben !"_s;
   QTest::newRow("1 conductivity too low for the pH, kept")
       << Entries{{1, u"20"_s}} << 2 << u"10"_s
-      << lines({u"LF- und pH- Wert passen nicht zusammen !"_s,
-                u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s})
+      << joinedLines({u"LF- und pH- Wert passen nicht zusammen !"_s,
+                      u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s})
       << QList<int>{} << 3;
   QTest::newRow("2 zero Ks4,3") << Entries{} << 5 << u"0"_s
-                                << lines({u" Der eingegebene Wert muss    "_s,
-                                          u" größer als Null sein !"_s,
-                                          {},
-                                          u"Ks4,3 >0 "_s})
+                                << joinedLines({u" Der eingegebene Wert muss    "_s,
+                                                u" größer als Null sein !"_s,
+                                                {},
+                                                u"Ks4,3 >0 "_s})
                                 << QList<int>{5} << 6;
   QTest::newRow("3 conductivity") << Entries{} << 1 << u"0,4"_s
                                   << rangeMessage(u"0,5 - 5000 µS/cm"_s) << QList<int>{1} << 2;
@@ -131,50 +127,51 @@ void MainWindowTest::everyMessageComesFromARealEntry_data() {
       << QList<int>{20} << 20;
   QTest::newRow("4 Ks8,2 above half of Ks4,3 comes back")
       << Entries{{5, u"1"_s}} << 4 << u"0,6"_s
-      << lines({u" Der Ks8,2 - Wert  muss  kleiner sein"_s, {}, u" als 0,5 x  Ks4,3 - Wert ! "_s})
+      << joinedLines(
+             {u" Der Ks8,2 - Wert  muss  kleiner sein"_s, {}, u" als 0,5 x  Ks4,3 - Wert ! "_s})
       << QList<int>{4} << 4;
   QTest::newRow("5 Ks4,3 below twice Ks8,2 comes back")
       << Entries{{4, u"0,5"_s}} << 5 << u"0,9"_s
-      << lines({u" Der Ks4,3-Wert muss größer sein"_s,
-                u" wie der Ks8,2-Wert. "_s,
-                {},
-                u" mind: 1,00"_s})
+      << joinedLines({u" Der Ks4,3-Wert muss größer sein"_s,
+                      u" wie der Ks8,2-Wert. "_s,
+                      {},
+                      u" mind: 1,00"_s})
       << QList<int>{5} << 5;
   QTest::newRow("6 Kb8,2") << Entries{} << 6 << u"2,6"_s
                            << rangeMessage(u" 0 - 2,5"_s) + capacityHint << QList<int>{6} << 20;
   QTest::newRow("7 total hardness below calcium")
       << Entries{{23, u"100"_s}} << 20 << u"10"_s
-      << lines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
-                u" als der vorhandene Wert  > Calcium <  !!!  "_s})
+      << joinedLines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
+                      u" als der vorhandene Wert  > Calcium <  !!!  "_s})
       << QList<int>{20} << 23;
   QTest::newRow("8 total hardness below magnesium")
       << Entries{{24, u"100"_s}} << 20 << u"10"_s
-      << lines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
-                u" als der vorhandene Wert  > Magnesium <  !!!"_s})
+      << joinedLines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
+                      u" als der vorhandene Wert  > Magnesium <  !!!"_s})
       << QList<int>{20} << 23;
   QTest::newRow("9 calcium above total hardness")
       << Entries{{20, u"10"_s}} << 23 << u"100"_s
-      << lines({u" Der eingegebene Wert für Calcium / Ca ist größer "_s,
-                u" als der vorhandene Wert  > Gesamthärte <  !!! "_s})
+      << joinedLines({u" Der eingegebene Wert für Calcium / Ca ist größer "_s,
+                      u" als der vorhandene Wert  > Gesamthärte <  !!! "_s})
       << QList<int>{23} << 24;
   QTest::newRow("10 magnesium above total hardness")
       << Entries{{20, u"10"_s}} << 24 << u"100"_s
-      << lines({u" Der eingegebene Wert für Magnesium / Mg ist größer "_s,
-                u" als der vorhandene Wert  > Gesamthärte <  !!!"_s})
+      << joinedLines({u" Der eingegebene Wert für Magnesium / Mg ist größer "_s,
+                      u" als der vorhandene Wert  > Gesamthärte <  !!!"_s})
       << QList<int>{24} << 25;
   QTest::newRow("11 pH above what Ks8,2 admits")
       << Entries{{4, u"0,5"_s}} << 2 << u"11"_s
-      << lines({u" Bei vorgegebenem KS8,2  muss der    "_s,
-                u" pH-Wert niedriger sein !!!"_s,
-                {},
-                u" pH <10,7"_s})
+      << joinedLines({u" Bei vorgegebenem KS8,2  muss der    "_s,
+                      u" pH-Wert niedriger sein !!!"_s,
+                      {},
+                      u" pH <10,7"_s})
       << QList<int>{2} << 3;
   QTest::newRow("12 Ks8,2 below what the pH needs")
       << Entries{{2, u"10,5"_s}} << 4 << u"0,2"_s
-      << lines({u" Bei vorgegebenem pH-Wert muss der   "_s,
-                u" Wert für  Ks8,2  größer sein !!!"_s,
-                {},
-                u"  Ks8,2 >=0,32"_s})
+      << joinedLines({u" Bei vorgegebenem pH-Wert muss der   "_s,
+                      u" Wert für  Ks8,2  größer sein !!!"_s,
+                      {},
+                      u"  Ks8,2 >=0,32"_s})
       << QList<int>{4} << 5;
   QTest::newRow("13 Kb8,2 beside Ks8,2")
       << Entries{{4, u"0,5"_s}} << 6 << u"0,1"_s << kTogetherMessage << QList<int>{6} << 20;
@@ -204,7 +201,6 @@ void MainWindowTest::everyMessageComesFromARealEntry() {
   QCOMPARE(mask.focusedBox(), focus);
   // Leaving again must not bring the message back.
   mask.press(Qt::Key_Down);
-  QCOMPARE(mask.questions.complaints(), QString());
 }
 
 void MainWindowTest::keysMoveTheFocus_data() {
@@ -212,13 +208,10 @@ void MainWindowTest::keysMoveTheFocus_data() {
   QTest::addColumn<int>("from");
   QTest::addColumn<Qt::Key>("key");
   QTest::addColumn<int>("to");
-  QTest::newRow("down") << QString() << 3 << Qt::Key_Down << 4;
   QTest::newRow("over the gap") << QString() << 6 << Qt::Key_Return << 20;
   QTest::newRow("over the computed boxes") << QString() << 20 << Qt::Key_Enter << 23;
-  QTest::newRow("back over them") << QString() << 23 << Qt::Key_Up << 20;
   QTest::newRow("past the last") << QString() << 26 << Qt::Key_Down << 1;
   QTest::newRow("before the first") << QString() << 1 << Qt::Key_Up << 1;
-  QTest::newRow("no way back over the gap") << QString() << 20 << Qt::Key_Up << 20;
   QTest::newRow("over locked Ks8,2") << u"7,5"_s << 3 << Qt::Key_Down << 5;
   QTest::newRow("back over locked Ks8,2") << u"7,5"_s << 5 << Qt::Key_Up << 3;
   QTest::newRow("over locked Kb8,2") << u"8,2"_s << 5 << Qt::Key_Enter << 20;
@@ -313,13 +306,16 @@ void MainWindowTest::spaceEmptiesTheBoxAndItsLeavingIsChecked() {
 void MainWindowTest::aQuickSecondEntryIsNotLost() {
   Mask mask;
   // No event loop runs between these keys, as when they come faster than the program.
-  for (const char c : {'4', '2', '0'}) QTest::keyClick(mask.window.focusWidget(), c);
-  QTest::keyClick(mask.window.focusWidget(), Qt::Key_Enter);
-  QTest::keyClick(mask.window.focusWidget(), '7');
-  QTest::keyClick(mask.window.focusWidget(), Qt::Key_Enter);
+  const auto quick = [&](auto key) { QTest::keyClick(mask.window.focusWidget(), key); };
+  for (const char c : {'4', '2', '0'}) quick(c);
+  quick(Qt::Key_Enter);
+  quick('7');
+  quick(Qt::Key_Tab);
+  quick(Qt::Key_Tab);
   mask.settle();
   QCOMPARE(mask.program.record.text[1], u"420,0000"_s);
   QCOMPARE(mask.program.record.text[2], u"7,0000"_s);
+  QCOMPARE(mask.program.fieldIndex, 3);
 }
 
 void MainWindowTest::aRejectedEntryKeepsTheFocusAndIsReportedOnce() {
@@ -330,7 +326,6 @@ void MainWindowTest::aRejectedEntryKeepsTheFocusAndIsReportedOnce() {
   QTest::mouseClick(&mask.window.Text1(26), Qt::LeftButton);
   mask.settle();
   QCOMPARE(mask.focusedBox(), 3);
-  QCOMPARE(mask.questions.complaints(), QString());
 }
 
 void MainWindowTest::leavingForAnotherProgramDoesNotFinishAnEntry() {
@@ -350,7 +345,7 @@ void MainWindowTest::leavingForAnotherProgramDoesNotFinishAnEntry() {
 
 void MainWindowTest::commandsFinishTheEntryFirst_data() {
   QTest::addColumn<QString>("command");
-  for (const auto* command : {"shortcut", "menu", "button", "close box"}) {
+  for (const auto* command : {"shortcut", "menu", "button", "close box", "Alt and close box"}) {
     QTest::newRow(command) << QString::fromLatin1(command);
   }
 }
@@ -365,7 +360,11 @@ void MainWindowTest::commandsFinishTheEntryFirst() {
   if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
   if (command == "menu"_L1) mask.window.mnu_ende->trigger();
   if (command == "button"_L1) QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
-  if (command == "close box"_L1) mask.window.close();
+  if (command.startsWith("Alt"_L1)) {
+    mask.window.menuBar()->setFocus(Qt::MenuBarFocusReason);
+    mask.settle();
+  }
+  if (command.endsWith("close box"_L1)) mask.window.close();
   mask.settle();
   QCOMPARE(mask.questions.complaints(), QString());
   QCOMPARE(mask.desktop.ended, 0);
@@ -386,13 +385,24 @@ void MainWindowTest::thePhLocksOneCapacity() {
   QCOMPARE(mask.program.record.value[4], FixedPoint{});
   mask.enter(2, QString());
   QVERIFY(!mask.window.Text1(4).isReadOnly());
+  // With the capacity goes what was computed from it.
+  mask.enter(3, u"10"_s);
+  mask.enter(5, u"2"_s);
+  mask.enter(2, u"8,5"_s);
+  mask.enter(4, u"0,05"_s);
+  QVERIFY(!mask.window.Label2(7).text().isEmpty() && !mask.window.Label2(11).text().isEmpty());
+  mask.enter(2, u"7,5"_s);
+  for (const int result : {7, 8, 11, 12, 13, 21}) {
+    QCOMPARE(mask.window.Label2(result).text(), QString());
+  }
+  mask.enter(2, QString());
+  mask.press(Qt::Key_Enter);
   // A box that is being locked under the focus hands it on.
   mask.focus(2);
   mask.keys(u"7"_s);
   QTest::mouseClick(&mask.window.Text1(4), Qt::LeftButton);
   mask.settle();
   QCOMPARE(mask.focusedBox(), 5);
-  QCOMPARE(mask.questions.complaints(), QString());
 }
 
 void MainWindowTest::theToggleConvertsTheConductivity() {
@@ -415,6 +425,35 @@ void MainWindowTest::theToggleConvertsTheConductivity() {
   mask.enter(25, u"20"_s);
   QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
   QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
+}
+
+void MainWindowTest::theToggleActsOnWhatIsTrueAfterTheEntry() {
+  Mask mask;
+  mask.enter(1, u"1000"_s);
+  mask.enter(3, u"15"_s);
+  mask.focus(3);
+  mask.press(Qt::Key_Space);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  QVERIFY(!mask.window.Command3->isEnabled());
+  QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
+  QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
+  mask.enter(3, u"15"_s);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  mask.focus(25);
+  mask.keys(u"20"_s);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
+  QCOMPARE(mask.program.record.value[25], 20_fp);
+}
+
+void MainWindowTest::aDroppedTextBelongsToItsBox() {
+  Mask mask;
+  mask.keys(u"420"_s);
+  mask.drop(5, u" 2,5 mmol/l"_s);
+  QCOMPARE(mask.focusedBox(), 5);
+  QCOMPARE(mask.program.record.value[1], 420_fp);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.program.record.value[5], 2.5_fp);
 }
 
 void MainWindowTest::typingOverAConvertedConductivityEntersItAt25Degrees() {
@@ -449,6 +488,9 @@ void MainWindowTest::closingAsksForUnsavedChanges() {
   Mask mask;
   mask.keys(typed);
   if (answer != 0) mask.questions.expect(kSaveQuestion, answer);
+  if (answer == button::kJa) {
+    mask.questions.expect(u" Analysen lassen sich in dieser Version noch nicht speichern ! "_s);
+  }
   QCOMPARE(mask.window.close(), ends);
   QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
   if (!typed.isEmpty()) QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
@@ -463,8 +505,10 @@ void MainWindowTest::restartEmptiesEverything() {
   mask.program.dataPresent = true;
   QVERIFY(mask.window.eincheck());
   mask.questions.expect(kSaveQuestion, button::kNein);
+  mask.focus(20);
   mask.press(Qt::Key_N, Qt::ControlModifier);
   QCOMPARE(mask.program.record, AnalysisRecord{});
+  QCOMPARE(mask.program.fieldIndex, 0);
   QCOMPARE(mask.program.header[1], QString());
   QVERIFY(!mask.program.entryChanged && !mask.program.dataPresent);
   QVERIFY(!mask.window.eincheck());
@@ -477,13 +521,25 @@ void MainWindowTest::restartEmptiesEverything() {
 void MainWindowTest::aFaultIsReportedAndTheProgramGoesOn() {
   Mask mask;
   const auto fault = [] { throw RuntimeError(ErrorNumber::kDivisionByZero); };
+  const auto takeErrors = [&] { return std::exchange(mask.questions.errors, {}); };
   mask.questions.expectAndRaise(rangeMessage(u"4- 12"_s), fault);
   mask.enter(2, u"13"_s);
-  QCOMPARE(mask.questions.errors, QStringList{u"11 main_T1_lostfocus"_s});
-  mask.questions.errors.clear();
+  QCOMPARE(takeErrors(), QStringList{u"11 main_T1_lostfocus"_s});
+  QCOMPARE(mask.window.Text1(2).text(), QString());
+  // A fault inside a step: the mask shows what the record holds, and locks what it rules out.
+  mask.enter(1, u"20"_s);
+  mask.questions.expectAndRaise(
+      joinedLines({u"LF- und pH- Wert passen nicht zusammen !"_s,
+                   u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s}),
+      fault);
+  mask.enter(2, u"10"_s);
+  QCOMPARE(takeErrors(), QStringList{u"11 main_T1_lostfocus"_s});
+  QVERIFY(mask.window.Text1(6).isReadOnly());
+  mask.questions.expectAndRaise(kSaveQuestion, fault);
+  mask.press(Qt::Key_N, Qt::ControlModifier);
+  QCOMPARE(takeErrors(), QStringList{u"11 main_neustart"_s});
   mask.enter(2, u"7"_s);
   QCOMPARE(mask.program.record.text[2], u"7,0000"_s);
-  QCOMPARE(mask.questions.complaints(), QString());
 }
 
 void MainWindowTest::theManualOpensOnlyWhereItExists() {
@@ -511,6 +567,12 @@ void MainWindowTest::everyBoxHasANameAndRoom() {
     QVERIFY2(label->width() >= label->fontMetrics().horizontalAdvance(label->text()),
              qPrintable(label->text()));
   }
+  mask.enter(1, u"1000"_s);
+  mask.enter(3, u"88,8888"_s);
+  QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
+  mask.settle();
+  const auto& unit = *mask.window.Label7;
+  QVERIFY(unit.width() >= unit.fontMetrics().horizontalAdvance(unit.text()) + 12);
   // At every resolution the window has its designed size, so its content fits into it.
   const double scale = mask.window.logicalDpiX() / 1440.0;
   QCOMPARE(mask.window.size(), QSize(qRound(15000 * scale), qRound(10900 * scale)));

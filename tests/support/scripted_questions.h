@@ -9,8 +9,8 @@
 
 namespace calvora {
 
-/// Answers questions by a script and fails the test on one that was not expected. Runtime errors
-/// are collected; a test that expects none ends with `verifyDone`.
+/// Answers questions by a script. What was not expected, what was expected and did not come, and
+/// runtime errors are complaints; a test ends with comparing them to none.
 class ScriptedQuestions : public Questions {
  public:
   /// Expects a message with exactly this text next, and presses that button.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
 
 #include "app/main_window.h"
@@ -32,6 +34,11 @@ struct Mask {
     window.Text1(1).setFocus();
     settle();
   }
+
+  /// A test that minds what was asked or reported looks itself and empties the script's record.
+  ~Mask() { QCOMPARE(questions.complaints(), QString()); }
+  Mask(const Mask&) = delete;
+  Mask& operator=(const Mask&) = delete;
 
   /// Finishes what the last event left queued.
   static void settle() { QCoreApplication::processEvents(); }
@@ -72,11 +79,15 @@ struct Mask {
     press(Qt::Key_Enter);
   }
 
-  /// Puts a text into a box in one piece, as pasting does.
-  void paste(int box, const QString& text) {
-    focus(box);
-    window.Text1(box).selectAll();
-    window.Text1(box).insert(text);
+  /// Drops a text on a box, which need not have the focus.
+  void drop(int box, const QString& text) {
+    QMimeData data;
+    data.setText(text);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window.Text1(box), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window.Text1(box), &event);
     settle();
   }
 
