@@ -1,5 +1,6 @@
 // The pH that agrees with the titrated capacities: by iteration and by approximation.
 #include <cmath>
+#include <numeric>
 #include <optional>
 
 #include "chem/karbonat.h"
@@ -109,9 +110,8 @@ constexpr Polynomial kSaltPoor{4.461, 13.44, -57.6211, 171.2016, -285.2858, 233.
 constexpr Polynomial kSaltRich{3.6062, 25.7273, -117.358, 297.2096, -413.0639, 293.5925, -81.541};
 
 double evaluate(const Polynomial& coefficients, double x) {
-  double sum = 0;
-  for (auto c = coefficients.rbegin(); c != coefficients.rend(); ++c) sum = sum * x + *c;
-  return sum;
+  return std::accumulate(coefficients.rbegin(), coefficients.rend(), 0.0,
+                         [x](double sum, double coefficient) { return sum * x + coefficient; });
 }
 
 }  // namespace

@@ -58,15 +58,15 @@ std::optional<QString> commaNotation(QString text, bool below) {
 /// at a character that no number has.
 bool toPointNotation(QString& text, bool below, int& code) {
   bool separatorSeen = false;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (isSeparator(text[i])) {
+  for (QChar& c : text) {
+    if (isSeparator(c)) {
       if (separatorSeen) {
         code = check::kInvalid;
       } else {
-        text[i] = kPoint;
+        c = kPoint;
         separatorSeen = true;
       }
-    } else if (!isDigit(text[i]) && (text[i] != kMinus || below)) {
+    } else if (!isDigit(c) && (c != kMinus || below)) {
       code = check::kInvalid;
       return false;
     }
