@@ -91,11 +91,13 @@ void main::finishLeftBoxes() {
   while (!leftBoxes_.isEmpty()) Text1_LostFocus(leftBoxes_.takeFirst());
 }
 
-// The menu bar may have the focus by now: what counts is the box that had it last.
 void main::finishEntry() {
   finishLeftBoxes();
-  if (!program_.entryChanged || focusedBox_ == 0) return;
-  leftBoxes_ += focusedBox_;
+  if (!program_.entryChanged) return;
+  int box = boxIndex(focusWidget());
+  if (box == 0) box = focusedBox_;  // the menu bar has the focus
+  if (box == 0) return;
+  leftBoxes_ += box;
   finishLeftBoxes();
 }
 

@@ -595,10 +595,11 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
   calvora::main window(program, questions, desktop);
   program.fieldIndex = 0;
   window.show();
+  int stored = 0;
   for (int sequence = 0; sequence < 10000; ++sequence) {
     program.restart();
     window.darstellen();
-    for (int entry = 0; entry < 4; ++entry) {
+    for (int entry = 0; entry < 5; ++entry) {
       TextBox& box = window.Text1(pick(kInputFields));
       if (box.isReadOnly()) continue;
       box.setFocus();
@@ -608,6 +609,7 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
     }
     const AnalysisRecord& record = program.record;
     for (const int index : kInputFields) {
+      stored += record.text[index].isEmpty() ? 0 : 1;
       if (record.text[index].isEmpty()) QCOMPARE(record.value[index], FixedPoint{});
     }
     if (record.value[2] >= 1_fp) QVERIFY(record.text[4].isEmpty() || record.text[6].isEmpty());
@@ -617,6 +619,7 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
     }
     QCOMPARE(questions.errors, QStringList{});
   }
+  QVERIFY2(stored > 10000, qPrintable(QString::number(stored)));
 }
 
 CALVORA_TEST_MAIN(MainWindowTest)
