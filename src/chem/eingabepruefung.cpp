@@ -61,15 +61,17 @@ void subcalc::checkeingabe(int index, const QString& text, int& status) {
   entry_.wertprüf(typed, code);
   status = code == check::kEmpty ? kFocusBack : 0;
   bool representable = true;
-  if (code != check::kValid) {
-    record.clearField(index);
-  } else {
+  record.clearField(index);
+  if (code == check::kValid) {
     NumberCell number;
     entry_.strzahl(typed, number);
-    const auto value = FixedPoint::tryFromDouble(numberOf(number));
-    representable = value.has_value();
-    record.value[index] = value.value_or(FixedPoint{});
-    if (representable) entry_.formstr(typed, 4);
+    representable = FixedPoint::tryFromDouble(numberOf(number)).has_value();
+    if (representable) {
+      // The value is that of the text shown, so that a file gives back what was computed with.
+      entry_.formstr(typed, 4);
+      entry_.strzahl(typed, number);
+      record.value[index] = FixedPoint::fromDouble(numberOf(number));
+    }
     record.text[index] = typed;
   }
   const bool rejected = !isEmpty(index) && rejectOutOfRange(index, representable, status);
@@ -179,7 +181,7 @@ void subcalc::clearFromKb82() {
 /// the highest pH that it admits.
 bool subcalc::phExceedsKs82() {
   const double ks82 = value(feld::kKs82);
-  if (ks82 >= hydroxideAt(value(feld::kPh))) return false;
+  if (ks82 >= hydroxideAt(program_.record.value[feld::kPh])) return false;
   const double limit = (std::log10(ks82) - 3) + 14;
   show(11, entry_.formz(limit, kind::kOneDecimal));
   return true;
@@ -191,7 +193,7 @@ bool subcalc::ks82TooSmallForPh() {
   constexpr double kFixedTolerance = 0.06;    // mmol/l
   constexpr double kRelativeTolerance = 0.2;  // of the hydroxide, from pH 9.9
   const FixedPoint ph = program_.record.value[feld::kPh];
-  const double needed = hydroxideAt(ph.toDouble());
+  const double needed = hydroxideAt(ph);
   const double tolerance = ph >= 9.9_fp ? kRelativeTolerance * needed : kFixedTolerance;
   if (value(feld::kKs82) + tolerance >= needed) return false;
   show(12, entry_.formz(needed, kind::kTwoDecimals));

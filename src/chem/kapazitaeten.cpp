@@ -86,12 +86,12 @@ double searchWithHydroxide(const Capacities& water) {
   double low = kHydroxideRegime / 100.0;
   double high = kHighestPh / 100.0;
   if (!(excess(low) < 0)) return low;
-  constexpr double kPhTolerance = 0.0001;
+  constexpr double kPhTolerance = 1e-6;
   while (high - low > kPhTolerance) {
     const double middle = (low + high) / 2;
     (excess(middle) < 0 ? low : high) = middle;
   }
-  return high;
+  return (low + high) / 2;
 }
 
 double searchPh(const Capacities& water, Search search) {
@@ -153,6 +153,7 @@ void subcalc::ph_aus_ksr() {
       ks82.isZero() ? saturatedSum(ks43, kb82) : saturatedDifference(ks43, ks82);
   if (denominator.isZero()) return clearEstimate();
   const double ratio = ks43.toDouble() / denominator.toDouble();
+  if (ratio <= 0) return clearEstimate();  // more base than acid capacity: no water has that
   if (ratio > 1.21) {
     record.text[feld::kPhNäherung] = u">9,6"_s;
     return;

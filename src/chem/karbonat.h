@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "entry/fixed_point.h"
+
 namespace calvora {
 
 // The carbonic acid system at one pH. Between two neighbouring species stands their dissociation
@@ -22,6 +24,11 @@ inline double carbonateAt(double ph, double pk2, double hydrogencarbonate) {
 /// Hydroxide at a pH, for a dissociation constant of water of 10^−14.
 inline double hydroxideAt(double ph) {
   return std::pow(10.0, ph - 11);
+}
+
+/// The same for a measured pH, whose exponent is formed in fixed point.
+inline double hydroxideAt(FixedPoint ph) {
+  return std::pow(10.0, saturatedDifference(ph, 11_fp).toDouble());
 }
 
 }  // namespace calvora

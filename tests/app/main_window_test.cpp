@@ -395,6 +395,10 @@ void MainWindowTest::thePhLocksOneCapacity() {
   for (const int result : {7, 8, 11, 12, 13, 21}) {
     QCOMPARE(mask.window.Label2(result).text(), QString());
   }
+  mask.enter(6, u"0,25"_s);
+  QVERIFY(!mask.window.Label2(7).text().isEmpty() && !mask.window.Label2(13).text().isEmpty());
+  mask.enter(2, u"8,5"_s);
+  for (const int result : {7, 13, 14, 15}) QCOMPARE(mask.window.Label2(result).text(), QString());
   mask.enter(2, QString());
   mask.press(Qt::Key_Enter);
   // A box that is being locked under the focus hands it on.
@@ -582,12 +586,16 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
   QRandomGenerator random(20261122);
   PatientQuestions questions;
   RecordingDesktop desktop;
-  const QStringList texts{u"0"_s,     u"0,5"_s,     u"7"_s,    u"7,5"_s,
-                          u"8,2"_s,   u"9,7"_s,     u"11"_s,   u"<1"_s,
-                          u"12,5"_s,  u"100"_s,     QString(), u"1,2,3"_s,
-                          u"0,001"_s, u"2,4"_s,     u"-1"_s,   u"420"_s,
-                          u"5000"_s,  u"0,00004"_s, u"60"_s,   u"99999999999999999999999"_s,
-                          u"25"_s,    u"0,2"_s,     u"1"_s,    u"10,4"_s};
+  // What a water may have, for each field, and what nobody should type.
+  const QHash<int, QStringList> plausible{{1, {u"420"_s, u"15"_s, u"1200"_s}},
+                                          {2, {u"7,5"_s, u"6,2"_s, u"8,5"_s, u"9,7"_s, u"10,4"_s}},
+                                          {3, {u"10"_s, u"55"_s}},
+                                          {4, {u"0,05"_s, u"0,9"_s, u"0,2"_s}},
+                                          {5, {u"2,5"_s, u"2,4"_s, u"6"_s}},
+                                          {6, {u"0,25"_s, u"1,2"_s, u"-0,1"_s}}};
+  const QStringList concentrations{u"60"_s, u"10"_s, u"0,5"_s, u"20"_s};
+  const QStringList odd{u"0"_s,    u"<1"_s,  u"1,2,3"_s,   QString(), u"-1"_s,
+                        u"5000"_s, u"100"_s, u"0,00004"_s, u"12,5"_s, QString(30, u'9')};
   const auto pick = [&](const auto& list) {
     return list[random.bounded(static_cast<int>(list.size()))];
   };
@@ -595,21 +603,22 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
   calvora::main window(program, questions, desktop);
   program.fieldIndex = 0;
   window.show();
-  int stored = 0;
+  QMap<int, int> computed;
   for (int sequence = 0; sequence < 10000; ++sequence) {
     program.restart();
     window.darstellen();
-    for (int entry = 0; entry < 5; ++entry) {
-      TextBox& box = window.Text1(pick(kInputFields));
+    for (int entry = 0; entry < 16; ++entry) {
+      const int field = pick(kInputFields);
+      TextBox& box = window.Text1(field);
       if (box.isReadOnly()) continue;
       box.setFocus();
       box.selectAll();
-      box.insert(pick(texts));
+      const bool isOdd = random.bounded(8) == 0;
+      box.insert(pick(isOdd ? odd : plausible.value(field, concentrations)));
       window.finishEntry();
     }
     const AnalysisRecord& record = program.record;
     for (const int index : kInputFields) {
-      stored += record.text[index].isEmpty() ? 0 : 1;
       if (record.text[index].isEmpty()) QCOMPARE(record.value[index], FixedPoint{});
     }
     if (record.value[2] >= 1_fp) QVERIFY(record.text[4].isEmpty() || record.text[6].isEmpty());
@@ -618,8 +627,14 @@ void MainWindowTest::anyEntriesKeepTheRecordSound() {
                qPrintable(record.text[index]));
     }
     QCOMPARE(questions.errors, QStringList{});
+    for (const int result : {7, 8, 11, 14, 15, 21, 22, 35}) {
+      computed[result] += record.text[result].isEmpty() ? 0 : 1;
+    }
   }
-  QVERIFY2(stored > 10000, qPrintable(QString::number(stored)));
+  // The entries must have reached every step.
+  for (const auto& [result, times] : computed.asKeyValueRange()) {
+    QVERIFY2(times > 200, qPrintable(u"%1: %2"_s.arg(result).arg(times)));
+  }
 }
 
 CALVORA_TEST_MAIN(MainWindowTest)

@@ -163,6 +163,9 @@ class ChemTest : public QObject {
       medium       | 2=7.5 3=10 5=2.5 6=0.25  | 11=152.5425'152,5 12=0.1541'0,15 13=11.0025'11,0
       soft         | 2=6.2 3=15 5=0.4 6=0.6   | 11=24.4068'24,4 12=0.0014'<0,01 13=26.406'26,4
       hard         | 2=7.2 3=12 5=6.4 6=1.1   | 11=390.5088'390,5 12=0.2093'0,21 13=48.411'48,4
+      little carbonate | 2=7 3=10 5=2.5 6=0.25 | 11=152.5425'152,5 12=0.0487'0,05 13=11.0025'11,0
+      little carbon dioxide | 2=8.9 3=25 4=0.05 5=2 | 11=115.9323'115,9 12=4.2459'4,25 13=0.2389'0,2
+      carbonate too large | 2=12 3=25 4=0.1 5=10000000000000 11=1 14=1 | 11 12 13 14
       acid         | 2=4.5 3=25 5=0.06 6=2.4  | 11=3.661'3,7 12'<0,01 13=105.624'105,6
       90 °C        | 2=7.9 3=90 5=1.3 6=0.02  | 11=79.3221'79,3 12=0.4527'0,45 13=0.8802'0,9
       1 °C         | 2=8.1999 3=1 5=3.1 6=0.001 | 11=189.1527'189,2 12=0.7183'0,72 13=0.044'0,0
@@ -181,6 +184,7 @@ class ChemTest : public QObject {
       ph_beit
       cold                   | 2=7.3 3=10   | 9=7.15'7,15
       caustic, 90 °C         | 2=12 3=90    | 9=12.65'12,65
+      text of the unrounded  | 2=7.0049 3=25.009 | 9=7.005'7,00
       too large              | 2=922337203685477 3=90 9=5 | 9
       a tie                  | 2=8.255 3=25 | 9=8.255'8,26
       no temperature         | 2=7 9=5      | 9=5'
@@ -189,6 +193,7 @@ class ChemTest : public QObject {
       soft, 1 °C             | 2=6.2 3=1 11=24.4 23=12 | 15=-2.9591'-3,0
       hard, 90 °C            | 2=9 3=90 11=244 23=120  | 15=2.9755'3,0
       just too small         | 2=9 3=25 11=0.1 15=1 23=0.01 | 15
+      product of four decimals | 2=7 11=0.0145 15=1 23=0.1 | 15
       just large enough      | 2=1 3=25 11=0.1 23=0.1  | 15=-12.2354'-12,2
       co2agg
       hard        | 2=7.2 3=10 6=0.5 11=244 13=20 20=16.8021 23=80.2 24=9 | 14=8.052'8,1 31=8'
@@ -204,6 +209,9 @@ class ChemTest : public QObject {
       SE below Mg     | last=20 20=10 24=50   | 20 24=50'50,0 | 8
       SE equals Ca    | last=20 20=13.97 23=100 | 20=13.97'14,0 23=100'100,0 24=0.001'0,0
       SE equals Mg    | last=20 20=11.5 24=50 | 20=11.5'11,5 23=0.001'0,0 24=50'50,0
+      SE just below Ca | last=20 20=13.9699 23=100 | 20 23=100'100,0 | 7
+      SE just below Mg | last=20 20=11.4999 24=50 | 20 24=50'50,0 | 8
+      SE exactly Mg   | last=20 20=0.69 24=3 | 20=0.69'0,7 23=0.001'0,0 24=3'3,0
       SE above Ca     | last=20 20=10 23=50   | 20=10'10,0 23=50'50,0 24=13.0839'13,1
       SE beside both  | last=20 20=10 23=50 24=20 | 20=10'10,0 23 24
       SE deleted      | last=20 23=50         | 20=6.986'7,0 23=50'50,0
@@ -233,6 +241,11 @@ class ChemTest : public QObject {
       a hundred from 6.5     | 2=6.5999 3=25 5=0.02 6=2.5 | 7=4.5'4,50
       a hundred from 7       | 2=6.6 3=25 5=0.02 6=2.5 | 7=5'5,00
       to and fro across 8.2  | 3=25 5=7 6=0.001 | 7=8.2'8,20
+      much carbon dioxide    | 3=10 5=1.5 6=1 | 7=6.64'6,64
+      no tolerance at 8.2    | 3=25 5=2 6'0 | 7=8.2'8,20
+      acid, just not met     | 2=6 3=10 5=1 6=1.6 | 7=6.42'6,42
+      acid, just met         | 2=6 3=10 5=1 6=1.35 | 7=6.5'6,50
+      caustic, met below 9.5 | 3=25 4=0.24 5=2 | 7=9.5'9,50
       alkaline               | 3=25 4=0.05 5=2 | 7=8.74'8,74
       alkaline, 90 °C        | 3=90 4=0.1 5=0.8 | 7=9.36'9,36
       negative Ks8,2         | 3=25 4=-0.5 5=2 7=1 |
@@ -250,9 +263,11 @@ class ChemTest : public QObject {
       ratio above 1.21       | 4=0.2101 5=1.21 35=1 | 35=1'>9,6
       Ks8,2 equals Ks4,3     | 4=2 5=2 35=1 | 35 pH'
       Kb8,2 cancels Ks4,3    | 5=2 6=-2 35=1 | 35 pH'
+      negative ratio         | 5=0.5 6=-0.6 35=1 | 35 pH'
       result too large       | 4=1000000.0001 5=1000000 35=1 | 35 pH'
       no Ks4,3               | 6=2 35=1 | 35 pH'
       rechenlauf
+      Ks8,2 alone            | 4=1 | only 8=11'11,00
       pH and temperature     | 2=7.3 3=10 | 9=7.15'7,15 10'n.b. pH' LF'
       ions without species   | 1=420 2=7.5 3=10 5=2.5 6=0.25 23=60 24=10 25=20 | only LF'239
       index without konst_k  | 2=7.5 3=10 11=152.5425 23=60 | only 15=2.0742'2,1
@@ -389,6 +404,7 @@ class ChemTest : public QObject {
       temperature no number       | 3=5-       | 3=10 4=0.5   | 3 noKs82
       temperature out of range    | 3=91       | 3=10 4=0.5   | 3 | 3 1-90 °C | focus
       Ks8,2 emptied               | 4=         | 4=0.5        | noKs82 | | focus
+      Ks8,2 emptied at a high pH  | 4=         | 2=10.5 4=0.4 | noKs82 | | focus
       Ks8,2 of 0 at pH 9          | 4=0        | 2=9          | 4'0,0000
       within the fixed tolerance  | 4=0,0195   | 2=9.8999     | 4=0.0195'0,0195
       below the fixed tolerance   | 4=0,0194   | 2=9.8999     | noKs82 | 12 0,08
@@ -400,6 +416,7 @@ class ChemTest : public QObject {
       Ks8,2 half of Ks4,3         | 4=0,5      | 5=1          | 4=0.5'0,5000
       Ks8,2 above half of Ks4,3   | 4=0,5001   | 5=1          | noKs82 | 4 | focus
       Ks4,3 emptied               | 5=         | 5=1          | noKs43 | | focus
+      Ks4,3 emptied, Ks8,2 there  | 5=         | 4=0.5 5=2    | noKs43 | | focus
       Ks4,3 of 0                  | 5=0        | 5=1          | noKs43 | 2 Ks4,3
       Ks4,3 that rounds to 0      | 5=0,00004  | 5=1          | noKs43 | 2 Ks4,3
       negative Ks4,3              | 5=-1       | 5=1          | noKs43 | 2 Ks4,3
@@ -408,8 +425,10 @@ class ChemTest : public QObject {
       minimum with three decimals | 5=0,004    | 4=0.004      | 5 | 5 0,008 | focus
       and with two from 0.009     | 5=0,004    | 4=0.0045     | 5 | 5 0,01 | focus
       Kb8,2 emptied               | 6=         | 6=1          | 6 13 14 15 | | focus
+      Kb8,2 emptied, Ks8,2 there  | 6=         | 4=0.5        | 6 13 14 15 | | focus
       Kb8,2 beside Ks8,2          | 6=0,1      | 4=0.5        | 6 13 14 15 | 13
       Kb8,2 beside a Ks8,2 of 0   | 6=0,1      | 4'0          | 6=0.1'0,1000
+      value and text round alike  | 2=12,00005 | 2=7          | 2 11 12 13 14 | 3 4- 12
       a point is a comma          | 20=12.5    |              | 20=12.5'12,5000
       a field without rules       | 30=9999999 |              | 30=9999999'9999999,0000
     )"_s)
