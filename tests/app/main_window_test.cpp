@@ -3,6 +3,7 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include "support/tables.h"
 #include "support/window_support.h"
 
 using namespace calvora;
@@ -10,19 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Entries = QList<std::pair<int, QString>>;
-
-QString rangeMessage(const QString& range) {
-  return joinedLines({u"Die Eingabe überschreitet die  "_s,
-                      u"die zulässige Eingabegrenze !  "_s,
-                      {},
-                      u"Eingabe-Bereich: "_s + range});
-}
-
-const QString kTogetherMessage = joinedLines({u" Kb8,2  und  Ks8,2  können nicht"_s,
-                                              u" zusammen  vorliegen !"_s,
-                                              {},
-                                              u" zuletzt eingegebener Wert wird gelöscht !"_s});
 const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
 
 /// Says OK to everything.
@@ -42,7 +30,6 @@ class MainWindowTest : public QObject {
   void aWholeAnalysisIsTypedOnTheNumericPad();
   void everyMessageComesFromARealEntry_data();
   void everyMessageComesFromARealEntry();
-  void keysMoveTheFocus_data();
   void keysMoveTheFocus();
   void tabWalksTheBoxesThenTheButtons();
   void onlyNumberCharactersEnterABox_data();
@@ -95,137 +82,70 @@ void MainWindowTest::aWholeAnalysisIsTypedOnTheNumericPad() {
 }
 
 void MainWindowTest::everyMessageComesFromARealEntry_data() {
-  QTest::addColumn<Entries>("before");
-  QTest::addColumn<int>("box");
-  QTest::addColumn<QString>("typed");
-  QTest::addColumn<QString>("message");
-  QTest::addColumn<QList<int>>("cleared");
-  QTest::addColumn<int>("focus");
-
-  const QString capacityHint = u"\n\r negative Ks8,2 Werte als Kb8,2 eingeben !"_s;
-  QTest::newRow("1 conductivity too low for the pH, kept")
-      << Entries{{1, u"20"_s}} << 2 << u"10"_s
-      << joinedLines({u"LF- und pH- Wert passen nicht zusammen !"_s,
-                      u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s})
-      << QList<int>{} << 3;
-  QTest::newRow("2 zero Ks4,3") << Entries{} << 5 << u"0"_s
-                                << joinedLines({u" Der eingegebene Wert muss    "_s,
-                                                u" größer als Null sein !"_s,
-                                                {},
-                                                u"Ks4,3 >0 "_s})
-                                << QList<int>{5} << 6;
-  QTest::newRow("3 conductivity") << Entries{} << 1 << u"0,4"_s
-                                  << rangeMessage(u"0,5 - 5000 µS/cm"_s) << QList<int>{1} << 2;
-  QTest::newRow("3 pH") << Entries{} << 2 << u"12,1"_s << rangeMessage(u"4- 12"_s) << QList<int>{2}
-                        << 3;
-  QTest::newRow("3 temperature comes back")
-      << Entries{} << 3 << u"91"_s << rangeMessage(u"1-90 °C"_s) << QList<int>{3} << 3;
-  QTest::newRow("3 iron comes back")
-      << Entries{} << 26 << u"20,1"_s << rangeMessage(u"0,01 - 20"_s) << QList<int>{26} << 26;
-  QTest::newRow("3 a number beyond all bounds")
-      << Entries{} << 20 << u"99999999999999999999"_s << rangeMessage(u"0,05 - 100 °d"_s)
-      << QList<int>{20} << 20;
-  QTest::newRow("4 Ks8,2 above half of Ks4,3 comes back")
-      << Entries{{5, u"1"_s}} << 4 << u"0,6"_s
-      << joinedLines(
-             {u" Der Ks8,2 - Wert  muss  kleiner sein"_s, {}, u" als 0,5 x  Ks4,3 - Wert ! "_s})
-      << QList<int>{4} << 4;
-  QTest::newRow("5 Ks4,3 below twice Ks8,2 comes back")
-      << Entries{{4, u"0,5"_s}} << 5 << u"0,9"_s
-      << joinedLines({u" Der Ks4,3-Wert muss größer sein"_s,
-                      u" wie der Ks8,2-Wert. "_s,
-                      {},
-                      u" mind: 1,00"_s})
-      << QList<int>{5} << 5;
-  QTest::newRow("6 Kb8,2") << Entries{} << 6 << u"2,6"_s
-                           << rangeMessage(u" 0 - 2,5"_s) + capacityHint << QList<int>{6} << 20;
-  QTest::newRow("7 total hardness below calcium")
-      << Entries{{23, u"100"_s}} << 20 << u"10"_s
-      << joinedLines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
-                      u" als der vorhandene Wert  > Calcium <  !!!  "_s})
-      << QList<int>{20} << 23;
-  QTest::newRow("8 total hardness below magnesium")
-      << Entries{{24, u"100"_s}} << 20 << u"10"_s
-      << joinedLines({u" Der Wert für Gesamthärte / SE ist kleiner "_s,
-                      u" als der vorhandene Wert  > Magnesium <  !!!"_s})
-      << QList<int>{20} << 23;
-  QTest::newRow("9 calcium above total hardness")
-      << Entries{{20, u"10"_s}} << 23 << u"100"_s
-      << joinedLines({u" Der eingegebene Wert für Calcium / Ca ist größer "_s,
-                      u" als der vorhandene Wert  > Gesamthärte <  !!! "_s})
-      << QList<int>{23} << 24;
-  QTest::newRow("10 magnesium above total hardness")
-      << Entries{{20, u"10"_s}} << 24 << u"100"_s
-      << joinedLines({u" Der eingegebene Wert für Magnesium / Mg ist größer "_s,
-                      u" als der vorhandene Wert  > Gesamthärte <  !!!"_s})
-      << QList<int>{24} << 25;
-  QTest::newRow("11 pH above what Ks8,2 admits")
-      << Entries{{4, u"0,5"_s}} << 2 << u"11"_s
-      << joinedLines({u" Bei vorgegebenem KS8,2  muss der    "_s,
-                      u" pH-Wert niedriger sein !!!"_s,
-                      {},
-                      u" pH <10,7"_s})
-      << QList<int>{2} << 3;
-  QTest::newRow("12 Ks8,2 below what the pH needs")
-      << Entries{{2, u"10,5"_s}} << 4 << u"0,2"_s
-      << joinedLines({u" Bei vorgegebenem pH-Wert muss der   "_s,
-                      u" Wert für  Ks8,2  größer sein !!!"_s,
-                      {},
-                      u"  Ks8,2 >=0,32"_s})
-      << QList<int>{4} << 5;
-  QTest::newRow("13 Kb8,2 beside Ks8,2")
-      << Entries{{4, u"0,5"_s}} << 6 << u"0,1"_s << kTogetherMessage << QList<int>{6} << 20;
-  QTest::newRow("13 Ks8,2 beside Kb8,2")
-      << Entries{{6, u"0,1"_s}} << 4 << u"0,5"_s << kTogetherMessage << QList<int>{4} << 5;
+  // What is there before; what is typed; the message; whether it is cleared; the box then focused.
+  addRows(
+      uR"(
+    conductivity too low for the pH | 1=20   | 2=10     | 1 25                | kept    | 3
+    zero Ks4,3                      |        | 5=0      | 2 Ks4,3             | cleared | 6
+    conductivity                    |        | 1=0,4    | 3 0,5 - 5000 µS/cm  | cleared | 2
+    conductivity above              |        | 1=5001   | 3 0,5 - 5000 µS/cm  | cleared | 2
+    pH                              |        | 2=12,1   | 3 4- 12             | cleared | 3
+    temperature                     |        | 3=91     | 3 1-90 °C           | cleared | 3
+    total hardness beyond all       |        | 20=99999999999999999999 | 3 0,05 - 100 °d | cleared | 20
+    calcium                         |        | 23=0,05  | 3 0,1 - 700         | cleared | 23
+    magnesium                       |        | 24=421   | 3 0,1 - 420␣        | cleared | 24
+    chloride                        |        | 25=501   | 3 0,01 - 500        | cleared | 25
+    iron                            |        | 26=20,1  | 3 0,01 - 20         | cleared | 26
+    Ks8,2 above half of Ks4,3       | 5=1    | 4=0,6    | 4                   | cleared | 4
+    Ks4,3 below twice Ks8,2         | 4=0,5  | 5=0,9    | 5 1,00              | cleared | 5
+    a minimum with three decimals   | 4=0,004 | 5=0,004 | 5 0,008             | cleared | 5
+    Ks8,2                           |        | 4=11     | 6  0 - 10           | cleared | 5
+    Ks4,3                           |        | 5=8      | 6  0 - 7,0          | cleared | 6
+    Kb8,2                           |        | 6=2,6    | 6  0 - 2,5          | cleared | 20
+    total hardness below calcium    | 23=100 | 20=10    | 7                   | cleared | 23
+    total hardness below magnesium  | 24=100 | 20=10    | 8                   | cleared | 23
+    calcium above total hardness    | 20=10  | 23=100   | 9                   | cleared | 24
+    magnesium above total hardness  | 20=10  | 24=100   | 10                  | cleared | 25
+    pH above what Ks8,2 admits      | 4=0,5  | 2=11     | 11 10,7             | cleared | 3
+    Ks8,2 below what the pH needs   | 2=10,5 | 4=0,2    | 12 0,32             | cleared | 5
+    Kb8,2 beside Ks8,2              | 4=0,5  | 6=0,1    | 13                  | cleared | 20
+    Ks8,2 beside Kb8,2              | 6=0,1  | 4=0,5    | 13                  | cleared | 5
+  )"_s);
 }
 
 void MainWindowTest::everyMessageComesFromARealEntry() {
-  QFETCH(Entries, before);
-  QFETCH(int, box);
-  QFETCH(QString, typed);
-  QFETCH(QString, message);
-  QFETCH(QList<int>, cleared);
-  QFETCH(int, focus);
-
+  QFETCH(QStringList, row);
   Mask mask;
-  for (const auto& [index, text] : before) mask.enter(index, text);
-  mask.questions.expect(message);
-  mask.enter(box, typed);
-  QCOMPARE(mask.questions.complaints(), QString());
+  const auto enter = [&](const QString& entry) {
+    if (!entry.isEmpty()) mask.enter(entry.section('=', 0, 0).toInt(), entry.section('=', 1));
+  };
+  enter(row[1]);
+  mask.questions.expect(says(row[3]));
+  enter(row[2]);
   QCOMPARE(mask.questions.asked.front().title, u"Eingabefehler"_s);
-  for (const int index : cleared) {
-    QCOMPARE(mask.window.Text1(index).text(), QString());
-    QCOMPARE(mask.program.record.value[index], FixedPoint{});
-  }
-  if (cleared.isEmpty()) QCOMPARE(mask.window.Text1(box).text().isEmpty(), false);
-  QCOMPARE(mask.focusedBox(), focus);
-  // Leaving again must not bring the message back.
-  mask.press(Qt::Key_Down);
-}
-
-void MainWindowTest::keysMoveTheFocus_data() {
-  QTest::addColumn<QString>("ph");
-  QTest::addColumn<int>("from");
-  QTest::addColumn<Qt::Key>("key");
-  QTest::addColumn<int>("to");
-  QTest::newRow("over the gap") << QString() << 6 << Qt::Key_Return << 20;
-  QTest::newRow("over the computed boxes") << QString() << 20 << Qt::Key_Enter << 23;
-  QTest::newRow("past the last") << QString() << 26 << Qt::Key_Down << 1;
-  QTest::newRow("before the first") << QString() << 1 << Qt::Key_Up << 1;
-  QTest::newRow("over locked Ks8,2") << u"7,5"_s << 3 << Qt::Key_Down << 5;
-  QTest::newRow("back over locked Ks8,2") << u"7,5"_s << 5 << Qt::Key_Up << 3;
-  QTest::newRow("over locked Kb8,2") << u"8,2"_s << 5 << Qt::Key_Enter << 20;
+  const int box = row[2].section('=', 0, 0).toInt();
+  QCOMPARE(mask.window.Text1(box).text().isEmpty(), row[4] == "cleared"_L1);
+  QCOMPARE(mask.program.record.value[box].isZero(), row[4] == "cleared"_L1);
+  QCOMPARE(mask.focusedBox(), row[5].toInt());
+  mask.press(Qt::Key_Down);  // leaving again must not bring the message back
 }
 
 void MainWindowTest::keysMoveTheFocus() {
-  QFETCH(QString, ph);
-  QFETCH(int, from);
-  QFETCH(Qt::Key, key);
   Mask mask;
-  if (!ph.isEmpty()) mask.enter(2, ph);
-  mask.focus(from);
-  mask.press(key);
-  QTEST(mask.focusedBox(), "to");
+  const auto leadsTo = [&](int from, Qt::Key key) {
+    mask.focus(from);
+    mask.press(key);
+    return mask.focusedBox();
+  };
+  QCOMPARE(leadsTo(6, Qt::Key_Return), 20);
+  QCOMPARE(leadsTo(20, Qt::Key_Enter), 23);
+  QCOMPARE(leadsTo(26, Qt::Key_Down), 1);
+  QCOMPARE(leadsTo(1, Qt::Key_Up), 1);
+  mask.enter(2, u"7,5"_s);
+  QCOMPARE(leadsTo(3, Qt::Key_Down), 5);
+  QCOMPARE(leadsTo(5, Qt::Key_Up), 3);
+  mask.enter(2, u"8,2"_s);
+  QCOMPARE(leadsTo(5, Qt::Key_Enter), 20);
 }
 
 void MainWindowTest::tabWalksTheBoxesThenTheButtons() {
@@ -320,7 +240,7 @@ void MainWindowTest::aQuickSecondEntryIsNotLost() {
 
 void MainWindowTest::aRejectedEntryKeepsTheFocusAndIsReportedOnce() {
   Mask mask;
-  mask.questions.expect(rangeMessage(u"1-90 °C"_s));
+  mask.questions.expect(says(u"3 1-90 °C"_s));
   mask.focus(3);
   mask.keys(u"99"_s);
   QTest::mouseClick(&mask.window.Text1(26), Qt::LeftButton);
@@ -355,7 +275,7 @@ void MainWindowTest::commandsFinishTheEntryFirst() {
   Mask mask;
   mask.focus(3);
   mask.keys(u"99"_s);
-  mask.questions.expect(rangeMessage(u"1-90 °C"_s));
+  mask.questions.expect(says(u"3 1-90 °C"_s));
   mask.questions.expect(kSaveQuestion, button::kAbbrechen);
   if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
   if (command == "menu"_L1) mask.window.mnu_ende->trigger();
@@ -526,16 +446,13 @@ void MainWindowTest::aFaultIsReportedAndTheProgramGoesOn() {
   Mask mask;
   const auto fault = [] { throw RuntimeError(ErrorNumber::kDivisionByZero); };
   const auto takeErrors = [&] { return std::exchange(mask.questions.errors, {}); };
-  mask.questions.expectAndRaise(rangeMessage(u"4- 12"_s), fault);
+  mask.questions.expectAndRaise(says(u"3 4- 12"_s), fault);
   mask.enter(2, u"13"_s);
   QCOMPARE(takeErrors(), QStringList{u"11 main_T1_lostfocus"_s});
   QCOMPARE(mask.window.Text1(2).text(), QString());
   // A fault inside a step: the mask shows what the record holds, and locks what it rules out.
   mask.enter(1, u"20"_s);
-  mask.questions.expectAndRaise(
-      joinedLines({u"LF- und pH- Wert passen nicht zusammen !"_s,
-                   u"Bei dem eingegebenen pH-Wert muss    "_s, u" LF  mind. 25 µS/cm  sein !"_s}),
-      fault);
+  mask.questions.expectAndRaise(says(u"1 25"_s), fault);
   mask.enter(2, u"10"_s);
   QCOMPARE(takeErrors(), QStringList{u"11 main_T1_lostfocus"_s});
   QVERIFY(mask.window.Text1(6).isReadOnly());
