@@ -13,6 +13,9 @@
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
 #include "platform/look.h"
+#include "storage/dateien.h"
+#include "storage/datenpfad.h"
+#include "storage/firma.h"
 #include "storage/meldungen.h"
 
 namespace calvora {
@@ -20,6 +23,20 @@ namespace calvora {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Shows the window of a kind that is open, or a new one: two of them would overwrite each other.
+template <class Window>
+void showOnce(const QWidget& parent, const std::function<Window*()>& make) {
+  Window* window = nullptr;
+  for (QObject* child : parent.children()) {
+    auto* open = dynamic_cast<Window*>(child);
+    if (open != nullptr && open->isVisible()) window = open;
+  }
+  if (window == nullptr) window = make();
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
 
 void showText(QLabel& label, const QString& text) {
   if (label.text() != text) label.setText(text);
@@ -55,6 +72,7 @@ bool main::event(QEvent* event) {
 
 void main::Form_Load() {
   program_.fieldIndex = kFirstActivationPending;
+  readSettings(program_.settings, program_.programFolder);
   darstellen();
 }
 
@@ -254,12 +272,48 @@ void main::datenkill(int number) {
 QString main::datensich() {
   if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
   const int answer = katalogMeldung(questions_, meldung::kVorherSpeichern);
-  if (answer == button::kJa) {
-    questions_.ask({.text = u" Analysen lassen sich in dieser Version noch nicht speichern ! "_s,
-                    .title = u"Datei"_s,
-                    .symbol = 2});
-  }
+  if (answer == button::kJa) showSaveWindow();
   return answer == button::kNein ? QString() : kAbbruch;
+}
+
+void main::showSaveWindow() {
+  Dateien window(program_, questions_, desktop_, this);
+  window.exec();
+}
+
+void main::mnu_load_Click() {
+  if (datensich() == kAbbruch) return;
+  Dateien window(program_, questions_, desktop_, this);
+  window.reset = [this] { datenkill(0); };
+  int result = 0;
+  do {
+    result = 0;
+    window.dateiladen(result);
+  } while (result == static_cast<int>(ErrorNumber::kFileNotFound));
+  if (result != 0) return;
+  // No entry of the analysis that was there before may decide how this one is completed.
+  program_.fieldIndex = 0;
+  berechnen();
+  window.exec();
+}
+
+void main::mnu_save_Click() {
+  for (int index = 1; index <= 30; ++index) {
+    if (!program_.record.text[index].isEmpty()) program_.dataPresent = true;
+  }
+  if (program_.dataPresent) {
+    showSaveWindow();
+  } else {
+    katalogMeldung(questions_, meldung::kNichtsZuSpeichern);
+  }
+}
+
+void main::mnu2_pfad_Click() {
+  showOnce<datenpfad>(*this, [this] { return new datenpfad(program_, questions_, this); });
+}
+
+void main::mnu2_fatext_Click() {
+  showOnce<firma>(*this, [this] { return new firma(program_, questions_, this); });
 }
 
 bool main::eincheck() const {
@@ -276,6 +330,7 @@ void main::mnu_neustart_Click() {
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
   darstellen();
+  readSettings(program_.settings, program_.programFolder);
 }
 
 void main::Command2_Click() {

@@ -86,13 +86,18 @@ class main : public QMainWindow {
   void Text1_LostFocus(int index);
   void Command2_Click();
   void Command3_Click();
+  void mnu_load_Click();
+  void mnu_save_Click();
   void mnu_neustart_Click();
+  void mnu2_pfad_Click();
+  void mnu2_fatext_Click();
   void mnu2_handbuch_Click();
 
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
   void leaveBox(int index);
   void finishLeftBoxes();
+  void showSaveWindow();
   void moveFocus(int index, int step);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;

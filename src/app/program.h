@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QDate>
+#include <functional>
+
 #include "app/record.h"
+#include "storage/settings.h"
 
 namespace calvora {
 
@@ -19,6 +23,10 @@ struct Program {
   int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
   bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
   QString programFolder;
+  Settings settings;
+
+  /// Tells what day it is; tests set their own.
+  std::function<QDate()> today = [] { return QDate::currentDate(); };
 
   /// Captions of the two narrow displays beside the results 10 and 7.
   QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm

@@ -7,7 +7,8 @@ namespace calvora {
 
 /// Slots of the flag array that the program uses so far.
 namespace flag {
-inline constexpr int kStatus = 1;  ///< "1": there are unsaved changes
+inline constexpr int kNameLine = 0;  ///< name line of the file written last
+inline constexpr int kStatus = 1;    ///< "1": there are unsaved changes
 }  // namespace flag
 
 /// The one water analysis that the program holds. An input field is empty exactly when its text is;

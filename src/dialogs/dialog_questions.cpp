@@ -1,6 +1,7 @@
 #include "dialogs/dialog_questions.h"
 
 #include <QApplication>
+#include <QMainWindow>
 
 #include "dialogs/nachricht.h"
 
@@ -10,8 +11,21 @@ DialogQuestions::~DialogQuestions() {
   delete errorWindow_;
 }
 
+namespace {
+
+/// The window that a message belongs to. Right after another dialog has closed none may be active.
+QWidget* askingWindow() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
 int DialogQuestions::ask(const Message& message) {
-  nachricht window(QApplication::activeWindow());
+  nachricht window(askingWindow());
   window.messein(message);
   window.exec();
   return window.answer();

@@ -16,6 +16,7 @@ enum class ErrorNumber : int {
   kInternal = 51,
   kFileNotFound = 53,
   kFileAlreadyOpen = 55,
+  kDiskFull = 61,
   kEndOfFile = 62,
   kPermission = 70,
   kPathAccess = 75,

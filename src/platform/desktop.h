@@ -2,7 +2,16 @@
 
 #include <QString>
 
+class QWidget;
+
 namespace calvora {
+
+/// What a file dialog is to offer.
+struct FileRequest {
+  QString folder;     ///< where it opens
+  QString extension;  ///< without point; the default, and the only kind shown
+  QString proposed;   ///< file name that is proposed when saving
+};
 
 /// What the windows need of the desktop besides windows. The program uses the real one, a test one
 /// that records.
@@ -18,6 +27,13 @@ class Desktop {
 
   /// Opens a document with the program that the system has for it. False if it has none.
   virtual bool openDocument(const QString& path) = 0;
+
+  /// The path of the file to open. Runtime error 32755 if the user cancels.
+  virtual QString askOpenFile(QWidget* parent, const FileRequest& request) = 0;
+
+  /// The path of the file to save, with the question before an existing one is replaced. Runtime
+  /// error 32755 if the user cancels.
+  virtual QString askSaveFile(QWidget* parent, const FileRequest& request) = 0;
 };
 
 /// The desktop that the program runs on.
@@ -25,6 +41,8 @@ class RealDesktop final : public Desktop {
  public:
   void endProgram() override;
   bool openDocument(const QString& path) override;
+  QString askOpenFile(QWidget* parent, const FileRequest& request) override;
+  QString askSaveFile(QWidget* parent, const FileRequest& request) override;
 };
 
 }  // namespace calvora

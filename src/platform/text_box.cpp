@@ -15,11 +15,20 @@ class TextBox::Filter : public QValidator {
   explicit Filter(TextBox& box) : QValidator(&box), box_(box) {}
 
   State validate(QString& text, int& cursor) const override {
-    if (!box_.showing_) {
-      const QString kept = box_.filter(text);
-      cursor = static_cast<int>(box_.filter(text.left(cursor)).size());
-      text = kept;
+    if (box_.showing_) return Acceptable;
+    const QString& known = box_.known_;
+    const qsizetype shorter = std::min(text.size(), known.size());
+    qsizetype before = 0;
+    while (before < shorter && text[before] == known[before]) ++before;
+    qsizetype after = 0;
+    while (after < shorter - before &&
+           text[text.size() - 1 - after] == known[known.size() - 1 - after]) {
+      ++after;
     }
+    const qsizetype incoming = text.size() - before - after;
+    const QString kept = box_.filter(text.mid(before, incoming), before == 0);
+    text.replace(before, incoming, kept);
+    cursor = std::min(cursor, static_cast<int>(before + kept.size()));
     return Acceptable;
   }
 
@@ -47,7 +56,6 @@ int keyCode(const QKeyEvent& event) {
 
 bool isEditingKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return false;
-  if (event.key() == Qt::Key_Escape) return false;
   const int code = keyCode(event);
   return (code == 0 || code == key::kSpace) && !event.text().isEmpty();
 }
@@ -85,6 +93,10 @@ void TextBox::dropEvent(QDropEvent* event) {
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {  // closes the window, where that is what it does
+    event->ignore();
+    return;
+  }
   beforeKey(isEditingKey(*event));
   event->accept();
   if (window()->focusWidget() != this)
@@ -100,7 +112,7 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     keyPress(character);
     if (character == 0) return;
   }
-  if (code == 0) QLineEdit::keyPressEvent(event);
+  if (code == 0 || code == key::kSpace) QLineEdit::keyPressEvent(event);
 }
 
 }  // namespace calvora

@@ -22,8 +22,11 @@ class TextBox : public QLineEdit {
   std::function<void(int code)> keyDown = [](int) {};
   /// Every typed character; one that is set to 0 is swallowed.
   std::function<void(int& code)> keyPress = [](int&) {};
-  /// What is left of a text that arrives otherwise: pasted, dropped, or from an input method.
-  std::function<QString(const QString&)> filter = [](const QString& text) { return text; };
+  /// What is left of a text that comes in, by whatever way, and whether it comes in at the start.
+  /// What stood in the box before is never touched.
+  std::function<QString(const QString& text, bool atStart)> filter = [](const QString& text, bool) {
+    return text;
+  };
 
  signals:
   /// The user changed the text, by whatever means.

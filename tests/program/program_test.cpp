@@ -1,6 +1,5 @@
 // The whole program, driven through its real windows: start, questions, runtime errors, end.
 #include <QDialog>
-#include <QTimer>
 
 #include "app/application.h"
 #include "app/start_window.h"
@@ -12,15 +11,6 @@ using namespace calvora;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What is to happen to the next message window, once it is shown.
-void onNextMessage(QObject* context, std::function<void(nachricht&)> act) {
-  QTimer::singleShot(30, context, [act = std::move(act)] {
-    auto* window = dynamic_cast<nachricht*>(QApplication::activeModalWidget());
-    QVERIFY2(window != nullptr, "no message window came");
-    act(*window);
-  });
-}
 
 Message question(int buttons) {
   return {
@@ -89,7 +79,7 @@ void ProgramTest::aRejectedEntryIsTold() {
   window.Text1(2).setFocus();
   QTest::keyClicks(&window.Text1(2), u"13"_s);
   QString told;
-  onNextMessage(this, [&](nachricht& message) {
+  onNextModal<nachricht>(this, [&](nachricht& message) {
     told = message.Label6->text();
     QCOMPARE(message.windowTitle(), u"Eingabefehler      "_s);
     QVERIFY(message.Image1(1).isVisible() && !message.Image1(3).isVisible());
@@ -120,7 +110,7 @@ void ProgramTest::keysAnswerAMessage() {
   QFETCH(Qt::Key, key);
   RecordingDesktop desktop;
   DialogQuestions questions(desktop);
-  onNextMessage(this, [&](nachricht& message) {
+  onNextModal<nachricht>(this, [&](nachricht& message) {
     for (int index = 1; index <= 5; ++index) {
       QCOMPARE(message.Command1(index).isVisible(), (buttons & buttonValue(index)) != 0);
     }

@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTest>
+#include <QTimer>
 
 #include "app/main_window.h"
 #include "platform/look.h"
@@ -11,9 +12,13 @@
 
 namespace calvora {
 
-/// A desktop that only records what it was asked for.
+/// A desktop that only records what it was asked for. Its file dialogs answer with the paths that
+/// the test lined up, and are cancelled when there is none left.
 class RecordingDesktop : public Desktop {
  public:
+  QString askOpenFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
+  QString askSaveFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
+
   void endProgram() override { ++ended; }
   bool openDocument(const QString& path) override {
     opened += path;
@@ -22,7 +27,31 @@ class RecordingDesktop : public Desktop {
 
   int ended = 0;
   QStringList opened;
+  QStringList paths;
+  std::vector<FileRequest> requests;
+
+ private:
+  QString nextPath(const FileRequest& request) {
+    requests.push_back(request);
+    if (paths.isEmpty()) throw RuntimeError(ErrorNumber::kDialogCancelled);
+    return paths.takeFirst();
+  }
 };
+
+/// What is to happen to the next modal window of a kind, once it is shown. The test fails if none
+/// comes.
+template <class Window>
+void onNextModal(QObject* context, std::function<void(Window&)> act, int triesLeft = 100) {
+  QTimer::singleShot(20, context, [context, act = std::move(act), triesLeft] {
+    if (auto* window = dynamic_cast<Window*>(QApplication::activeModalWidget())) {
+      act(*window);
+    } else if (triesLeft > 0) {
+      onNextModal<Window>(context, act, triesLeft - 1);
+    } else {
+      QFAIL("the modal window did not come");
+    }
+  });
+}
 
 /// The real main window over a fresh state, with a script for its questions and the start window
 /// already gone.

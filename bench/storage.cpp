@@ -1,0 +1,48 @@
+// How long saving takes from the confirmed dialog to the closed window, and loading with computing
+// and redisplaying everything.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "bench_support.h"
+#include "storage/analysis_file.h"
+#include "storage/dateien.h"
+
+using namespace calvora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void saveFromTheConfirmedDialog(benchmark::State& state) {
+  const QTemporaryDir folder;
+  Bench bench(acidWater());
+  bench.desktop.file = folder.filePath(u"analyse.cva"_s);
+  for (auto _ : state) {
+    Dateien window(bench.program, bench.questions, bench.desktop, &bench.window);
+    window.show();
+    window.Command1->click();
+    if (window.isVisible()) state.SkipWithError("the analysis was not saved");
+  }
+}
+
+void loadAndCompute(benchmark::State& state) {
+  const QTemporaryDir folder;
+  Bench bench(acidWater());
+  const QString path = folder.filePath(u"analyse.cva"_s);
+  writeAnalysis(bench.program, path, u"analyse.cva"_s);
+  for (auto _ : state) {
+    if (!readAnalysis(bench.program, path, [&] { bench.window.datenkill(0); })) {
+      state.SkipWithError("the analysis was not read");
+    }
+    bench.window.berechnen();
+  }
+}
+
+BENCHMARK(saveFromTheConfirmedDialog);
+BENCHMARK(loadAndCompute);
+
+}  // namespace
+
+CALVORA_BENCHMARK_MAIN()

@@ -1,0 +1,44 @@
+#include "platform/remark_box.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+
+namespace calvora {
+
+RemarkBox::RemarkBox(QWidget* parent) : QPlainTextEdit(parent) {
+  setTabChangesFocus(true);
+}
+
+void RemarkBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    event->accept();
+    enter();
+    return;
+  }
+  const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
+                       !event->modifiers().testFlag(Qt::AltModifier);
+  if (!command && event->text().size() == 1 && event->key() != Qt::Key_Delete &&
+      event->key() != Qt::Key_Escape) {
+    int code = event->text().front().unicode();
+    keyPress(code);
+    if (code == 0) {
+      event->accept();
+      return;
+    }
+  }
+  QPlainTextEdit::keyPressEvent(event);
+}
+
+void RemarkBox::insertFromMimeData(const QMimeData* source) {
+  insertPlainText(filter(source->text()));
+}
+
+void RemarkBox::inputMethodEvent(QInputMethodEvent* event) {
+  QInputMethodEvent filtered(event->preeditString(), event->attributes());
+  filtered.setCommitString(filter(event->commitString()), event->replacementStart(),
+                           event->replacementLength());
+  QPlainTextEdit::inputMethodEvent(&filtered);
+}
+
+}  // namespace calvora

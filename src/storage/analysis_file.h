@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <functional>
+
+#include "app/program.h"
+
+namespace calvora {
+
+/// Name line of a file: its title without blanks at the ends and without the extension.
+QString nameLine(const QString& title, const QString& extension);
+
+/// The content of an analysis file: name line (flag slot 0), header slots 1 to 7, every field 1 to
+/// 15 and 20 to 26 that has a text, end record.
+QByteArray analysisContent(const Program& program);
+
+/// Writes the current analysis. `title` is the file name that the dialog reports; flag slot 0 gets
+/// its name line. Runtime error 75 or 61, and the old file untouched, if that fails.
+void writeAnalysis(Program& program, const QString& path, const QString& title);
+
+/// Reads an analysis file into the record, which `reset` empties as soon as the file is open, and
+/// into the header array. False if reading ended early; what was read up to there stays. Runtime
+/// error 53 if the file does not exist, 75 if it cannot be read, and nothing changed.
+bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset);
+
+}  // namespace calvora

@@ -1,0 +1,332 @@
+#include "storage/dateien.h"
+
+#include <QCalendarWidget>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLineEdit>
+
+#include "dialogs/guarded.h"
+#include "entry/key_filter.h"
+#include "platform/enter_press.h"
+#include "platform/look.h"
+#include "platform/twips.h"
+#include "storage/analysis_file.h"
+#include "storage/line_file.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFileNotFound = static_cast<int>(ErrorNumber::kFileNotFound);
+constexpr int kCancelled = 1;
+const auto kDateFormat = u"dd.MM.yyyy"_s;
+const auto kRemove = u"löschen"_s;
+const auto kSet = u"setzen"_s;
+
+/// The date in a header slot, from its first two characters, the two behind the first point and its
+/// last four; not valid for blanks and for what is no date.
+QDate dateOf(const QString& slot) {
+  const QString text = slot.trimmed();
+  if (text.size() != kDateFormat.size()) return {};
+  return {text.right(4).toInt(), text.mid(3, 2).toInt(), text.left(2).toInt()};
+}
+
+/// The path with the extension that belongs to it: its file name is cut at the first point behind
+/// its first character.
+QString withExtension(const QString& path, const QString& extension) {
+  const qsizetype name = path.lastIndexOf('/'_L1) + 1;
+  const qsizetype point = path.indexOf('.'_L1, name + 1);
+  const bool fits = path.mid(point + 1).compare(extension, Qt::CaseInsensitive) == 0;
+  return point >= 0 && fits ? path : path.left(point) + '.'_L1 + extension;
+}
+
+/// A name line as a file name: without what would lead into another folder.
+QString proposedName(QString name) {
+  return name.replace('/'_L1, '-'_L1).replace('\\'_L1, '-'_L1);
+}
+
+/// Why a file was not written, in the user's words.
+QString reasonOf(const RuntimeError& error) {
+  switch (static_cast<ErrorNumber>(error.number())) {
+    case ErrorNumber::kDiskFull:
+      return u"Der Datenträger ist voll."_s;
+    case ErrorNumber::kPathAccess:
+      return u"Ordner oder Datei lassen sich nicht beschreiben."_s;
+    case ErrorNumber::kInvalidCall:
+      return u"Ein Text ist zu lang."_s;
+    default:
+      return u"Fehler %1."_s.arg(error.number());
+  }
+}
+
+}  // namespace
+
+Dateien::Dateien(Program& program, Questions& questions, Desktop& desktop, QWidget* parent)
+    : QDialog(parent), program_(program), questions_(questions), desktop_(desktop) {
+  buildWindow();
+  guarded(questions_, u" dateien\\ps_formload"_s, [this] { Form_Load(); });
+}
+
+void Dateien::Form_Load() {
+  const auto& header = program_.header;
+  Text6->showText(program_.today().toString(kDateFormat));
+  Text1->showText(header[1]);
+  Text2->showText(header[2]);
+  Text3->showText(header[3]);
+  Text4->showText(header[4]);
+  Text7->setPlainText(header[7]);
+  const QDate date = dateOf(header[5]);
+  DTPicker1->setDateRange(QDate(100, 1, 1), std::max(program_.today(), date));
+  DTPicker1->setDate(date.isValid() ? date : program_.today());
+  setDate(true);
+}
+
+void Dateien::showEvent(QShowEvent* event) {
+  const bool editable = !Command1->isHidden();
+  for (QWidget* field : std::initializer_list<QWidget*>{Text1, Text2, Text3, Text4, Text7}) {
+    field->setEnabled(editable);
+  }
+  QDialog::showEvent(event);
+}
+
+/// Shows the date picker exactly when a sampling date is given.
+void Dateien::setDate(bool given) {
+  dateSet_ = given;
+  DTPicker1->setVisible(given);
+}
+
+void Dateien::Label8_Click() {
+  guarded(questions_, u" dateien\\ps_L8"_s, [this] {
+    const bool removes = Label8->text().trimmed() == kRemove;
+    Label8->setText(removes ? kSet : kRemove);
+    setDate(!removes);
+  });
+}
+
+void Dateien::keepHeader() {
+  auto& header = program_.header;
+  header[1] = Text1->text().trimmed();
+  header[2] = Text2->text().trimmed();
+  header[3] = Text3->text().trimmed();
+  header[4] = Text4->text().trimmed();
+  header[5] = dateSet_ ? DTPicker1->date().toString(kDateFormat) : QString();
+  header[6] = Text6->text();
+  header[7] = Text7->document()->toRawText().trimmed();
+}
+
+/// Cancelling and every fault leave the window open and nothing marked as saved; a fault is told in
+/// the window itself.
+void Dateien::Command1_Click() {
+  failure_->hide();
+  guarded(questions_, u" dateien\\ps_speichern"_s, [this] {
+    try {
+      save();
+    } catch (const RuntimeError& error) {
+      if (error.number() > 32000) return;
+      failure_->setText(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
+      failure_->show();
+      fitHeight();
+    }
+  });
+}
+
+void Dateien::save() {
+  keepHeader();
+  const QString extension = u"cva"_s;
+  const QString chosen = desktop_
+                             .askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
+                                                 extension, proposedName(program_.header[0])})
+                             .trimmed();
+  const QString path = withExtension(chosen, extension);
+  if (path != chosen && QFileInfo::exists(path)) {
+    const int answer =
+        questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
+                                u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
+                        .buttons = button::kJa + button::kNein,
+                        .title = u"Datei"_s,
+                        .symbol = 5});
+    if (answer != button::kJa) return;
+  }
+  dateispeichern(path, QFileInfo(chosen).fileName());
+  program_.dataPresent = false;
+  program_.record.flag[flag::kStatus].clear();
+  accept();
+}
+
+/// Escape and the close box are the same as "zur Eingabemaske".
+void Dateien::Command2_Click() {
+  reject();
+}
+
+void Dateien::dateispeichern(const QString& path, const QString& title) {
+  writeAnalysis(program_, path, title);
+}
+
+void Dateien::dateiladen(int& mode) {
+  QString path;
+  try {
+    path = desktop_
+               .askOpenFile(parentWidget(),
+                            {program_.settings.slot[setting::kDataFolder], u"cva"_s, {}})
+               .trimmed();
+  } catch (const RuntimeError&) {
+    mode = kCancelled;
+    return;
+  }
+  bool complete = false;
+  try {
+    complete = readAnalysis(program_, path, reset);
+  } catch (const RuntimeError& error) {
+    mode = error.number();
+    if (mode == kFileNotFound) return;
+    mode = kCancelled;  // nothing was read: the analysis that is there stays
+    tellIncomplete();
+    return;
+  }
+  const QString& date = program_.header[5];
+  complete = complete && (date.trimmed().isEmpty() || dateOf(date).isValid());
+  showLoadedHeader();
+  if (!complete) tellIncomplete();
+}
+
+void Dateien::tellIncomplete() {
+  questions_.ask({.text = u" Die Datei konnte nicht vollständig gelesen werden ! "_s,
+                  .title = u"Datei"_s,
+                  .symbol = 2});
+}
+
+/// Makes room for a text that has just come in.
+void Dateien::fitHeight() {
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+}
+
+void Dateien::showLoadedHeader() {
+  Form_Load();
+  Label8->hide();
+  if (!program_.header[6].trimmed().isEmpty()) Text6->showText(program_.header[6]);
+  DTPicker1->setEnabled(false);
+  if (!dateOf(program_.header[5]).isValid()) {
+    program_.header[5].clear();
+    setDate(false);
+  } else {
+    program_.header[5] = DTPicker1->date().toString(kDateFormat);
+  }
+}
+
+// ---- Design ----
+
+void Dateien::buildWindow() {
+  setWindowTitle(u"  Daten - laden / speichern"_s);
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(24, 20, 24, 20);
+  grid->setHorizontalSpacing(14);
+  grid->setVerticalSpacing(10);
+  grid->setColumnStretch(2, 1);
+  int row = 0;
+  const auto add = [&](QLabel*& label, const QString& caption, QWidget* field, int columns) {
+    label = new QLabel(caption, this);
+    label->setBuddy(field);
+    field->setAccessibleName(caption.trimmed());
+    grid->addWidget(label, row, 0, columns == 0 ? Qt::AlignTop : Qt::AlignVCenter);
+    grid->addWidget(field, row++, 1, 1, columns == 1 ? 1 : 2);
+  };
+  const auto makeField = [this](TextBox*& field) {
+    field = new TextBox(this);
+    field->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    field->setMinimumHeight(twips(400));
+    setRole(*field, Role::kInput);
+    return field;
+  };
+  add(Label1, u"Projekt "_s, makeField(Text1), 2);
+  add(Label2, u"ProjektNo "_s, makeField(Text2), 2);
+  add(Label3, u"Bezeich. Probe"_s, makeField(Text3), 2);
+  add(Label4, u" Auftraggeber"_s, makeField(Text4), 2);
+  DTPicker1 = new QDateEdit(this);
+  DTPicker1->setMinimumHeight(twips(400));
+  add(Label5, u"Probenahme Datum"_s, DTPicker1, 1);
+  Label8 = new QPushButton(kRemove, this);
+  grid->addWidget(Label8, row - 1, 2, Qt::AlignLeft);
+  add(Label6, u"Erstell Datum"_s, makeField(Text6), 1);
+  Text7 = new RemarkBox(this);
+  Text7->setFixedHeight(twips(1500));
+  add(Label7, u"Freie Text-Eingabe/Bemerkung"_s, Text7, 0);
+
+  Label9 = new QLabel(
+      u"  Die Daten des Projekts entsprechen dem Zeitpunkt   des  Er-        stelldatum. Wurden "
+      "Datei/en des Projekts  seither  geändert,         sollte die Übersicht  neu  angelegt  "
+      "werden !"_s,
+      this);
+  Label9->setWordWrap(true);
+  Label9->hide();
+  grid->addWidget(Label9, row++, 1, 1, 2);
+  failure_ = new QLabel(this);
+  failure_->setObjectName(u"failure"_s);
+  failure_->setWordWrap(true);
+  failure_->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
+  failure_->hide();
+  grid->addWidget(failure_, row++, 0, 1, 3);
+
+  for (QWidget* date : std::initializer_list<QWidget*>{DTPicker1, Text6}) {
+    date->setFixedWidth(twips(2400));
+  }
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(10);
+  Command2 = new QPushButton(u"zur Eingabemaske"_s, this);
+  Command1 = new QPushButton(u"speichern"_s, this);
+  buttons->addStretch();
+  buttons->addWidget(Command1);
+  buttons->addWidget(Command2);
+  grid->addLayout(buttons, row, 0, 1, 3);
+  setMinimumWidth(twips(9000));
+  connectFields();
+}
+
+void Dateien::connectFields() {
+  DTPicker1->setDisplayFormat(kDateFormat);
+  DTPicker1->setCalendarPopup(true);
+  // Picked in the calendar or stepped with the arrow keys. Typed digits would run from one section
+  // into the next as soon as a date on the way is impossible, and end in another date unseen.
+  DTPicker1->findChild<QLineEdit*>()->setReadOnly(true);
+  DTPicker1->setLocale(QLocale(QLocale::German));
+  DTPicker1->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  Text6->setReadOnly(true);
+  setRole(*Text6, Role::kComputed);
+  Text6->setFocusPolicy(Qt::NoFocus);
+
+  const auto connectField = [this](TextBox* field, QWidget* next, const QString& location) {
+    field->filter = [](const QString& text, bool) { return filteredText(text); };
+    field->setMaxLength(static_cast<int>(LineReader::kLongestLine));
+    field->keyDown = [next](int code) {
+      if (code == key::kEnter) next->setFocus(Qt::TabFocusReason);
+    };
+    field->keyPress = [this, location](int& code) {
+      guarded(questions_, location, [&code] { text_check(code); });
+    };
+  };
+  connectField(Text1, Text2, u" dateien\\ps_text1_keypress"_s);
+  connectField(Text2, Text3, u" dateien\\ps_t2_keypress"_s);
+  connectField(Text3, Text4, u" dateien\\ps_t3_keypress"_s);
+  connectField(Text4, Text7, u" dateien\\ps_t4_keypress"_s);
+  Text7->filter = filteredText;
+  Text7->enter = [this] { Command1->setFocus(Qt::TabFocusReason); };
+  Text7->keyPress = [this](int& code) {
+    guarded(questions_, u" dateien\\ps_t7_keypress"_s, [&code] { text_check(code); });
+  };
+
+  // Enter walks through the fields; it must not press a button on its way.
+  for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);
+  for (QPushButton* button : {Command1, Command2}) button->setMinimumSize(twips(2100), twips(480));
+  Label8->setFlat(true);
+  Label8->setCursor(Qt::PointingHandCursor);
+  Label8->setStyleSheet(u"color: #0b57d0; text-decoration: underline; padding: 2px 6px"_s);
+  connect(Label8, &QPushButton::clicked, this, &Dateien::Label8_Click);
+  connect(Command1, &QPushButton::clicked, this, &Dateien::Command1_Click);
+  connect(Command2, &QPushButton::clicked, this, &Dateien::Command2_Click);
+  QWidget* order[] = {Text1, Text2, Text3, Text4, DTPicker1, Label8, Text7, Command1, Command2};
+  for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+}  // namespace calvora

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QDateEdit>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include "app/program.h"
+#include "dialogs/questions.h"
+#include "platform/desktop.h"
+#include "platform/remark_box.h"
+#include "platform/text_box.h"
+
+namespace calvora {
+
+/// The load/save window: the header of an analysis, entered before saving or shown after loading.
+/// Constructing it is loading it; the caller then sets its mode and shows it modally.
+class Dateien : public QDialog {
+  Q_OBJECT
+
+ public:
+  Dateien(Program& program, Questions& questions, Desktop& desktop, QWidget* parent);
+
+  /// Writes the current analysis to `path`; `title` is the file name that the dialog reported.
+  /// Runtime error 75 or 61 if that fails.
+  void dateispeichern(const QString& path, const QString& title);
+
+  /// Lets the user choose an analysis file, reads it into the record and shows its header in the
+  /// fields. Returns in `mode`: unchanged when read (also in part; then the user is told), 1 when
+  /// the dialog was cancelled, 53 when the file does not exist.
+  void dateiladen(int& mode);
+
+  /// Empties the record before a file is read into it.
+  std::function<void()> reset = [this] { program_.resetRecord(); };
+
+  TextBox* Text1;
+  TextBox* Text2;
+  TextBox* Text3;
+  TextBox* Text4;
+  TextBox* Text6;
+  RemarkBox* Text7;
+  QDateEdit* DTPicker1;
+  QLabel* Label1;
+  QLabel* Label2;
+  QLabel* Label3;
+  QLabel* Label4;
+  QLabel* Label5;
+  QLabel* Label6;
+  QLabel* Label7;
+  QPushButton* Label8;  ///< a link beside the date picker: "löschen" or "setzen"
+  QLabel* Label9;
+  QPushButton* Command1;
+  QPushButton* Command2;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void buildWindow();
+  void connectFields();
+  void Form_Load();
+  void Label8_Click();
+  void Command1_Click();
+  void Command2_Click();
+  void keepHeader();
+  void save();
+  void showLoadedHeader();
+  void tellIncomplete();
+  void fitHeight();
+  void setDate(bool given);
+
+  Program& program_;
+  Questions& questions_;
+  Desktop& desktop_;
+  QLabel* failure_;
+  bool dateSet_ = true;
+};
+
+}  // namespace calvora

@@ -1,0 +1,167 @@
+#include "storage/datenpfad.h"
+
+#include <QDir>
+#include <QGridLayout>
+#include <QStorageInfo>
+
+#include "dialogs/guarded.h"
+#include "platform/enter_press.h"
+#include "platform/twips.h"
+#include "storage/meldungen.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPathRole = Qt::UserRole;
+constexpr int kLongestBareDrive = 3;
+
+QString shownPath(const QString& path) {
+  return QDir::toNativeSeparators(path);
+}
+
+/// The folder that the window proposes: the chosen one, unless it is a bare drive.
+QString proposedFolder(const Program& program) {
+  const QString& chosen = program.settings.slot[setting::kDataFolder];
+  return chosen.size() > kLongestBareDrive ? chosen : defaultDataFolder(program.programFolder);
+}
+
+}  // namespace
+
+datenpfad::datenpfad(Program& program, Questions& questions, QWidget* parent)
+    : QDialog(parent), program_(program), questions_(questions) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  buildWindow();
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const bool holdsFiles = volume.isValid() && volume.isReady() && volume.bytesTotal() > 0;
+    if (holdsFiles) Drive1->addItem(shownPath(volume.rootPath()), volume.rootPath());
+  }
+  connect(Drive1, &QComboBox::activated, this, &datenpfad::Drive1_Change);
+  Label3(1).setText(proposedFolder(program_));
+}
+
+/// The proposed folder becomes the current one once the window can be seen, so that the notice that
+/// it does not exist comes over it.
+void datenpfad::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (std::exchange(shown_, true)) return;
+  const bool exists = QDir::setCurrent(QDir::fromNativeSeparators(Label3(1).text()));
+  openFolder(QDir::currentPath());
+  if (exists) return;
+  QMetaObject::invokeMethod(
+      this, [this] { katalogMeldung(questions_, meldung::kPfadFehlt); }, Qt::QueuedConnection);
+}
+
+/// Lists the way down to a folder and the folders in it.
+void datenpfad::openFolder(const QString& folder) {
+  Dir1->clear();
+  QStringList way;
+  for (QDir above(folder);;) {
+    way.prepend(above.absolutePath());
+    if (!above.cdUp()) break;
+  }
+  QListWidgetItem* current = nullptr;
+  const auto add = [this](const QString& path, const QString& name, qsizetype depth) {
+    auto* entry = new QListWidgetItem(QString(3 * depth, ' '_L1) + name, Dir1);
+    entry->setData(kPathRole, path);
+    return entry;
+  };
+  for (qsizetype depth = 0; depth < way.size(); ++depth) {
+    const QString name = QDir(way[depth]).dirName();
+    current = add(way[depth], name.isEmpty() ? shownPath(way[depth]) : name, depth);
+  }
+  if (current == nullptr) return;
+  QFont font = current->font();
+  font.setBold(true);
+  current->setFont(font);
+  const QDir here(folder);
+  for (const QString& name : here.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+    add(here.absoluteFilePath(name), name, way.size());
+  }
+  Dir1->setCurrentItem(current);
+  Drive1->setCurrentIndex(Drive1->findData(QStorageInfo(folder).rootPath()));
+}
+
+void datenpfad::choose(const QString& folder) {
+  openFolder(folder);
+  Label3(2).setText(shownPath(folder));
+  Command1(1).setEnabled(true);
+}
+
+void datenpfad::Drive1_Change(int index) {
+  choose(Drive1->itemData(index).toString());
+}
+
+void datenpfad::Dir1_Click(QListWidgetItem* entry) {
+  choose(entry->data(kPathRole).toString());
+}
+
+void datenpfad::Command1_Click(int index) {
+  if (index == 2) {
+    close();
+    return;
+  }
+  const QString folder = Label3(2).text().trimmed();
+  if (folder.isEmpty()) return;
+  if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == button::kAbbrechen) return;
+  Label3(1).setText(folder);
+  program_.settings.slot[setting::kDataFolder] = folder;
+  bool saved = false;
+  guarded(questions_, u" dateien\\inispeichern"_s, [&] {
+    writeSettings(program_.settings, program_.programFolder);
+    saved = true;
+  });
+  if (saved) katalogMeldung(questions_, meldung::kPfadGespeichert);
+  close();
+}
+
+void datenpfad::buildWindow() {
+  setWindowTitle(u"    Vorgabe des Speicherpfads für Analysen-Daten"_s);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(24, 20, 24, 20);
+  layout->setSpacing(10);
+  Label1 = new QLabel(
+      u"Geben Sie hier den Pfad vor, in dem Ihre Analysen abgespeichert werden sollen :"_s);
+  Drive1 = new QComboBox;
+  Drive1->setAccessibleName(u"Laufwerk"_s);
+  Dir1 = new QListWidget;
+  Dir1->setAccessibleName(u"Ordner"_s);
+  Dir1->setMinimumSize(twips(7500), twips(4200));
+  Label2 = new QLabel(u"voreingestellter Pfad :"_s);
+  for (const int index : {1, 2}) {
+    auto& label = Label3.add(index, new QLabel);
+    label.setTextFormat(Qt::PlainText);
+    label.setWordWrap(true);
+    label.setMinimumHeight(twips(300));
+  }
+  QFont bold = font();
+  bold.setBold(true);
+  Label3(2).setFont(bold);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  for (const auto& [index, caption] :
+       {std::pair{1, u"OK/speichern"_s}, std::pair{2, u"abbrechen"_s}}) {
+    auto& button = Command1.add(index, new QPushButton(caption));
+    pressOnEnter(button);
+    button.setMinimumSize(twips(1900), twips(480));
+    connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
+    buttons->addWidget(&button);
+  }
+  Command1(1).setEnabled(false);
+
+  layout->addWidget(Label1);
+  layout->addWidget(Drive1);
+  layout->addWidget(Dir1, 1);
+  layout->addWidget(&Label3(2));
+  layout->addWidget(Label2);
+  layout->addWidget(&Label3(1));
+  layout->addLayout(buttons);
+  // One click opens a folder, and so does Enter.
+  connect(Dir1, &QListWidget::itemClicked, this, &datenpfad::Dir1_Click);
+  connect(Dir1, &QListWidget::itemActivated, this, &datenpfad::Dir1_Click);
+}
+
+}  // namespace calvora

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "app/program.h"
+#include "dialogs/questions.h"
+#include "platform/control_array.h"
+
+namespace calvora {
+
+/// Chooses the folder in which analyses are kept. Not modal, deletes itself on close.
+class datenpfad : public QDialog {
+  Q_OBJECT
+
+ public:
+  datenpfad(Program& program, Questions& questions, QWidget* parent);
+
+  QComboBox* Drive1;
+  QListWidget* Dir1;
+  QLabel* Label1;
+  QLabel* Label2;
+  ControlArray<QLabel> Label3;
+  ControlArray<QPushButton> Command1;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void buildWindow();
+  void openFolder(const QString& folder);
+  void choose(const QString& folder);
+  void Drive1_Change(int index);
+  void Dir1_Click(QListWidgetItem* entry);
+  void Command1_Click(int index);
+
+  Program& program_;
+  Questions& questions_;
+  bool shown_ = false;
+};
+
+}  // namespace calvora

@@ -1,0 +1,26 @@
+#include "storage/safe_write.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include "dialogs/runtime_error.h"
+
+namespace calvora {
+
+void writeFileSafely(const QString& path, const QByteArray& content) {
+  QSaveFile file(path);
+  if (!file.open(QFile::WriteOnly)) {
+    throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
+  }
+  // commit() alone does not notice a disk that fills up while the buffer is written: it would
+  // replace the old file by an empty one.
+  const bool written = file.write(content) == content.size() && file.flush();
+  if (!written) {
+    file.cancelWriting();
+    file.commit();
+    throw RuntimeError(ErrorNumber::kDiskFull, file.errorString());
+  }
+  if (!file.commit()) throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
+}
+
+}  // namespace calvora

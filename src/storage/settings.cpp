@@ -1,0 +1,101 @@
+#include "storage/settings.h"
+
+#include <QDir>
+
+#include "storage/line_file.h"
+#include "storage/safe_write.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLastStoredSlot = 12;
+
+bool isSegment(int slot) {
+  return slot >= setting::kFirstSegment && slot < setting::kFirstSegment + 4;
+}
+
+QString settingsPath(const QString& programFolder) {
+  return programFolder + u"/cvra.ini"_s;
+}
+
+/// Stands in for a company line that was never entered.
+const std::array<QString, 4>& defaultSegments() {
+  static const std::array kSegments{u"Calvora Wassertechnik       "_s, u"Am Beispielbach 1    "_s,
+                                    u"12345 Musterstadt    "_s, u"kontakt@calvora.example"_s};
+  return kSegments;
+}
+
+void readSlots(Settings& settings, LineReader reader) {
+  while (!reader.atEnd()) {
+    const QStringList fields = reader.fields(2);
+    if (fields.size() < 2) throw RuntimeError(ErrorNumber::kEndOfFile);
+    const qint64 number = readInteger(fields[0]);
+    const int slot = number < 0 || number > settings.slot.size() ? -1 : static_cast<int>(number);
+    settings.slot[slot] = fields[1];
+    if (isSegment(slot)) {
+      settings.segments.at(static_cast<size_t>(slot - setting::kFirstSegment)) = fields[1];
+    }
+  }
+}
+
+void deriveCompanyLine(Settings& settings) {
+  const std::array<QString, 4>& segments = settings.segments;
+  const QString line = joinedSegments(segments).left(kLongestPrintLine);
+  if (line.trimmed().isEmpty()) {
+    settings.slot[setting::kPrintLine] = joinedSegments(defaultSegments());
+    QString list = segmentList(defaultSegments());
+    list.chop(1);  // no separator after the last one
+    settings.slot[setting::kSegmentList] = list;
+    return;
+  }
+  settings.slot[setting::kPrintLine] = line;
+  settings.slot[setting::kSegmentList] = segmentList(segments);
+}
+
+}  // namespace
+
+QString defaultDataFolder(const QString& programFolder) {
+  return QDir::toNativeSeparators(programFolder + u"/daten"_s);
+}
+
+QString segmentList(const std::array<QString, 4>& segments) {
+  QString list;
+  for (const QString& segment : segments) list += segment + '|'_L1;
+  return list;
+}
+
+QString joinedSegments(const std::array<QString, 4>& segments) {
+  QString line;
+  for (const QString& segment : segments) line += segment;
+  return line;
+}
+
+void readSettings(Settings& settings, const QString& programFolder) {
+  if (settings.unsaved) return;
+  try {
+    readSlots(settings, LineReader::ofFile(settingsPath(programFolder)));
+    deriveCompanyLine(settings);
+  } catch (const RuntimeError& error) {
+    if (error.number() == static_cast<int>(ErrorNumber::kFileNotFound)) {
+      settings.slot[setting::kDataFolder] = defaultDataFolder(programFolder);
+    }
+  }
+}
+
+void writeSettings(Settings& settings, const QString& programFolder) {
+  settings.unsaved = true;
+  LineWriter writer;
+  for (int slot = 1; slot <= kLastStoredSlot; ++slot) {
+    const QString& text =
+        isSegment(slot) ? settings.segments.at(static_cast<size_t>(slot - setting::kFirstSegment))
+                        : settings.slot[slot];
+    writer.fields({QString::number(slot), LineWriter::quoted(text)});
+  }
+  writeFileSafely(settingsPath(programFolder), writer.content());
+  settings.unsaved = false;
+}
+
+}  // namespace calvora

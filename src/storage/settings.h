@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+
+#include "app/checked_array.h"
+
+namespace calvora {
+
+/// Slots of the settings array that the program uses.
+namespace setting {
+inline constexpr int kPrintLine = 5;     ///< the company line as it is printed
+inline constexpr int kSegmentList = 6;   ///< its four segments, each followed by "|"
+inline constexpr int kFirstSegment = 5;  ///< in the file: the four segments themselves
+inline constexpr int kDataFolder = 10;
+}  // namespace setting
+
+inline constexpr int kLongestPrintLine = 115;
+
+/// The program's few settings, kept in `cvra.ini` in the program folder.
+struct Settings {
+  CheckedArray<QString, 21> slot;
+
+  /// The company line's segments as last read or stored; written to the file in place of what the
+  /// slots 5 to 8 hold while the program runs.
+  std::array<QString, 4> segments;
+
+  /// They could not be written; the running program keeps them and must not read the old ones.
+  bool unsaved = false;
+};
+
+/// The folder that analyses are kept in unless another was chosen.
+QString defaultDataFolder(const QString& programFolder);
+
+/// Reads the settings file and derives print line and segment list. Without a file the data folder
+/// is the default and the rest stays; a fault ends reading silently, with neither derived.
+void readSettings(Settings& settings, const QString& programFolder);
+
+/// Writes the settings file, slots 1 to 12. Runtime error 75 or 61, and the old file untouched, if
+/// that fails; the settings then count as unsaved.
+void writeSettings(Settings& settings, const QString& programFolder);
+
+/// The four segments as lists them: each followed by "|".
+QString segmentList(const std::array<QString, 4>& segments);
+
+/// The segments joined without separator.
+QString joinedSegments(const std::array<QString, 4>& segments);
+
+}  // namespace calvora

@@ -1,0 +1,599 @@
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+#include <clocale>
+#include <csignal>
+#include <optional>
+#include <random>
+
+#include "chem/subcalc.h"
+#include "entry/key_filter.h"
+#include "storage/analysis_file.h"
+#include "storage/company_line.h"
+#include "storage/safe_write.h"
+#include "storage/windows1252.h"
+#include "support/scripted_questions.h"
+
+using namespace Qt::StringLiterals;
+using namespace calvora;
+
+namespace {
+
+/// Rows written as what goes in, "=>" and what comes out; " | " stands between the rows, ¶ for a
+/// line end.
+void rows(const char* table) {
+  QTest::addColumn<QString>("given");
+  QTest::addColumn<QString>("expected");
+  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
+    const QStringList sides = QString(row).replace(u"¶"_s, u"\r\n"_s).split(u"=>"_s);
+    QTest::newRow(qUtf8Printable(row)) << sides.at(0) << sides.at(1);
+  }
+}
+
+/// The analysis as header slots 0 to 7 and fields: |Projekt||||||| 2=72500'7,25;4=0'0,00 has a
+/// project, field 2 with the value 7.25 and the text 7,25, and field 4.
+void setState(Program& program, const QString& header, const QString& fields) {
+  for (int slot = 0; slot <= 7; ++slot) program.header[slot] = header.section(u'|', slot, slot);
+  for (const QString& field : fields.split(u';', Qt::SkipEmptyParts)) {
+    const int index = field.section(u'=', 0, 0).toInt();
+    const QString raw = field.section(u'\'', 0, 0).section(u'=', 1);
+    program.record.value[index] = FixedPoint::fromRaw(raw.toLongLong());
+    program.record.text[index] = field.section(u'\'', 1);
+  }
+}
+
+QString stateOf(const Program& program) {
+  QStringList header;
+  QStringList fields;
+  for (int slot = 0; slot <= 7; ++slot) header += program.header[slot];
+  for (int i = 0; i <= 40; ++i) {
+    const qint64 raw = program.record.value[i].raw();
+    const QString& text = program.record.text[i];
+    if (raw != 0 || !text.isEmpty()) fields += u"%1=%2'%3"_s.arg(i).arg(raw).arg(text);
+  }
+  return header.join(u'|') + u' ' + fields.join(u';');
+}
+
+QString joined(const CompanyLines& lines) {
+  return QStringList(lines.begin(), lines.end()).join(u';');
+}
+
+QByteArray bytesOf(const QString& path) {
+  QFile file(path);
+  return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable: " + path.toUtf8();
+}
+
+QByteArray golden(const char* name) {
+  return bytesOf(QFINDTESTDATA(u"golden/"_s + QLatin1String(name)));
+}
+
+int errorOf(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+/// A process of its own that ends with the body's result, or after a minute.
+pid_t startChild(const std::function<int()>& body) noexcept {
+  const pid_t child = fork();
+  if (child != 0) return child;
+  alarm(60);
+  _exit(body());
+}
+
+/// The result of a body that runs without the rights of the superuser.
+int asOrdinaryUser(const std::function<int()>& body) {
+  const auto ordinary = [&] { return getuid() != 0 || setuid(65534) == 0 ? body() : 255; };
+  int status = -1;
+  waitpid(startChild(ordinary), &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// A header whose slots hold their numbers, and records.
+const QByteArray kHeader = "'0'\r\n'1'\r\n'2'\r\n'3'\r\n'4'\r\n'5'\r\n'6'\r\n'7'\r\n'ende'\r\n";
+const QByteArray kOne = "1,1,'a'\r\n";
+const QByteArray kThree = "3,1,'b'\r\n";
+const QByteArray kEnd = "999,0,0\r\n";
+constexpr qsizetype kLongestLine = 65'536;
+constexpr qsizetype kLargestFile = 4'194'304;
+
+/// Apostrophes become double quotes, which are hard to read in a table.
+QByteArray quoted(QByteArray content) {
+  return content.replace('\'', '"');
+}
+
+/// A line of that many bytes, line feed included, that is skipped.
+QByteArray skipped(qsizetype size) {
+  return "100,0,'" + QByteArray(size - 9, 'x') + "'\n";
+}
+
+/// The content and lines that are skipped, up to that size.
+QByteArray filled(QByteArray content, qsizetype size) {
+  while (size - content.size() > 2000) content += skipped(1000);
+  return content + skipped(size - content.size());
+}
+
+}  // namespace
+
+class StorageTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() {
+    folder_.emplace();
+    QCOMPARE(chmod(qPrintable(folder_->path()), 0777), 0);  // also for the ordinary user
+  }
+
+  void analysesAreWrittenByteForByte_data() {
+    QTest::addColumn<QString>("header");
+    QTest::addColumn<QString>("fields");
+    QTest::newRow("full.cva")
+        << u" Füllung Süd.cva |Fernwärme Süd, Bauabschnitt \"2\"|2026-017|Vorlauf\r\n\nnach Filter|"
+           "Stadtwerke Möhne, Größe & Söhne|20.10.2026|21.10.2026|"
+           "€‚ƒ„…†‡ˆ‰Š‹ŒŽ‘’“”•–—˜™š›œžŸ ¡ÿ 💧\u2028Zeile 2"_s
+        << u"1=9223372036854775807'1E+15;2=72500'7,25;3=-5000'-0,5000;4=0'0,00;5=1'0,0001;"
+           "6=-9223372036854775808'-1E+15;7=80000'8,00;8=82000'<8,2;9=73050'7,31;10=0'n.b.;"
+           "11=1525425'152,5;12=1000000'100,0;13=-1'0,0;14=123000'12,3;15=-100000'-10,0;"
+           "20=500'0,1;21=123'0,0;22=12345678000'1234567,8;23=600000'60,0;24=100100'10,0;"
+           "25=90'<0,01;26=100'<0,01"_s;
+    QTest::newRow("empty.cva") << u"leer.cva"_s << QString();
+    QTest::newRow("header_only.cva")
+        << u"nur Kopf.2|Neubau|0815|Rücklauf|Härtel €||01.02.2026|"_s
+        << u"0=1'never;5=30000';16=1'never;19=1'never;27=1'never;35=75037'7,50;40=1'never"_s;
+  }
+  void analysesAreWrittenByteForByte() {
+    QFETCH(QString, header);
+    QFETCH(QString, fields);
+    Program program;
+    setState(program, header, fields);
+    writeAnalysis(program, at("new.cva"), program.header[0]);
+    QCOMPARE(bytesOf(at("new.cva")), golden(QTest::currentDataTag()));
+  }
+
+  void settingsAreWrittenByteForByte() {
+    Settings settings;
+    for (const int slot : {0, 5, 6, 7, 8, 13, 20}) settings.slot[slot] = u"never stored"_s;
+    settings.slot[10] = u"D:\\Wässer\\Daten, alt"_s;
+    settings.segments = {u"Wasser & Wärme GmbH       "_s, u"Süßer Weg 3, Hof    "_s, u"    "_s,
+                         u"\"post\"@wasser.example"_s};
+    writeSettings(settings, folder_->path());
+    QCOMPARE(bytesOf(at("cvra.ini")), golden("cvra.ini"));
+  }
+
+  void everyByteIsACharacterAndComesBack() {
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+    QCOMPARE(toWindows1252(fromWindows1252(all)), all);
+  }
+
+  void anyAnalysisIsReadBackAsItWasWritten() {
+    // What a text may hold, and what becomes of it in a file.
+    const auto pieces = u"<0,01~ÄÖÜäöüß~€~,~ ~'~999,0,0~\"~\n~\r\n~\ra~\u2029~\0~Ω"_s.split(u'~');
+    const auto inFile = u"<0,01~ÄÖÜäöüß~€~,~ ~'~999,0,0~'~ ~ ~ a~ ~ ~?"_s.split(u'~');
+    const qint64 highest = FixedPoint::highest().raw();
+    const QList<qint64> extremes{0, 1, -1, 9999, 10000, highest, -highest - 1};
+    std::mt19937_64 random(20261122);
+    const auto below = [&](qsizetype count) { return static_cast<int>(random() % size_t(count)); };
+    for (int round = 0; round < 500; ++round) {
+      Program written;
+      Program expected;
+      const auto fill = [&](QString& text, QString& kept) {
+        for (int count = below(4); count > 0; --count) {
+          const int piece = below(pieces.size());
+          text += pieces[piece];
+          kept += inFile[piece];
+        }
+      };
+      fill(written.record.flag[flag::kNameLine], expected.header[0]);
+      for (int slot = 1; slot <= 7; ++slot) fill(written.header[slot], expected.header[slot]);
+      for (int i = 0; i <= 40; ++i) {
+        QString kept;
+        fill(written.record.text[i], kept);
+        const qint64 any = static_cast<qint64>(random()) >> below(64);
+        const qint64 raw = below(2) == 0 ? any : extremes[below(extremes.size())];
+        written.record.value[i] = FixedPoint::fromRaw(raw);
+        const bool stored = (i >= 1 && i <= 15) || (i >= 20 && i <= 26);
+        if (!stored || kept.isEmpty()) continue;
+        expected.record.value[i] = written.record.value[i];
+        expected.record.text[i] = kept;
+      }
+      put("any.cva", analysisContent(written));
+      Program read;
+      QVERIFY(readAnalysis(read, at("any.cva"), [] {}));
+      QCOMPARE(stateOf(read), stateOf(expected));
+    }
+  }
+
+  /// Reading computes once more than typing did, which may still complete the hardness and what
+  /// follows from it, as any further entry does.
+  void readingAnAnalysisAndComputingGivesWhatTypingOnGives() {
+    std::mt19937 random(20261122);
+    const auto below = [&](int count) { return static_cast<int>(random() % unsigned(count)); };
+    for (int round = 0; round < 1000; ++round) {
+      ScriptedQuestions questions;  // answers all; contradictions are part of typing
+      Program typed;
+      subcalc typing(typed, questions);
+      QString entries;
+      for (const int index : kInputFields) {
+        if (below(4) == 0) continue;
+        const int most = QList{1, 2000, 13, 95, 3, 8, 3}.value(index, 60);
+        const QString text = u"%1,%2"_s.arg(below(most)).arg(below(1000));
+        entries += u" %1=%2"_s.arg(index).arg(text);
+        int status = 0;
+        typed.fieldIndex = index;
+        typing.checkeingabe(index, text, status);
+        typing.rechenlauf();
+      }
+      put("typed.cva", analysisContent(typed));
+      typed.fieldIndex = 0;
+      typing.rechenlauf();
+      Program read;
+      QVERIFY(readAnalysis(read, at("typed.cva"), [] {}));
+      subcalc(read, questions).rechenlauf();
+      const auto results = [&](const Program& program) {
+        QStringList texts{program.leitfähigkeitAusIonen, program.phNäherung};
+        for (int i = 0; i <= 40; ++i) texts += program.record.text[i];
+        return texts.join(u';') + entries;
+      };
+      QCOMPARE(results(read), results(typed));
+      QCOMPARE(questions.errors, QStringList());
+    }
+  }
+
+  void aFileCutAnywhereGivesAllThatStoodBeforeTheCut() {
+    const QByteArray file = golden("full.cva");
+    put("full.cva", file);
+    Program full;
+    QVERIFY(readAnalysis(full, at("full.cva"), [] {}));
+    static const QRegularExpression valueWithoutText(u";?[^; ]*'$"_s);
+    for (qsizetype cut = 0; cut <= file.size(); ++cut) {
+      const QByteArrayList lines = file.left(cut).split('\n');
+      const auto isWhole = [&](int line) { return lines.value(line).count('"') == 2; };
+      Program expected;
+      for (int i = 0; i <= 7; ++i) expected.header[i] = isWhole(i) ? full.header[i] : QString();
+      for (int line = 9; isWhole(line); ++line) {
+        const int index = lines[line].left(lines[line].indexOf(',')).toInt();
+        expected.record.value[index] = full.record.value[index];
+        expected.record.text[index] = full.record.text[index];
+      }
+      // A line is torn if a text does not end or a field is missing; the marker may be anything.
+      const QByteArray& last = lines.last();
+      const bool missing = !last.isEmpty() && !last.startsWith("999") && last.count(',') < 2;
+      const bool torn = last.count('"') == 1 || missing;
+      const bool complete = lines.size() == 9 ? !last.isEmpty() : lines.size() > 9 && !torn;
+      put("cut.cva", file.left(cut));
+      QCOMPARE(read("cut.cva").remove(valueWithoutText),
+               (complete ? u"complete "_s : u"stopped "_s) + stateOf(expected));
+    }
+  }
+
+  void aRecordIsReadAsFarAsItMakesSense_data() {
+    // A line between two others => its field, or that it is skipped or ends reading.
+    rows(
+        "2,7.25,'7,25'=>2=72500'7,25 | 0,1,'x'=>0=10000'x | 16,1,'x'=>16=10000'x | "
+        "40,1,'x'=>40=10000'x | 41,1,'x'=>stopped | 98,1,'x'=>stopped | 99,1,'x'=>stopped | "
+        "100,1,'x'=>skipped | 998,1,'x'=>skipped | 999,0,0=>ended | -1,1,'x'=>stopped | "
+        "1.5,1,'x'=>stopped | x,1,'x'=>stopped | 'ende'=>stopped | 2=>stopped | 2,7=>stopped | "
+        "2,7,'7=>stopped | 2,7,'7',8,'x'=>2=70000'7 | 2,7,25,'x'=>2=70000'25 | "
+        "2,7,7=>2=70000'7 |   2 ,  7 ,   '7'=>2=70000'7 | 2,7,' 7 '=>2=70000' 7  | "
+        "2,abc,'x'=>stopped | 2,nan,'x'=>stopped | 2,inf,'x'=>stopped | 2,-,'x'=>stopped | "
+        "2,1e3,'x'=>stopped | 2,1.5E+03,'x'=>stopped | 2,7.2.5,'x'=>stopped | "
+        "2,.5,'x'=>2=5000'x | 2,-.5,'x'=>2=-5000'x | 2,-0.0001,'x'=>2=-1'x | "
+        "2,007.50000,'x'=>2=75000'x | 2,7.00005,'x'=>2=70000'x | 2,7.00015,'x'=>2=70002'x | "
+        "2,7.0000500001,'x'=>2=70001'x | 2,-7.00015,'x'=>2=-70002'x | "
+        "2,922337203685477.5807,'x'=>2=9223372036854775807'x | "
+        "2,-922337203685477.5808,'x'=>2=-9223372036854775808'x | "
+        "2,922337203685477.5808,'x'=>stopped | 2,-922337203685477.5809,'x'=>stopped | "
+        "2,922337203685477.58076,'x'=>stopped | 2,99999999999999999999999999,'x'=>stopped");
+  }
+  void aRecordIsReadAsFarAsItMakesSense() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const bool stops = expected == u"stopped"_s;
+    QString fields = u"1=10000'a;"_s + (expected.contains(u'=') ? expected : QString());
+    if (!stops && expected != u"ended"_s) fields += u";3=10000'b"_s;
+    Program program;
+    setState(program, u"0|1|2|3|4|5|6|7"_s, fields);
+    put("odd.cva", quoted(kHeader + kOne + given.toLatin1() + "\r\n" + kThree + kEnd));
+    QCOMPARE(read("odd.cva"), (stops ? u"stopped "_s : u"complete "_s) + stateOf(program));
+  }
+
+  void aForeignFileIsReadAsFarAsItGoes_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* name, const QByteArray& content, const QString& expected) {
+      QTest::newRow(name) << quoted(content) << expected;
+    };
+    const auto header = [](auto from, auto to) { return QByteArray(kHeader).replace(from, to); };
+    const QByteArray start = kHeader + kOne;
+    const QByteArray umlaut = header("1", "ö") + kOne + kThree + kEnd;
+    const QString both = u"complete 0|1|2|3|4|5|6|7 1=10000'a;3=10000'b"_s;
+    const QString one = u"stopped 0|1|2|3|4|5|6|7 1=10000'a"_s;
+    row("empty", "", u"stopped ||||||| "_s);
+    row("open header text", header("3'", "3"), u"stopped 0|1|2||||| "_s);
+    row("other marker", header("ende", "Ende, Kopf") + kOne + kThree + kEnd, both);
+    row("no end record", start + kThree, both);
+    row("lines after the end record", start + kThree + kEnd + kOne + "x", both);
+    row("line feeds only", QByteArray(start + kThree + kEnd).replace("\r", ""), both);
+    row("UTF-8", umlaut, QString(both).replace(u"1|"_s, u"Ã¶|"_s));
+    row("UTF-8 with a mark", "\xEF\xBB\xBF" + umlaut,
+        QString(both).replace(u"0|1"_s, u"ï»¿\"0\"|Ã¶"_s));
+    row("bytes without meaning", QByteArray(3, '\xFF'), u"stopped ÿÿÿ||||||| "_s);
+    row("line of 64 KiB", start + skipped(kLongestLine + 1) + kThree, both);
+    row("longer line", start + skipped(kLongestLine + 2) + kThree, one);
+    row("longer header line", header("7", QByteArray(kLongestLine, 'x')),
+        u"stopped 0|1|2|3|4|5|6| "_s);
+    row("line without end", start + QByteArray(kLargestFile, 'x'), one);
+    row("file of 4 MiB", filled(start + kThree, kLargestFile - kEnd.size()) + kEnd, both);
+    row("larger file", filled(start, 5'000'000) + kThree + kEnd, one);
+    row("larger file, a line ends at 4 MiB", filled(start, kLargestFile) + kThree, one);
+    row("larger file, a line ends behind", filled(start, kLargestFile + 1) + kThree, one);
+  }
+  void aForeignFileIsReadAsFarAsItGoes() {
+    QFETCH(QByteArray, content);
+    put("foreign.cva", content);
+    QTEST(read("foreign.cva"), "expected");
+  }
+
+  void aFileOfAnySizeIsReadInBoundedMemory() {
+    put("huge.cva", quoted(kHeader + kOne));
+    QVERIFY(QFile::resize(at("huge.cva"), qint64{1} << 40));
+    QCOMPARE(read("huge.cva"), u"stopped 0|1|2|3|4|5|6|7 1=10000'a"_s);
+  }
+
+  void whatCannotBeOpenedLeavesTheAnalysisUntouched_data() {
+    rows(
+        "vanished.cva=>53 | vanished/a.cva=>53 | secret.cva/a.cva=>53 | .=>75 | "
+        "secret.cva=>75");
+  }
+  void whatCannotBeOpenedLeavesTheAnalysisUntouched() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    put("secret.cva", quoted(kHeader + kOne + kEnd));
+    QCOMPARE(chmod(qPrintable(at("secret.cva")), 0), 0);
+    const QString untouched = expected + u" -|-|-|-|-|-|-|- 5=1'old"_s;
+    QCOMPARE(asOrdinaryUser([&] { return read(qPrintable(given)) == untouched ? 0 : 1; }), 0);
+  }
+
+  void aSaveThatFailsLeavesEveryFileAsItWas_data() {
+    // File, bytes to write, room on the disk (-1: enough) => runtime error. Beside the long name
+    // there is room for no temporary one, so that saving fails at its end.
+    rows(
+        "old.cva 100 64=>61 | old.cva 100000 64=>61 | old.cva 100000 99999=>61 | "
+        "new.cva 100 64=>61 | missing/a.cva 100 -1=>75 | old.cva/a.cva 100 -1=>75 | "
+        "locked 100 -1=>75 | locked/old.cva 100 -1=>75 | locked/new.cva 100 -1=>75 | "
+        "read_only.cva 100 -1=>75 | long 100 -1=>75");
+  }
+  void aSaveThatFailsLeavesEveryFileAsItWas() {
+    QFETCH(QString, given);
+    QVERIFY(QDir(folder_->path()).mkdir(u"locked"_s));
+    const QByteArray longName(250, 'l');
+    for (const char* file : {"old.cva", "locked/old.cva", "read_only.cva", longName.constData()}) {
+      put(file, "old");
+      const bool readOnly = QLatin1String(file).startsWith("read"_L1);
+      chmod(qPrintable(at(file)), readOnly ? 0444 : 0666);
+    }
+    chmod(qPrintable(at("locked")), 0555);
+    const QStringList words = given.replace(u"long"_s, QLatin1String(longName)).split(u' ');
+    const QStringList before = content();
+    const int error = asOrdinaryUser([&] {
+      const auto room = static_cast<rlim_t>(words.at(2).toLongLong());
+      const rlimit limit{room, room};
+      std::signal(SIGXFSZ, SIG_IGN);
+      setrlimit(RLIMIT_FSIZE, &limit);
+      return errorOf([&] {
+        writeFileSafely(at(qPrintable(words.at(0))), QByteArray(words.at(1).toInt(), 'n'));
+      });
+    });
+    chmod(qPrintable(at("locked")), 0755);
+    QTEST(QString::number(error), "expected");
+    QCOMPARE(content(), before);
+  }
+
+  void aProcessKilledWhileSavingLeavesACompleteFile() {
+    const QByteArray versions[]{QByteArray(100'000, 'a'), QByteArray(130'000, 'b')};
+    const QString path = at("saved.cva");
+    writeFileSafely(path, versions[0]);
+    std::mt19937 random(20261122);
+    int found[]{0, 0};
+    for (unsigned round = 0; round < 200; ++round) {
+      const pid_t child = startChild([&] {
+        return errorOf([&] {
+          for (unsigned i = round;; ++i) writeFileSafely(path, versions[i % 2]);
+        });
+      });
+      QVERIFY(child > 0);
+      usleep(1000 + static_cast<useconds_t>(random() % 19000));
+      kill(child, SIGKILL);
+      int status = 0;
+      waitpid(child, &status, 0);
+      QVERIFY2(WIFSIGNALED(status), "saving failed before the process was killed");
+      const QByteArray file = bytesOf(path);
+      QVERIFY2(file == versions[0] || file == versions[1], "a part of a version");
+      ++found[file == versions[1] ? 1 : 0];
+    }
+    QVERIFY(found[0] > 0 && found[1] > 0);  // the kills came at different moments
+    const qsizetype files = content().size();
+    writeFileSafely(path, "later");
+    QCOMPARE(bytesOf(path), "later");
+    QCOMPARE(content().size(), files);
+  }
+
+  void settingsAreReadAsFarAsTheFileIsSound_data() {
+    // Lines => slots that have a text, then the segments.
+    rows(
+        "5,'A '¶6,'B'¶7,'C'¶8,'D'¶10,'X'=>5=A BCD;6=A |B|C|D|;7=C;8=D;10=X; A ;B;C;D | "
+        "10,'X'¶8,'D'¶0,'Z'¶20,'Y'¶5,'A'=>0=Z;5=AD;6=A|||D|;8=D;10=X;20=Y; A;;;D | "
+        "5,'A'¶10,'X'¶10,'Y'=>5=A;6=A||||;10=Y; A;;; | "
+        "5,'A'¶6,'B'¶21,'Z'¶10,'X'=>5=A;6=B; A;B;; | 5,'A'¶-1,'Z'¶10,'X'=>5=A; A;;; | "
+        "5,'A'¶x,'Z'¶10,'X'=>5=A; A;;; | 5,'A'¶6¶10,'X'=>5=A; A;;; | 5,'A'¶6,'B¶10,'X'=>5=A; A;;;");
+  }
+  void settingsAreReadAsFarAsTheFileIsSound() {
+    QFETCH(QString, given);
+    put("cvra.ini", quoted(given.toLatin1()));
+    QTEST(stateOfSettings(), "expected");
+  }
+
+  void withoutASettingsFileOnlyTheDataFolderIsSet() {
+    const QString folder = QDir::toNativeSeparators(at("daten"));
+    QCOMPARE(stateOfSettings(), u"10="_s + folder + u"; ;;;"_s);
+  }
+
+  void aBlankCompanyLineGivesWayToTheDefaultThatIsNotStored() {
+    const QByteArray blank = "5,\"       \"\r\n6,\"    \"\r\n7,\"\"\r\n8,\"\"\r\n";
+    put("cvra.ini", blank);
+    Settings settings;
+    readSettings(settings, folder_->path());
+    const QString list = settings.slot[setting::kSegmentList];
+    const QStringList segments = list.split(u'|');
+    QVERIFY(segments.size() == 4 && !segments.contains(QString()));
+    QCOMPARE(settings.slot[setting::kPrintLine], segments.join(QString()));
+    QVERIFY(segments.join(QString()).size() <= kLongestPrintLine);
+    QCOMPARE(joined(linesOfSegmentList(list)), segments.mid(0, 3).join(u';') + u';');
+    writeSettings(settings, folder_->path());
+    QVERIFY(bytesOf(at("cvra.ini")).contains(blank));
+  }
+
+  void changingTheDataFolderLeavesTheCompanyLine() {
+    put("cvra.ini", golden("cvra.ini"));
+    const QByteArray changed = golden("cvra.ini").replace("D:\\W\xE4sser\\Daten, alt", "E:\\neu");
+    const auto line = u"Wasser & Wärme GmbH       Süßer Weg 3, Hof        'post'@wasser.example"_s;
+    Settings settings;
+    for (int start = 0; start < 3; ++start) {
+      readSettings(settings, folder_->path());
+      QCOMPARE(settings.slot[setting::kPrintLine], line);
+      settings.slot[setting::kDataFolder] = u"E:\\neu"_s;
+      writeSettings(settings, folder_->path());
+      QCOMPARE(bytesOf(at("cvra.ini")), changed);
+    }
+  }
+
+  void thePrintLineIsCutAt115CharactersButNoSegmentIs() {
+    Settings settings;
+    settings.segments.fill(QString(40, u'ü'));
+    writeSettings(settings, folder_->path());
+    readSettings(settings, folder_->path());
+    QCOMPARE(settings.slot[setting::kPrintLine], QString(115, u'ü'));
+    QCOMPARE(linesOfSegmentList(settings.slot[setting::kSegmentList]), settings.segments);
+  }
+
+  void aCompanyLineIsPaddedAndHas115Characters_data() {
+    // Four lines, or how many x they have => stored segments; preview; length of both.
+    rows(
+        "A;B;C;D=>A       ;B    ;C    ;D;A       B    C    D;19 19 | "
+        "A;;;D=>A       ;    ;    ;D;A       D;17 9 | "
+        " A  ;B ; ;D  => A       ;B    ;    ;D; A       B        D;19 19 | "
+        ";;;=>       ;    ;    ;;       ;15 7 | 100;;;=>x       ;    ;    ;;x       ;115 107 | "
+        "101;;;=>x       ;    ;    ;;x       ;116 108 | "
+        "109;;;=>x       ;    ;    ;;x      ;124 115 | "
+        "40;20;20;20=>x       ;x    ;x    ;x;x       x    x    x;115 115 | "
+        "40;20;20;21=>x       ;x    ;x    ;x;x       x    x    x;116 115");
+  }
+  void aCompanyLineIsPaddedAndHas115Characters() {
+    QFETCH(QString, given);
+    CompanyLines lines;
+    for (int i = 0; i < 4; ++i) {
+      const QString line = given.section(u';', i, i);
+      lines.at(size_t(i)) = line.toInt() > 0 ? QString(line.toInt(), u'x') : line;
+    }
+    const CompanyLines stored = storedSegments(lines);
+    const QString preview = companyPreview(lines);
+    const auto lengths = u"%1 %2"_s.arg(joinedSegments(stored).size()).arg(preview.size());
+    const QString texts = joined(stored) + u';' + preview + u';' + lengths;
+    QTEST(QString(texts).replace(QRegularExpression(u"x+"_s), u"x"_s), "expected");
+  }
+
+  void aSegmentListShowsWhatABarFollows_data() {
+    rows(
+        "A |B|C|D|=>A ;B;C;D | A|B|C|D=>A;B;C; | A|B|C|D|E|=>A;B;C;D | ||C|=>;;C; | "
+        "A=>;;; | =>;;;");
+  }
+  void aSegmentListShowsWhatABarFollows() {
+    QFETCH(QString, given);
+    QTEST(joined(linesOfSegmentList(given)), "expected");
+  }
+
+  void onlyKeysThatAFileCanHoldReachAField() {
+    for (int code = -1; code <= 70'000; ++code) {
+      const bool plain = code >= 32 && code <= 125 && code != '"';
+      const bool command = code == 3 || code == 8 || code == 22;
+      const bool umlaut = code > 125 && code < 256 && u"ÄÖÜäöü"_s.contains(QChar(code));
+      int left = code;
+      text_check(left);
+      QCOMPARE(left, plain || command || umlaut ? code : 0);
+    }
+  }
+
+  void aPastedTextPassesTheSameFilter_data() {
+    rows(
+        "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd  Gröe   | "
+        "oben¶unten\tda=>oben unten da");
+  }
+  void aPastedTextPassesTheSameFilter() {
+    QFETCH(QString, given);
+    QTEST(filteredText(given + u"\x03\x16\x08\x1B\x7F"_s), "expected");
+  }
+
+ private:
+  QString at(const char* name) const { return folder_->filePath(QString::fromUtf8(name)); }
+
+  void put(const char* name, const QByteArray& bytes) const {
+    QFile file(at(name));
+    file.remove();  // truncating it instead makes some file systems wait for the disk
+    QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+  }
+
+  /// Reads into a program that holds another analysis: how that ended, header ("-" is still the
+  /// other one's) and fields.
+  QString read(const char* name) const {
+    Program program;
+    setState(program, u"-|-|-|-|-|-|-|-"_s, u"5=1'old"_s);
+    bool complete = false;
+    const auto reset = [&] { program.resetRecord(); };
+    const int error = errorOf([&] { complete = readAnalysis(program, at(name), reset); });
+    const QString how = complete ? u"complete"_s : u"stopped"_s;
+    return (error != 0 ? QString::number(error) : how) + u' ' + stateOf(program);
+  }
+
+  /// The slots that have a text after reading the settings file, then the segments.
+  QString stateOfSettings() const {
+    Settings settings;
+    readSettings(settings, folder_->path());
+    QString state;
+    for (int i = 0; i <= 20; ++i) {
+      if (!settings.slot[i].isEmpty()) state += u"%1=%2;"_s.arg(i).arg(settings.slot[i]);
+    }
+    return state + u' ' + joined(settings.segments);
+  }
+
+  /// All files with their bytes.
+  QStringList content() const {
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    const QDir folder(folder_->path());
+    QStringList content;
+    for (const auto& entry : folder.entryInfoList(all) + QDir(at("locked")).entryInfoList(all)) {
+      content += entry.filePath() + u": "_s + QString::fromLatin1(bytesOf(entry.filePath()));
+    }
+    return content;
+  }
+
+  std::optional<QTemporaryDir> folder_;
+};
+
+/// No byte may follow the C locale, so the environment's is made the active one.
+int main(int argc, char** argv) {
+  if (std::setlocale(LC_ALL, "") == nullptr) qWarning("The locale asked for is not installed.");
+  const QCoreApplication application(argc, argv);
+  StorageTest test;
+  return QTest::qExec(&test, argc, argv);
+}
+
+#include "storage_test.moc"
