@@ -2,6 +2,7 @@
 // analysis, prints every field as a table and leaves a picture of each window it passed.
 #include <QApplication>
 #include <QDir>
+#include <QKeyEvent>
 #include <QTest>
 #include <QTextStream>
 #include <QTimer>
@@ -11,6 +12,7 @@
 #include "dialogs/bb_msg.h"
 #include "dialogs/nachricht.h"
 #include "platform/look.h"
+#include "storage/dateien.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,9 +23,24 @@ QTextStream& out() {
   return stream;
 }
 
+/// A desktop whose file dialogs always choose the same file.
+class TourDesktop : public calvora::Desktop {
+ public:
+  explicit TourDesktop(const QString& file) : file_(file) {}
+
+  void endProgram() override {}
+  bool openDocument(const QString&) override { return false; }
+  QString askOpenFile(QWidget*, const calvora::FileRequest&) override { return file_; }
+  QString askSaveFile(QWidget*, const calvora::FileRequest&) override { return file_; }
+
+ private:
+  QString file_;
+};
+
 class Tour {
  public:
-  explicit Tour(const QString& folder) : folder_(folder) {}
+  explicit Tour(const QString& folder)
+      : folder_(folder), application_(std::make_unique<TourDesktop>(folder + u"/rundgang.cva"_s)) {}
 
   /// Walks the whole way. False if a window did not come or a picture could not be written.
   bool walk();
@@ -33,13 +50,19 @@ class Tour {
   void picture(QWidget& window, const QString& name);
   void type(const QString& text);
   void press(Qt::Key key);
-  /// What the next modal window is to be called, and the key that answers it.
-  void expectMessage(const QString& name, Qt::Key answer);
+  void activate();
+  void shortcut(Qt::Key key);
+  /// What is to happen to the next modal window.
+  template <class Window>
+  void expectModal(const QString& name, const std::function<void(Window&)>& act);
 
   void passStartWindow();
   void typeAnalysis();
   void printTable();
   void showConvertedConductivity();
+  QStringList shownTexts();
+  void saveStartOverAndLoad();
+  void showSettings();
   void showMessages();
   void showRuntimeError();
 
@@ -52,7 +75,7 @@ class Tour {
 
 void Tour::require(bool holds, const QString& what) {
   if (holds) return;
-  out() << "The tour missed: " << what << '\n';
+  out() << "The tour missed: " << what << Qt::endl;
   complete_ = false;
 }
 
@@ -72,13 +95,24 @@ void Tour::type(const QString& text) {
   press(Qt::Key_Enter);
 }
 
-void Tour::expectMessage(const QString& name, Qt::Key answer) {
-  QTimer::singleShot(50, qApp, [this, name, answer] {
-    auto* message = dynamic_cast<calvora::nachricht*>(QApplication::activeModalWidget());
-    require(message != nullptr, name);
-    if (message == nullptr) return;
-    picture(*message, name);
-    QTest::keyClick(message, answer);
+/// The offscreen platform leaves the window inactive once another one was open over it.
+void Tour::activate() {
+  window().activateWindow();
+  require(QTest::qWaitForWindowActive(&window()), u"the active main window"_s);
+}
+
+void Tour::shortcut(Qt::Key key) {
+  activate();
+  QTest::keyClick(window().focusWidget(), key, Qt::ControlModifier);
+}
+
+template <class Window>
+void Tour::expectModal(const QString& name, const std::function<void(Window&)>& act) {
+  QTimer::singleShot(50, qApp, [this, name, act] {
+    auto* modal = dynamic_cast<Window*>(QApplication::activeModalWidget());
+    require(modal != nullptr, name);
+    if (modal == nullptr) return;
+    act(*modal);
   });
 }
 
@@ -88,6 +122,8 @@ bool Tour::walk() {
   typeAnalysis();
   printTable();
   showConvertedConductivity();
+  saveStartOverAndLoad();
+  showSettings();
   showMessages();
   showRuntimeError();
   out() << "Pictures: " << folder_ << '\n';
@@ -135,18 +171,79 @@ void Tour::printTable() {
 }
 
 void Tour::showConvertedConductivity() {
+  window().Text1(1).setFocus();
   QTest::mouseClick(window().Command3, Qt::LeftButton);
   picture(window(), u"main-bei-temperatur"_s);
   QTest::mouseClick(window().Command3, Qt::LeftButton);
 }
 
+QStringList Tour::shownTexts() {
+  QStringList texts;
+  for (const auto& [index, box] : window().Text1) texts += box->text();
+  for (const auto& [index, label] : window().Label2) texts += label->text();
+  return texts;
+}
+
+void Tour::saveStartOverAndLoad() {
+  const QStringList before = shownTexts();
+  expectModal<calvora::Dateien>(u"dateien-save"_s, [this](calvora::Dateien& dateien) {
+    const std::pair<QWidget*, QString> fields[] = {{dateien.Text1, u"Wohnanlage Beispielhof"_s},
+                                                   {dateien.Text2, u"2026-014"_s},
+                                                   {dateien.Text3, u"Heizkreis Rücklauf"_s},
+                                                   {dateien.Text4, u"Hausverwaltung Muster"_s},
+                                                   {dateien.Text7, u"nach dem Spülen entnommen"_s}};
+    for (const auto& [field, text] : fields) {
+      field->setFocus();
+      for (const QChar c : text) {
+        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, c);  // keyClicks knows no umlauts
+        QCoreApplication::sendEvent(field, &key);
+      }
+    }
+    picture(dateien, u"dateien-save"_s);
+    dateien.Command1->click();
+  });
+  shortcut(Qt::Key_S);
+  shortcut(Qt::Key_N);
+  require(application_.program().record == calvora::AnalysisRecord{}, u"the empty mask"_s);
+  expectModal<calvora::Dateien>(u"dateien-loaded"_s, [this](calvora::Dateien& dateien) {
+    picture(dateien, u"dateien-loaded"_s);
+    QTest::keyClick(&dateien, Qt::Key_Escape);
+  });
+  shortcut(Qt::Key_O);
+  window().Text1(1).setFocus();
+  QTest::qWait(20);
+  picture(window(), u"main-loaded"_s);
+  require(shownTexts() == before, u"the same mask after loading"_s);
+}
+
+void Tour::showSettings() {
+  for (const auto& [action, name] : {std::pair{window().mnu2_pfad, u"datenpfad"_s},
+                                     std::pair{window().mnu2_fatext, u"firma"_s}}) {
+    action->trigger();
+    QTest::qWait(20);
+    QWidget* settings = QApplication::activeWindow();
+    require(settings != nullptr && settings != &window(), name);
+    if (settings == nullptr || settings == &window()) continue;
+    picture(*settings, name);
+    settings->close();
+  }
+}
+
 void Tour::showMessages() {
+  activate();
   window().Text1(3).setFocus(Qt::TabFocusReason);
-  expectMessage(u"message-range"_s, Qt::Key_Enter);
+  expectModal<calvora::nachricht>(u"message-range"_s, [this](calvora::nachricht& message) {
+    picture(message, u"message-range"_s);
+    QTest::keyClick(&message, Qt::Key_Enter);
+  });
   type(u"99"_s);
+  activate();
   window().Text1(3).setFocus(Qt::TabFocusReason);
   type(u"10"_s);
-  expectMessage(u"message-save"_s, Qt::Key_Escape);
+  expectModal<calvora::nachricht>(u"message-save"_s, [this](calvora::nachricht& message) {
+    picture(message, u"message-save"_s);
+    QTest::keyClick(&message, Qt::Key_Escape);
+  });
   window().close();
   for (int symbol = 1; symbol <= 5; ++symbol) {
     calvora::nachricht message(&window());
@@ -172,7 +269,7 @@ void Tour::showRuntimeError() {
 int main(int argc, char* argv[]) {
   // The offscreen platform warns of what it cannot do; only worse than that is worth reading here.
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type != QtDebugMsg && type != QtInfoMsg && type != QtWarningMsg) out() << text << '\n';
+    if (type != QtDebugMsg && type != QtInfoMsg && type != QtWarningMsg) out() << text << Qt::endl;
   });
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
@@ -182,5 +279,5 @@ int main(int argc, char* argv[]) {
     out() << "Cannot write to " << folder << '\n';
     return 1;
   }
-  return Tour(folder).walk() ? 0 : 1;
+  return Tour(QDir(folder).absolutePath()).walk() ? 0 : 1;  // the data folder window moves on
 }
