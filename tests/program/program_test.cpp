@@ -1,5 +1,8 @@
 // The whole program, driven through its real windows: start, questions, runtime errors, end.
 #include <QDialog>
+#include <QFile>
+#include <QMenu>
+#include <QMenuBar>
 
 #include "app/application.h"
 #include "app/start_window.h"
@@ -23,6 +26,7 @@ class ProgramTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void theWindowsSayWhatTheyShould();
   void theStartWindowLeadsIntoTheProgramOrOut_data();
   void theStartWindowLeadsIntoTheProgramOrOut();
   void aRejectedEntryIsTold();
@@ -32,6 +36,47 @@ class ProgramTest : public QObject {
   void noMessageIsCut();
   void aRuntimeErrorIsShownAndTheUserDecides();
 };
+
+void ProgramTest::theWindowsSayWhatTheyShould() {
+  QStringList said;
+  const auto say = [&](const QString& name, const auto& controls) {
+    for (const auto& [index, control] : controls) {
+      said += u"%1(%2) '%3' %4"_s.arg(name).arg(index).arg(control->text(), control->toolTip());
+    }
+  };
+  RecordingDesktop desktop;
+  ScriptedQuestions questions;
+  Program program;
+  main window(program, questions, desktop);
+  say(u"Label5"_s, window.Label5);
+  say(u"Label6"_s, window.Label6);
+  say(u"Label3"_s, window.Label3);
+  say(u"Label10"_s, window.Label10);
+  say(u"Command1"_s, window.Command1);
+  said += u"'%1' '%2'"_s.arg(window.Label1->text(), window.Label4->text());
+  for (QAction* menu : window.menuBar()->actions()) {
+    said += u"menu '%1'"_s.arg(menu->text().remove('&'_L1));
+    for (QAction* action : menu->menu()->actions()) {
+      said += u"  '%1' %2 %3"_s.arg(action->text().remove('&'_L1), action->shortcut().toString(),
+                                    action->isEnabled() ? u"on"_s : u"off"_s);
+    }
+  }
+  const start startWindow(window, desktop);
+  say(u"start Label1"_s, startWindow.Label1);
+  say(u"start Label3"_s, startWindow.Label3);
+  say(u"start Command1"_s, startWindow.Command1);
+  const bb_msg report(desktop);
+  said += u"bb_msg '%1'"_s.arg(report.windowTitle());
+  say(u"bb_msg Label1"_s, report.Label1);
+  say(u"bb_msg Check1"_s, report.Check1);
+  for (QString& line : said) line = line.replace('\n'_L1, u"¶"_s).trimmed();
+
+  QFile golden(QFINDTESTDATA("golden/texts.txt"));
+  QVERIFY(golden.open(QFile::ReadOnly));
+  const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n'_L1);
+  for (qsizetype i = 0; i < said.size(); ++i) QCOMPARE(said[i], expected.value(i).trimmed());
+  QCOMPARE(said.size(), expected.size());
+}
 
 void ProgramTest::theStartWindowLeadsIntoTheProgramOrOut_data() {
   QTest::addColumn<int>("button");
