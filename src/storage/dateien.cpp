@@ -292,6 +292,7 @@ void Dateien::connectFields() {
   DTPicker1->findChild<QLineEdit*>()->setReadOnly(true);
   DTPicker1->setLocale(QLocale(QLocale::German));
   DTPicker1->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
+  DTPicker1->calendarWidget()->setDateEditEnabled(false);
   Text6->setReadOnly(true);
   setRole(*Text6, Role::kComputed);
   Text6->setFocusPolicy(Qt::NoFocus);

@@ -31,6 +31,7 @@ const std::array<QString, 4>& defaultSegments() {
 void readSlots(Settings& settings, LineReader reader) {
   while (!reader.atEnd()) {
     const QStringList fields = reader.fields(2);
+    if (fields.isEmpty() && reader.atEnd()) return;  // a blank last line
     if (fields.size() < 2) throw RuntimeError(ErrorNumber::kEndOfFile);
     const qint64 number = readInteger(fields[0]);
     const int slot = number < 0 || number > settings.slot.size() ? -1 : static_cast<int>(number);
