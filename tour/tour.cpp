@@ -1,13 +1,11 @@
 // A walk through the program with real key events on the offscreen platform: it types a complete
 // analysis, prints every field as a table and leaves a picture of each window it passed.
-#include <QApplication>
+#include "tour.h"
+
 #include <QDir>
 #include <QKeyEvent>
-#include <QTest>
 #include <QTextStream>
-#include <QTimer>
 
-#include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/bb_msg.h"
 #include "dialogs/nachricht.h"
@@ -23,55 +21,10 @@ QTextStream& out() {
   return stream;
 }
 
-/// A desktop whose file dialogs always choose the same file.
-class TourDesktop : public calvora::Desktop {
- public:
-  explicit TourDesktop(const QString& file) : file_(file) {}
+}  // namespace
 
-  void endProgram() override {}
-  bool openDocument(const QString&) override { return false; }
-  QString askOpenFile(QWidget*, const calvora::FileRequest&) override { return file_; }
-  QString askSaveFile(QWidget*, const calvora::FileRequest&) override { return file_; }
-
- private:
-  QString file_;
-};
-
-class Tour {
- public:
-  explicit Tour(const QString& folder)
-      : folder_(folder), application_(std::make_unique<TourDesktop>(folder + u"/rundgang.cva"_s)) {}
-
-  /// Walks the whole way. False if a window did not come or a picture could not be written.
-  bool walk();
-
- private:
-  void require(bool holds, const QString& what);
-  void picture(QWidget& window, const QString& name);
-  void type(const QString& text);
-  void press(Qt::Key key);
-  void activate();
-  void shortcut(Qt::Key key);
-  /// What is to happen to the next modal window.
-  template <class Window>
-  void expectModal(const QString& name, const std::function<void(Window&)>& act);
-
-  void passStartWindow();
-  void typeAnalysis();
-  void printTable();
-  void showConvertedConductivity();
-  QStringList shownTexts();
-  void saveStartOverAndLoad();
-  void showSettings();
-  void showMessages();
-  void showRuntimeError();
-
-  calvora::main& window() { return application_.mainWindow(); }
-
-  QString folder_;
-  calvora::Application application_;
-  bool complete_ = true;
-};
+Tour::Tour(const QString& folder)
+    : folder_(folder), application_(std::unique_ptr<calvora::Desktop>(desktop_)) {}
 
 void Tour::require(bool holds, const QString& what) {
   if (holds) return;
@@ -81,7 +34,7 @@ void Tour::require(bool holds, const QString& what) {
 
 void Tour::picture(QWidget& window, const QString& name) {
   QTest::qWait(20);
-  const QString path = folder_ + '/'_L1 + name + u".png"_s;
+  const QString path = file(name + u".png"_s);
   require(window.grab().save(path), path);
 }
 
@@ -104,16 +57,6 @@ void Tour::activate() {
 void Tour::shortcut(Qt::Key key) {
   activate();
   QTest::keyClick(window().focusWidget(), key, Qt::ControlModifier);
-}
-
-template <class Window>
-void Tour::expectModal(const QString& name, const std::function<void(Window&)>& act) {
-  QTimer::singleShot(50, qApp, [this, name, act] {
-    auto* modal = dynamic_cast<Window*>(QApplication::activeModalWidget());
-    require(modal != nullptr, name);
-    if (modal == nullptr) return;
-    act(*modal);
-  });
 }
 
 bool Tour::walk() {
@@ -152,7 +95,7 @@ void Tour::typeAnalysis() {
 }
 
 void Tour::printTable() {
-  const calvora::AnalysisRecord& record = application_.program().record;
+  const calvora::AnalysisRecord& record = program().record;
   const auto row = [&](const QString& caption, const QString& value, const QString& text) {
     out() << caption.leftJustified(40) << value.rightJustified(12) << "  " << text << '\n';
   };
@@ -202,9 +145,10 @@ void Tour::saveStartOverAndLoad() {
     picture(dateien, u"dateien-save"_s);
     dateien.Command1->click();
   });
+  desktop().file = file(u"rundgang.cva"_s);
   shortcut(Qt::Key_S);
   shortcut(Qt::Key_N);
-  require(application_.program().record == calvora::AnalysisRecord{}, u"the empty mask"_s);
+  require(program().record == calvora::AnalysisRecord{}, u"the empty mask"_s);
   expectModal<calvora::Dateien>(u"dateien-loaded"_s, [this](calvora::Dateien& dateien) {
     picture(dateien, u"dateien-loaded"_s);
     QTest::keyClick(&dateien, Qt::Key_Escape);
@@ -263,8 +207,6 @@ void Tour::showRuntimeError() {
   picture(*report, u"runtime-error"_s);
   report->close();
 }
-
-}  // namespace
 
 int main(int argc, char* argv[]) {
   // The offscreen platform warns of what it cannot do; only worse than that is worth reading here.
