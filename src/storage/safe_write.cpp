@@ -1,9 +1,10 @@
 #include "storage/safe_write.h"
 
-#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include "dialogs/runtime_error.h"
+#include "platform/file_sync.h"
 
 namespace calvora {
 
@@ -14,13 +15,15 @@ void writeFileSafely(const QString& path, const QByteArray& content) {
   }
   // commit() alone does not notice a disk that fills up while the buffer is written: it would
   // replace the old file by an empty one.
-  const bool written = file.write(content) == content.size() && file.flush();
+  const bool written = file.write(content) == content.size() && file.flush() && syncFile(file);
   if (!written) {
     file.cancelWriting();
     file.commit();
     throw RuntimeError(ErrorNumber::kDiskFull, file.errorString());
   }
   if (!file.commit()) throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
+  // The new file is there and whole, whatever becomes of its entry if the power fails now.
+  syncFolder(QFileInfo(path).absolutePath());
 }
 
 }  // namespace calvora

@@ -1,0 +1,15 @@
+#pragma once
+
+class QFileDevice;
+class QString;
+
+namespace calvora {
+
+/// Waits until what was written to an open file has reached the disk. False if it did not get
+/// there; true where the file system knows no such thing.
+bool syncFile(QFileDevice& file);
+
+/// The same for a folder, whose entries changed.
+bool syncFolder(const QString& path);
+
+}  // namespace calvora
