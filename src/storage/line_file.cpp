@@ -36,6 +36,11 @@ QString takeField(const QString& line, qsizetype& position) {
 
 }  // namespace
 
+bool isStorable(const QString& text) {
+  return text.size() < LineReader::kLongestLine / 2 &&
+         LineWriter::quoted(fromWindows1252(toWindows1252(text))) == '"'_L1 + text + '"'_L1;
+}
+
 void LineWriter::text(const QString& text) {
   fields({quoted(text)});
 }

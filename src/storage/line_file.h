@@ -7,6 +7,9 @@
 
 namespace calvora {
 
+/// Whether a text can be written to a file and read back as it is.
+bool isStorable(const QString& text);
+
 /// Builds the content of a file: lines of comma-separated fields, CR LF, Windows-1252.
 class LineWriter {
  public:

@@ -1,6 +1,7 @@
 #include "storage/settings.h"
 
 #include <QDir>
+#include <QFile>
 
 #include "storage/line_file.h"
 #include "storage/safe_write.h"
@@ -56,6 +57,16 @@ void deriveCompanyLine(Settings& settings) {
   settings.slot[setting::kSegmentList] = segmentList(segments);
 }
 
+/// Saves what the next writing would lose. The first copy stays: it is the one that was written by
+/// hand.
+void keepUnread(const QString& path) {
+  const QString copy = path + u".alt"_s;
+  if (!QFile::exists(path) || QFile::exists(copy)) return;
+  QFile file(path);
+  if (!file.open(QFile::ReadOnly)) throw RuntimeError(ErrorNumber::kPathAccess, path);
+  writeFileSafely(copy, file.read(LineReader::kLargestFile));
+}
+
 }  // namespace
 
 QString defaultDataFolder(const QString& programFolder) {
@@ -64,7 +75,7 @@ QString defaultDataFolder(const QString& programFolder) {
 
 QString segmentList(const std::array<QString, 4>& segments) {
   QString list;
-  for (const QString& segment : segments) list += segment + '|'_L1;
+  for (QString segment : segments) list += segment.replace('|'_L1, '/'_L1) + '|'_L1;
   return list;
 }
 
@@ -76,27 +87,33 @@ QString joinedSegments(const std::array<QString, 4>& segments) {
 
 void readSettings(Settings& settings, const QString& programFolder) {
   if (settings.unsaved) return;
+  QString& dataFolder = settings.slot[setting::kDataFolder];
+  settings.readInPart = false;
   try {
     readSlots(settings, LineReader::ofFile(settingsPath(programFolder)));
     deriveCompanyLine(settings);
+    if (dataFolder.isEmpty()) dataFolder = defaultDataFolder(programFolder);
   } catch (const RuntimeError& error) {
-    if (error.number() == static_cast<int>(ErrorNumber::kFileNotFound)) {
-      settings.slot[setting::kDataFolder] = defaultDataFolder(programFolder);
-    }
+    settings.readInPart = error.number() != static_cast<int>(ErrorNumber::kFileNotFound);
+    if (!settings.readInPart) dataFolder = defaultDataFolder(programFolder);
   }
 }
 
 void writeSettings(Settings& settings, const QString& programFolder) {
   settings.unsaved = true;
+  if (settings.readInPart) keepUnread(settingsPath(programFolder));
   LineWriter writer;
   for (int slot = 1; slot <= kLastStoredSlot; ++slot) {
-    const QString& text =
-        isSegment(slot) ? settings.segments.at(static_cast<size_t>(slot - setting::kFirstSegment))
-                        : settings.slot[slot];
+    QString text = isSegment(slot)
+                       ? settings.segments.at(static_cast<size_t>(slot - setting::kFirstSegment))
+                       : settings.slot[slot];
+    // A default folder that the file cannot hold is found again without it.
+    if (slot == setting::kDataFolder && !isStorable(text)) text.clear();
     writer.fields({QString::number(slot), LineWriter::quoted(text)});
   }
   writeFileSafely(settingsPath(programFolder), writer.content());
   settings.unsaved = false;
+  settings.readInPart = false;
 }
 
 }  // namespace calvora

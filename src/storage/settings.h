@@ -26,20 +26,24 @@ struct Settings {
 
   /// They could not be written; the running program keeps them and must not read the old ones.
   bool unsaved = false;
+
+  /// The file holds more than could be read; it must not be lost by writing it anew.
+  bool readInPart = false;
 };
 
 /// The folder that analyses are kept in unless another was chosen.
 QString defaultDataFolder(const QString& programFolder);
 
-/// Reads the settings file and derives print line and segment list. Without a file the data folder
-/// is the default and the rest stays; a fault ends reading silently, with neither derived.
+/// Reads the settings file and derives print line and segment list. Without a file, or a folder in
+/// it, the data folder is the default; a fault ends reading silently, with neither line derived.
 void readSettings(Settings& settings, const QString& programFolder);
 
-/// Writes the settings file, slots 1 to 12. Runtime error 75 or 61, and the old file untouched, if
-/// that fails; the settings then count as unsaved.
+/// Writes the settings file, slots 1 to 12. What was not readable in the old file is kept beside it
+/// as `cvra.ini.alt`. Runtime error 75 or 61, and the old file untouched, if that fails; the
+/// settings then count as unsaved.
 void writeSettings(Settings& settings, const QString& programFolder);
 
-/// The four segments as lists them: each followed by "|".
+/// The four segments as one list: each followed by "|", and a "|" in them as "/".
 QString segmentList(const std::array<QString, 4>& segments);
 
 /// The segments joined without separator.

@@ -69,7 +69,7 @@ QByteArray bytesOf(const QString& path) {
 }
 
 QByteArray golden(const char* name) {
-  return bytesOf(QFINDTESTDATA(u"golden/"_s + QLatin1String(name)));
+  return bytesOf(QFINDTESTDATA(u"storage/golden/"_s + QLatin1String(name)));
 }
 
 int errorOf(const std::function<void()>& body) {
@@ -431,6 +431,7 @@ class StorageTest : public QObject {
     // Lines => slots that have a text, then the segments.
     rows(
         "5,'A '¶6,'B'¶7,'C'¶8,'D'¶10,'X'=>5=A BCD;6=A |B|C|D|;7=C;8=D;10=X; A ;B;C;D | "
+        "5,'A|b'¶8,'D'¶10,'X'=>5=A|bD;6=A/b|||D|;8=D;10=X; A|b;;;D | "
         "10,'X'¶8,'D'¶0,'Z'¶20,'Y'¶5,'A'=>0=Z;5=AD;6=A|||D|;8=D;10=X;20=Y; A;;;D | "
         "5,'A'¶10,'X'¶10,'Y'=>5=A;6=A||||;10=Y; A;;; | "
         "5,'A'¶6,'B'¶21,'Z'¶10,'X'=>5=A;6=B; A;B;; | 5,'A'¶-1,'Z'¶10,'X'=>5=A; A;;; | "
@@ -474,6 +475,29 @@ class StorageTest : public QObject {
       writeSettings(settings, folder_->path());
       QCOMPARE(bytesOf(at("cvra.ini")), changed);
     }
+  }
+
+  void savingSettingsLosesNothingThatCouldNotBeRead() {
+    const QByteArray foreign = "\xEF\xBB\xBF" + golden("cvra.ini");
+    put("cvra.ini", foreign);
+    Settings settings;
+    readSettings(settings, folder_->path());
+    settings.slot[setting::kDataFolder] = u"D:\\neu"_s;
+    for (int save = 0; save < 2; ++save) writeSettings(settings, folder_->path());
+    QCOMPARE(bytesOf(at("cvra.ini.alt")), foreign);
+    QCOMPARE(errorOf([&] { readSettings(settings, folder_->path()); }), 0);
+    QCOMPARE(settings.slot[setting::kDataFolder], u"D:\\neu"_s);
+  }
+
+  void aDefaultFolderThatNoFileCanHoldIsFoundAgain() {
+    const QString folder = at("Вода");
+    QVERIFY(QDir().mkpath(folder));
+    Settings settings;
+    readSettings(settings, folder);
+    writeSettings(settings, folder);
+    Settings read;
+    readSettings(read, folder);
+    QCOMPARE(read.slot[setting::kDataFolder], defaultDataFolder(folder));
   }
 
   void thePrintLineIsCutAt115CharactersButNoSegmentIs() {
