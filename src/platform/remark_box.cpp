@@ -18,6 +18,10 @@ void RemarkBox::keyPressEvent(QKeyEvent* event) {
   }
   const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
                        !event->modifiers().testFlag(Qt::AltModifier);
+  if (event->text().size() > 1) {  // a character beyond 16 bits, or several at once
+    insertPlainText(filter(event->text()));
+    return;
+  }
   if (!command && event->text().size() == 1 && event->key() != Qt::Key_Delete &&
       event->key() != Qt::Key_Escape) {
     int code = event->text().front().unicode();

@@ -59,8 +59,14 @@ QByteArray analysisContent(const Program& program) {
 }
 
 void writeAnalysis(Program& program, const QString& path, const QString& title) {
-  program.record.flag[flag::kNameLine] = nameLine(title, u".cva"_s);
-  writeFileSafely(path, analysisContent(program));
+  QString& name = program.record.flag[flag::kNameLine];
+  const QString before = std::exchange(name, nameLine(title, u".cva"_s));
+  try {
+    writeFileSafely(path, analysisContent(program));
+  } catch (const RuntimeError&) {
+    name = before;
+    throw;
+  }
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {

@@ -4,9 +4,11 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
+#include "platform/date_picker.h"
 #include "platform/enter_press.h"
 #include "platform/look.h"
 #include "platform/twips.h"
@@ -21,6 +23,7 @@ namespace {
 
 constexpr int kFileNotFound = static_cast<int>(ErrorNumber::kFileNotFound);
 constexpr int kCancelled = 1;
+const QDate kFirstDate(100, 1, 1);  // the toolkit knows no earlier one
 const auto kDateFormat = u"dd.MM.yyyy"_s;
 const auto kRemove = u"löschen"_s;
 const auto kSet = u"setzen"_s;
@@ -28,9 +31,11 @@ const auto kSet = u"setzen"_s;
 /// The date in a header slot, from its first two characters, the two behind the first point and its
 /// last four; not valid for blanks and for what is no date.
 QDate dateOf(const QString& slot) {
-  const QString text = slot.trimmed();
-  if (text.size() != kDateFormat.size()) return {};
-  return {text.right(4).toInt(), text.mid(3, 2).toInt(), text.left(2).toInt()};
+  // Whatever parts them: the positions count.
+  static const QRegularExpression kDate(u"^([0-9]{2}).([0-9]{2}).([0-9]{4})$"_s);
+  const auto match = kDate.match(slot.trimmed());
+  const QDate date(match.captured(3).toInt(), match.captured(2).toInt(), match.captured(1).toInt());
+  return date >= kFirstDate ? date : QDate();
 }
 
 /// The path with the extension that belongs to it: its file name is cut at the first point behind
@@ -42,9 +47,11 @@ QString withExtension(const QString& path, const QString& extension) {
   return point >= 0 && fits ? path : path.left(point) + '.'_L1 + extension;
 }
 
-/// A name line as a file name: without what would lead into another folder.
+/// A name line as a file name: without what would lead into another folder, part the name into
+/// several, or is not allowed in a name everywhere.
 QString proposedName(QString name) {
-  return name.replace('/'_L1, '-'_L1).replace('\\'_L1, '-'_L1);
+  static const QRegularExpression kNotInNames(u"[/\\\\:*?\"<>|\\x{00}-\\x{1f}]"_s);
+  return name.replace(kNotInNames, u"-"_s);
 }
 
 /// Why a file was not written, in the user's words.
@@ -78,7 +85,7 @@ void Dateien::Form_Load() {
   Text4->showText(header[4]);
   Text7->setPlainText(header[7]);
   const QDate date = dateOf(header[5]);
-  DTPicker1->setDateRange(QDate(100, 1, 1), std::max(program_.today(), date));
+  DTPicker1->setDateRange(kFirstDate, std::max(program_.today(), date));
   DTPicker1->setDate(date.isValid() ? date : program_.today());
   setDate(true);
 }
@@ -244,7 +251,7 @@ void Dateien::buildWindow() {
   add(Label2, u"ProjektNo "_s, makeField(Text2), 2);
   add(Label3, u"Bezeich. Probe"_s, makeField(Text3), 2);
   add(Label4, u" Auftraggeber"_s, makeField(Text4), 2);
-  DTPicker1 = new QDateEdit(this);
+  DTPicker1 = new DatePicker(this);
   DTPicker1->setMinimumHeight(twips(400));
   add(Label5, u"Probenahme Datum"_s, DTPicker1, 1);
   Label8 = new QPushButton(kRemove, this);

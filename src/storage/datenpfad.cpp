@@ -1,12 +1,14 @@
 #include "storage/datenpfad.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QGridLayout>
 #include <QStorageInfo>
 
 #include "dialogs/guarded.h"
 #include "platform/enter_press.h"
 #include "platform/twips.h"
+#include "storage/line_file.h"
 #include "storage/meldungen.h"
 
 namespace calvora {
@@ -48,7 +50,8 @@ void datenpfad::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (std::exchange(shown_, true)) return;
   const bool exists = QDir::setCurrent(QDir::fromNativeSeparators(Label3(1).text()));
-  openFolder(QDir::currentPath());
+  const QString current = QDir::currentPath();
+  openFolder(QDir(current).exists() ? current : QDir::homePath());
   if (exists) return;
   QMetaObject::invokeMethod(
       this, [this] { katalogMeldung(questions_, meldung::kPfadFehlt); }, Qt::QueuedConnection);
@@ -85,6 +88,10 @@ void datenpfad::openFolder(const QString& folder) {
 }
 
 void datenpfad::choose(const QString& folder) {
+  if (!QDir(folder).exists()) {
+    katalogMeldung(questions_, meldung::kPfadFehlt);
+    return;
+  }
   openFolder(folder);
   Label3(2).setText(shownPath(folder));
   Command1(1).setEnabled(true);
@@ -98,13 +105,33 @@ void datenpfad::Dir1_Click(QListWidgetItem* entry) {
   choose(entry->data(kPathRole).toString());
 }
 
+/// A folder that is gone by now, or whose name the settings file would change, is refused.
+bool datenpfad::canBeKept(const QString& folder) {
+  if (!QDir(QDir::fromNativeSeparators(folder)).exists()) {
+    katalogMeldung(questions_, meldung::kPfadFehlt);
+    return false;
+  }
+  if (isStorable(folder)) return true;
+  questions_.ask(
+      {.text = joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
+                            u" gespeichert werden können. Wählen Sie einen anderen ! "_s}),
+       .title = u"Datenpfad"_s,
+       .symbol = 2});
+  return false;
+}
+
+/// The second click of a double click would open an entry of the list that the first one built.
+bool datenpfad::eventFilter(QObject* watched, QEvent* event) {
+  return event->type() == QEvent::MouseButtonDblClick || QDialog::eventFilter(watched, event);
+}
+
 void datenpfad::Command1_Click(int index) {
   if (index == 2) {
     close();
     return;
   }
   const QString folder = Label3(2).text().trimmed();
-  if (folder.isEmpty()) return;
+  if (folder.isEmpty() || !canBeKept(folder)) return;
   if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == button::kAbbrechen) return;
   Label3(1).setText(folder);
   program_.settings.slot[setting::kDataFolder] = folder;
@@ -159,6 +186,7 @@ void datenpfad::buildWindow() {
   layout->addWidget(Label2);
   layout->addWidget(&Label3(1));
   layout->addLayout(buttons);
+  Dir1->viewport()->installEventFilter(this);
   // One click opens a folder, and so does Enter.
   connect(Dir1, &QListWidget::itemClicked, this, &datenpfad::Dir1_Click);
   connect(Dir1, &QListWidget::itemActivated, this, &datenpfad::Dir1_Click);

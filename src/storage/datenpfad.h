@@ -28,11 +28,13 @@ class datenpfad : public QDialog {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildWindow();
   void openFolder(const QString& folder);
   void choose(const QString& folder);
+  bool canBeKept(const QString& folder);
   void Drive1_Change(int index);
   void Dir1_Click(QListWidgetItem* entry);
   void Command1_Click(int index);

@@ -48,8 +48,6 @@ class MainWindowTest : public QObject {
   void theToggleActsOnWhatIsTrueAfterTheEntry();
   void aDroppedTextBelongsToItsBox();
   void typingOverAConvertedConductivityEntersItAt25Degrees();
-  void closingAsksForUnsavedChanges_data();
-  void closingAsksForUnsavedChanges();
   void restartEmptiesEverything();
   void aFaultIsReportedAndTheProgramGoesOn();
   void theManualOpensOnlyWhereItExists();
@@ -394,35 +392,6 @@ void MainWindowTest::typingOverAConvertedConductivityEntersItAt25Degrees() {
   QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
   mask.press(Qt::Key_Enter);
   QCOMPARE(mask.program.record.value[1], 500_fp);
-}
-
-void MainWindowTest::closingAsksForUnsavedChanges_data() {
-  QTest::addColumn<QString>("typed");
-  QTest::addColumn<int>("answer");
-  QTest::addColumn<bool>("ends");
-  QTest::newRow("nothing typed") << QString() << 0 << true;
-  QTest::newRow("drop") << u"420"_s << button::kNein << true;
-  QTest::newRow("cancel") << u"420"_s << button::kAbbrechen << false;
-  QTest::newRow("save") << u"420"_s << button::kJa << false;
-}
-
-void MainWindowTest::closingAsksForUnsavedChanges() {
-  QFETCH(QString, typed);
-  QFETCH(int, answer);
-  QFETCH(bool, ends);
-  Mask mask;
-  mask.keys(typed);
-  if (answer != 0) mask.questions.expect(kSaveQuestion, answer);
-  if (answer == button::kJa) {
-    onNextModal<Dateien>(this, [](Dateien& window) {
-      QVERIFY(window.Command1->isVisible());
-      QTest::keyClick(&window, Qt::Key_Escape);
-    });
-  }
-  QCOMPARE(mask.window.close(), ends);
-  QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
-  if (!typed.isEmpty()) QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
-  if (answer != 0) QCOMPARE(mask.questions.asked.front().buttons, 14);
 }
 
 void MainWindowTest::restartEmptiesEverything() {

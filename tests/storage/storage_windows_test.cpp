@@ -1,12 +1,17 @@
 // Saving, loading and settings through the real windows.
+#include <sys/resource.h>
+
+#include <QCalendarWidget>
 #include <QClipboard>
 #include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QTemporaryDir>
+#include <QWheelEvent>
+#include <csignal>
 
 #include "storage/dateien.h"
-#include "storage/datenpfad.h"
-#include "storage/firma.h"
-#include "storage/line_file.h"
 #include "support/window_support.h"
 
 using namespace calvora;
@@ -49,11 +54,11 @@ class StorageWindowsTest : public QObject {
   void loadingTellsWhatItCouldNotRead();
   void aLoadedAnalysisIsSavedAgainWithItsDates();
   void theExamplesLoadWithoutAMessage();
-  void loadingAsksForUnsavedChanges_data();
-  void loadingAsksForUnsavedChanges();
+  void noCommandDropsChangesUnasked_data();
+  void noCommandDropsChangesUnasked();
   void headerFieldsFilterWhatBreaksAFile();
-  void theDataFolderIsChosenAndKept();
-  void theCompanyLineIsKept();
+  void theFileDialogsSpeakGermanAndAskBeforeReplacing();
+  void theHeaderWindowShowsItsTextsWhole();
 };
 
 void StorageWindowsTest::anAnalysisIsSavedWithItsHeader() {
@@ -97,6 +102,7 @@ void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen_data() {
   QTest::newRow("folder gone") << u"fort/brunnen.cva"_s << true;
   QTest::newRow("a folder in the way") << u"ordner.cva"_s << true;
   QTest::newRow("a remark that no file can hold") << u"lang.cva"_s << true;
+  QTest::newRow("disk full") << u"alt.cva"_s << true;
 }
 
 void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
@@ -104,20 +110,31 @@ void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
   QFETCH(bool, told);
   QTemporaryDir folder;
   QVERIFY(QDir(folder.path()).mkpath(u"ordner.cva/darin"_s));
+  writeFile(folder.filePath(u"alt.cva"_s), "alt");
   Mask mask;
   mask.enter(1, u"420"_s);
+  mask.program.record.flag[flag::kNameLine] = u"vorher"_s;
   if (!name.isEmpty()) mask.desktop.paths = {folder.filePath(name)};
+  rlimit room{};
+  getrlimit(RLIMIT_FSIZE, &room);
+  std::signal(SIGXFSZ, SIG_IGN);
   onNextModal<Dateien>(this, [&](Dateien& window) {
     if (name == "lang.cva"_L1) window.Text7->setPlainText(QString(70000, 'x'_L1));
+    const rlimit full{64, room.rlim_max};
+    if (name == "alt.cva"_L1) setrlimit(RLIMIT_FSIZE, &full);
     window.Command1->click();
+    setrlimit(RLIMIT_FSIZE, &room);
     QVERIFY(window.isVisible());
     QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), told);
+    QCOMPARE(cutTexts(window), QStringList());
     window.Command2->click();
   });
   mask.press(Qt::Key_S, Qt::ControlModifier);
   QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
+  QCOMPARE(mask.program.record.flag[flag::kNameLine], u"vorher"_s);
   QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-           QStringList{u"ordner.cva"_s});
+           (QStringList{u"alt.cva"_s, u"ordner.cva"_s}));
+  QCOMPARE(contentOf(folder.filePath(u"alt.cva"_s)), QByteArray("alt"));
 }
 
 void StorageWindowsTest::anotherExtensionIsReplaced_data() {
@@ -165,6 +182,14 @@ void StorageWindowsTest::theSamplingDateCanBeRemovedAndSetAgain() {
   window.show();
   QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
   QCOMPARE(window.DTPicker1->maximumDate(), QDate(2026, 11, 22));
+  // Neither the wheel on its way over the form nor typed digits change it unseen.
+  QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                    false);
+  QCoreApplication::sendEvent(window.DTPicker1, &wheel);
+  QTest::keyClicks(window.DTPicker1, u"31"_s);
+  QTest::keyClicks(window.DTPicker1->calendarWidget(), u"15"_s);
+  QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
+  QCOMPARE(window.DTPicker1->calendarWidget()->firstDayOfWeek(), Qt::Monday);
   window.Label8->click();
   QVERIFY(!window.DTPicker1->isVisible());
   QCOMPARE(window.Label8->text(), u"setzen"_s);
@@ -206,12 +231,12 @@ void StorageWindowsTest::aLoadedAnalysisShowsItsHeaderAndKeepsItsHardness() {
 void StorageWindowsTest::loadingTellsWhatItCouldNotRead_data() {
   QTest::addColumn<QByteArray>("content");
   QTest::addColumn<QString>("conductivity");
-  QByteArray badDate = kSmallFile;
-  badDate.replace("03.02.2026", "31.02.2026");
   QTest::newRow("cut in a record")
       << kSmallFile.left(kSmallFile.indexOf("23,60") + 3) << u"420,0000"_s;
   QTest::newRow("cut in the header") << kSmallFile.left(40) << QString();
-  QTest::newRow("a date that is none") << badDate << u"420,0000"_s;
+  for (const char* date : {"31.02.2026", "+1.+2.2026", "01.02.0099", "heute"}) {
+    QTest::newRow(date) << QByteArray(kSmallFile).replace("03.02.2026", date) << u"420,0000"_s;
+  }
 }
 
 void StorageWindowsTest::loadingTellsWhatItCouldNotRead() {
@@ -258,22 +283,46 @@ void StorageWindowsTest::theExamplesLoadWithoutAMessage() {
   }
 }
 
-void StorageWindowsTest::loadingAsksForUnsavedChanges_data() {
+void StorageWindowsTest::noCommandDropsChangesUnasked_data() {
+  QTest::addColumn<QString>("command");
   QTest::addColumn<int>("answer");
-  QTest::addColumn<bool>("asksForFile");
-  QTest::newRow("drop") << button::kNein << true;
-  QTest::newRow("cancel") << button::kAbbrechen << false;
+  for (const QString& command : {u"load"_s, u"restart"_s, u"close"_s}) {
+    for (const int answer : {button::kJa, button::kNein, button::kAbbrechen}) {
+      QTest::addRow("%s %d", qPrintable(command), answer) << command << answer;
+    }
+  }
 }
 
-void StorageWindowsTest::loadingAsksForUnsavedChanges() {
+/// "Ja" saves and stops there; so does cancelling, without saving.
+void StorageWindowsTest::noCommandDropsChangesUnasked() {
+  QFETCH(QString, command);
   QFETCH(int, answer);
+  QTemporaryDir folder;
+  const QString old = folder.filePath(u"alt.cva"_s);
+  const QString saved = folder.filePath(u"neu.cva"_s);
+  writeFile(old, kSmallFile);
   Mask mask;
-  mask.enter(1, u"420"_s);
+  mask.keys(u"500"_s);  // not left yet
   mask.questions.expect(kSaveQuestion, answer);
-  mask.press(Qt::Key_O, Qt::ControlModifier);  // the file dialog is cancelled
-  QTEST(!mask.desktop.requests.empty(), "asksForFile");
-  QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
-  QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
+  if (answer == button::kJa) mask.desktop.paths = {saved};
+  if (answer == button::kNein) mask.desktop.paths = {old};
+  const bool asksForFile =
+      answer == button::kJa || (answer == button::kNein && command == "load"_L1);
+  if (asksForFile) {
+    onNextModal<Dateien>(this, [answer](Dateien& window) {
+      (answer == button::kJa ? window.Command1 : window.Command2)->click();
+    });
+  }
+  if (command == "load"_L1) mask.press(Qt::Key_O, Qt::ControlModifier);
+  if (command == "restart"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
+  if (command == "close"_L1) QCOMPARE(mask.window.close(), answer == button::kNein);
+  QCOMPARE(mask.desktop.ended, command == "close"_L1 && answer == button::kNein ? 1 : 0);
+  QCOMPARE(contentOf(saved).contains("1,500,"), answer == button::kJa);
+  const bool kept = answer != button::kNein || command == "close"_L1;
+  const bool unsaved = kept && answer != button::kJa;
+  QCOMPARE(mask.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());
+  const QString other = command == "load"_L1 ? u"420,0000"_s : QString();
+  QCOMPARE(mask.window.Text1(1).text(), kept ? u"500,0000"_s : other);
 }
 
 void StorageWindowsTest::headerFieldsFilterWhatBreaksAFile() {
@@ -300,107 +349,43 @@ void StorageWindowsTest::headerFieldsFilterWhatBreaksAFile() {
   QCOMPARE(window.focusWidget(), window.Command1);
 }
 
-void StorageWindowsTest::theDataFolderIsChosenAndKept() {
+void StorageWindowsTest::theFileDialogsSpeakGermanAndAskBeforeReplacing() {
   QTemporaryDir folder;
-  QVERIFY(QDir(folder.path()).mkpath(u"daten"_s) && QDir(folder.path()).mkpath(u"Werte"_s));
+  for (const auto* name : {"da.cva", "fremd.txt"}) {
+    writeFile(folder.filePath(QLatin1String(name)), "alt");
+  }
   Mask mask;
-  mask.program.settings = {};
-  mask.program.programFolder = folder.path();
-  auto* window = new datenpfad(mask.program, mask.questions, &mask.window);
-  window->show();
-  QCOMPARE(window->Label3(1).text(), folder.filePath(u"daten"_s));
-  QVERIFY(!window->Command1(1).isEnabled());
-  const auto open = [&](const QString& name) {
-    for (QListWidgetItem* entry : window->Dir1->findItems(name, Qt::MatchEndsWith)) {
-      const QRect place = window->Dir1->visualItemRect(entry);
-      QTest::mouseClick(window->Dir1->viewport(), Qt::LeftButton, {}, place.center());
-      return;
-    }
-    QFAIL("the folder is not in the list");
+  RealDesktop desktop;
+  const auto save = [](QFileDialog& dialog) {
+    QTest::keyClick(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s), Qt::Key_Return);
   };
-  open(QFileInfo(folder.path()).fileName());
-  open(u"Werte"_s);
-  const QString chosen = folder.filePath(u"Werte"_s);
-  QCOMPARE(window->Label3(2).text(), chosen);
-  const QString confirm = joinedLines({u"folgender Pfad wird zur Ablage der                   "_s,
-                                       u"Daten gespeichert:"_s,
-                                       {},
-                                       chosen});
-  mask.questions.expect(confirm, button::kAbbrechen);
-  window->Command1(1).click();
-  QCOMPARE(mask.program.settings.slot[setting::kDataFolder].isEmpty(), true);
-  mask.questions.expect(confirm);
-  mask.questions.expect(joinedLines(
-      {u" Der eingegebene Pfad wurde als künftiger "_s, u"Speicherort  gespeichert !"_s}));
-  window->Command1(1).click();
-  Settings read;
-  readSettings(read, folder.path());
-  QCOMPARE(read.slot[setting::kDataFolder], chosen);
-
-  // A folder that is gone is told, and another one can be chosen.
-  mask.program.settings.slot[setting::kDataFolder] = u"/gibt/es/nicht"_s;
-  mask.questions.expect(joinedLines({u"Der Voreingestellte Pfad existiert nicht !"_s,
-                                     {},
-                                     u"Stellen Sie einen Pfad ein, wo die Daten"_s,
-                                     u"gespeichert werden sollen."_s}));
-  auto* second = new datenpfad(mask.program, mask.questions, &mask.window);
-  second->show();
-  mask.settle();
-  QVERIFY(second->isVisible());
-  // A program folder that cannot be written is reported, and the new folder counts for this run.
-  mask.program.programFolder = u"/gibt/es/nicht"_s;
-  second->Dir1->setFocus();
-  QTest::keyClick(second->Dir1, Qt::Key_Enter);
-  mask.questions.expect(joinedLines({u"folgender Pfad wird zur Ablage der                   "_s,
-                                     u"Daten gespeichert:"_s,
-                                     {},
-                                     second->Label3(2).text()}));
-  const QString current = second->Label3(2).text();
-  second->Command1(1).click();
-  QCOMPARE(std::exchange(mask.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
-  QCOMPARE(mask.program.settings.slot[setting::kDataFolder], current);
-  mask.window.mnu_neustart->trigger();
-  QCOMPARE(mask.program.settings.slot[setting::kDataFolder], current);
-  // A second call brings up the window that is open.
-  mask.window.mnu2_pfad->trigger();
-  mask.window.mnu2_pfad->trigger();
-  const auto lists = mask.window.findChildren<QListWidget*>();
-  QCOMPARE(std::ranges::count_if(lists, &QWidget::isVisible), 1);
+  onNextModal<QFileDialog>(this, [&](QFileDialog& dialog) {
+    QCOMPARE(dialog.labelText(QFileDialog::LookIn), u"Suchen in:"_s);
+    QCOMPARE(dialog.nameFilters(), QStringList{u"Calvora-Dateien (*.cva)"_s});
+    QCOMPARE(dialog.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
+    onNextModal<QMessageBox>(&dialog, [](QMessageBox& question) {
+      QVERIFY2(
+          question.text().contains(u"da.cva"_s) && question.text().contains(u"überschrieben"_s),
+          qPrintable(question.text()));
+      question.button(QMessageBox::No)->click();
+    });
+    save(dialog);
+    QVERIFY(dialog.isVisible());
+    dialog.reject();
+  });
+  // A name without extension means the file that is there.
+  QVERIFY_EXCEPTION_THROWN(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da"_s}),
+                           RuntimeError);
+  onNextModal<QFileDialog>(this, save);
+  QCOMPARE(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"neu"_s}),
+           folder.filePath(u"neu.cva"_s));
 }
 
-void StorageWindowsTest::theCompanyLineIsKept() {
-  QTemporaryDir folder;
+void StorageWindowsTest::theHeaderWindowShowsItsTextsWhole() {
   Mask mask;
-  mask.program.programFolder = folder.path();
-  auto* window = new firma(mask.program, mask.questions, &mask.window);
-  window->show();
-  window->activateWindow();
-  QVERIFY(QTest::qWaitForWindowActive(window));
-  QVERIFY(!window->Command1(1).isEnabled());
-  QCOMPARE(window->Label3(1).text(), u"115"_s);
-  // Text that came without a key shows in the preview, but saves nothing.
-  window->Text1(0).insert(QString(100, 'A'_L1));
-  QCOMPARE(window->Label3(1).text(), u"8"_s);
-  window->Command1(1).click();
-  QVERIFY(window->isVisible());
-  window->Text1(0).setFocus();
-  QTest::keyClicks(&window->Text1(0), u"B"_s);
-  QTest::keyClick(&window->Text1(0), Qt::Key_Up);
-  QCOMPARE(window->focusWidget(), &window->Text1(3));
-  mask.questions.expect(joinedLines({u"Der eingegebne Text ist zu lang"_s,
-                                     u" Es können max. 115 Zeichen (inkl. Leerzeichen)"_s,
-                                     u"eingegeben werden !"_s}));
-  window->Command1(1).click();  // 101 + 7 + 4 + 4 = 116
-  window->Text1(0).setFocus();
-  window->Text1(0).end(false);
-  QTest::keyClick(&window->Text1(0), Qt::Key_Backspace);
-  mask.questions.expect(u" Daten wurden gespeichert !"_s);
-  window->Command1(1).click();
-  Settings read;
-  readSettings(read, folder.path());
-  QCOMPARE(read.segments[0], QString(100, 'A'_L1) + QString(7, ' '_L1));
-  QCOMPARE(read.slot[setting::kPrintLine], mask.program.settings.slot[setting::kPrintLine]);
-  QCOMPARE(read.slot[setting::kPrintLine].size(), 115);
+  Dateien window(mask.program, mask.questions, mask.desktop, &mask.window);
+  window.show();
+  QCOMPARE(cutTexts(window), QStringList());
 }
 
 CALVORA_TEST_MAIN(StorageWindowsTest)

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -38,19 +39,47 @@ class RecordingDesktop : public Desktop {
   }
 };
 
-/// What is to happen to the next modal window of a kind, once it is shown. The test fails if none
-/// comes.
+/// What is to happen to the next modal window of a kind, once it is shown and active. The test
+/// fails if none comes; a window in which something failed is closed, so that the test ends.
 template <class Window>
 void onNextModal(QObject* context, std::function<void(Window&)> act, int triesLeft = 100) {
   QTimer::singleShot(20, context, [context, act = std::move(act), triesLeft] {
-    if (auto* window = dynamic_cast<Window*>(QApplication::activeModalWidget())) {
+    auto* window = dynamic_cast<Window*>(QApplication::activeModalWidget());
+    if (window != nullptr && (window->isActiveWindow() || triesLeft < 50)) {
+      const QPointer<QWidget> shown(window);
       act(*window);
+      if (QTest::currentTestFailed() && shown != nullptr) shown->close();
     } else if (triesLeft > 0) {
       onNextModal<Window>(context, act, triesLeft - 1);
     } else {
       QFAIL("the modal window did not come");
     }
   });
+}
+
+/// What a window cannot show whole: texts that need more room than their control has, and controls
+/// that leave the window or lie upon each other.
+inline QStringList cutTexts(const QWidget& window) {
+  QStringList cut;
+  QList<const QWidget*> seen;
+  for (const QWidget* control : window.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    if (!control->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
+    const QString text = label != nullptr ? label->text() : button->text();
+    if (text.trimmed().isEmpty()) continue;
+    const bool wraps = label != nullptr && label->wordWrap();
+    const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
+    const QRect place(control->mapTo(&window, QPoint()), control->size());
+    bool fits = (wraps || control->width() >= control->sizeHint().width()) &&
+                control->height() >= height && window.rect().contains(place);
+    for (const QWidget* other : seen) {
+      fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
+    }
+    if (!fits) cut += text;
+    seen += control;
+  }
+  return cut;
 }
 
 /// The real main window over a fresh state, with a script for its questions and the start window
