@@ -3,22 +3,12 @@
 #include <QTest>
 
 #include "dialogs/runtime_error.h"
+#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
 using namespace calvora;
 
 namespace {
-
-/// Rows written as what goes in, "=>" and what comes out, their parts separated by semicolons;
-/// " | " stands between the rows.
-void rows(const char* table) {
-  QTest::addColumn<QStringList>("given");
-  QTest::addColumn<QString>("expected");
-  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
-    const QStringList sides = row.split(u"=>"_s);
-    QTest::newRow(qUtf8Printable(row)) << sides.at(0).split(u';') << sides.at(1);
-  }
-}
 
 /// Lines given by their lengths, such as "200 50": the first of the letter a, the second of b.
 QString linesOf(const QString& lengths) {

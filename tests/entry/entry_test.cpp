@@ -8,6 +8,7 @@
 #include "entry/fixed_point.h"
 #include "entry/werteingabe.h"
 #include "support/scripted_questions.h"
+#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
 using namespace calvora;
@@ -16,17 +17,6 @@ namespace {
 
 static_assert((8.2_fp).raw() == 82000 && (7_fp).raw() == 70000 && (0.0001_fp).raw() == 1);
 static_assert((1'000.0005_fp).raw() == 10000005 && (8.2_fp).toDouble() == 8.2);
-
-/// Rows written as what goes in, "=>" and what comes out, their parts separated by semicolons;
-/// " | " stands between the rows.
-void rows(const char* table) {
-  QTest::addColumn<QStringList>("given");
-  QTest::addColumn<QString>("expected");
-  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
-    const QStringList sides = row.split(u"=>"_s);
-    QTest::newRow(qUtf8Printable(row)) << sides.at(0).split(u';') << sides.at(1);
-  }
-}
 
 QString joined(const QStringList& parts) {
   return parts.join(u';');

@@ -1,13 +1,9 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <clocale>
-#include <csignal>
 #include <optional>
 #include <random>
 
@@ -15,25 +11,15 @@
 #include "entry/key_filter.h"
 #include "storage/analysis_file.h"
 #include "storage/company_line.h"
-#include "storage/safe_write.h"
 #include "storage/windows1252.h"
+#include "support/files.h"
 #include "support/scripted_questions.h"
+#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
 using namespace calvora;
 
 namespace {
-
-/// Rows written as what goes in, "=>" and what comes out; " | " stands between the rows, ¶ for a
-/// line end.
-void rows(const char* table) {
-  QTest::addColumn<QString>("given");
-  QTest::addColumn<QString>("expected");
-  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
-    const QStringList sides = QString(row).replace(u"¶"_s, u"\r\n"_s).split(u"=>"_s);
-    QTest::newRow(qUtf8Printable(row)) << sides.at(0) << sides.at(1);
-  }
-}
 
 /// The analysis as header slots 0 to 7 and fields: |Projekt||||||| 2=72500'7,25;4=0'0,00 has a
 /// project, field 2 with the value 7.25 and the text 7,25, and field 4.
@@ -63,38 +49,8 @@ QString joined(const CompanyLines& lines) {
   return QStringList(lines.begin(), lines.end()).join(u';');
 }
 
-QByteArray bytesOf(const QString& path) {
-  QFile file(path);
-  return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable: " + path.toUtf8();
-}
-
 QByteArray golden(const char* name) {
   return bytesOf(QFINDTESTDATA(u"storage/golden/"_s + QLatin1String(name)));
-}
-
-int errorOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
-/// A process of its own that ends with the body's result, or after a minute.
-pid_t startChild(const std::function<int()>& body) noexcept {
-  const pid_t child = fork();
-  if (child != 0) return child;
-  alarm(60);
-  _exit(body());
-}
-
-/// The result of a body that runs without the rights of the superuser.
-int asOrdinaryUser(const std::function<int()>& body) {
-  const auto ordinary = [&] { return getuid() != 0 || setuid(65534) == 0 ? body() : 255; };
-  int status = -1;
-  waitpid(startChild(ordinary), &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 // A header whose slots hold their numbers, and records.
@@ -277,7 +233,7 @@ class StorageTest : public QObject {
 
   void aRecordIsReadAsFarAsItMakesSense_data() {
     // A line between two others => its field, or that it is skipped or ends reading.
-    rows(
+    rows<QString>(
         "2,7.25,'7,25'=>2=72500'7,25 | 0,1,'x'=>0=10000'x | 16,1,'x'=>16=10000'x | "
         "40,1,'x'=>40=10000'x | 41,1,'x'=>stopped | 98,1,'x'=>stopped | 99,1,'x'=>stopped | "
         "100,1,'x'=>skipped | 998,1,'x'=>skipped | 999,0,0=>ended | -1,1,'x'=>stopped | "
@@ -350,7 +306,7 @@ class StorageTest : public QObject {
   }
 
   void whatCannotBeOpenedLeavesTheAnalysisUntouched_data() {
-    rows(
+    rows<QString>(
         "vanished.cva=>53 | vanished/a.cva=>53 | secret.cva/a.cva=>53 | .=>75 | "
         "secret.cva=>75");
   }
@@ -363,73 +319,9 @@ class StorageTest : public QObject {
     QCOMPARE(asOrdinaryUser([&] { return read(qPrintable(given)) == untouched ? 0 : 1; }), 0);
   }
 
-  void aSaveThatFailsLeavesEveryFileAsItWas_data() {
-    // File, bytes to write, room on the disk (-1: enough) => runtime error. Beside the long name
-    // there is room for no temporary one, so that saving fails at its end.
-    rows(
-        "old.cva 100 64=>61 | old.cva 100000 64=>61 | old.cva 100000 99999=>61 | "
-        "new.cva 100 64=>61 | missing/a.cva 100 -1=>75 | old.cva/a.cva 100 -1=>75 | "
-        "locked 100 -1=>75 | locked/old.cva 100 -1=>75 | locked/new.cva 100 -1=>75 | "
-        "read_only.cva 100 -1=>75 | long 100 -1=>75");
-  }
-  void aSaveThatFailsLeavesEveryFileAsItWas() {
-    QFETCH(QString, given);
-    QVERIFY(QDir(folder_->path()).mkdir(u"locked"_s));
-    const QByteArray longName(250, 'l');
-    for (const char* file : {"old.cva", "locked/old.cva", "read_only.cva", longName.constData()}) {
-      put(file, "old");
-      const bool readOnly = QLatin1String(file).startsWith("read"_L1);
-      chmod(qPrintable(at(file)), readOnly ? 0444 : 0666);
-    }
-    chmod(qPrintable(at("locked")), 0555);
-    const QStringList words = given.replace(u"long"_s, QLatin1String(longName)).split(u' ');
-    const QStringList before = content();
-    const int error = asOrdinaryUser([&] {
-      const auto room = static_cast<rlim_t>(words.at(2).toLongLong());
-      const rlimit limit{room, room};
-      std::signal(SIGXFSZ, SIG_IGN);
-      setrlimit(RLIMIT_FSIZE, &limit);
-      return errorOf([&] {
-        writeFileSafely(at(qPrintable(words.at(0))), QByteArray(words.at(1).toInt(), 'n'));
-      });
-    });
-    chmod(qPrintable(at("locked")), 0755);
-    QTEST(QString::number(error), "expected");
-    QCOMPARE(content(), before);
-  }
-
-  void aProcessKilledWhileSavingLeavesACompleteFile() {
-    const QByteArray versions[]{QByteArray(100'000, 'a'), QByteArray(130'000, 'b')};
-    const QString path = at("saved.cva");
-    writeFileSafely(path, versions[0]);
-    std::mt19937 random(20261122);
-    int found[]{0, 0};
-    for (unsigned round = 0; round < 200; ++round) {
-      const pid_t child = startChild([&] {
-        return errorOf([&] {
-          for (unsigned i = round;; ++i) writeFileSafely(path, versions[i % 2]);
-        });
-      });
-      QVERIFY(child > 0);
-      usleep(1000 + static_cast<useconds_t>(random() % 19000));
-      kill(child, SIGKILL);
-      int status = 0;
-      waitpid(child, &status, 0);
-      QVERIFY2(WIFSIGNALED(status), "saving failed before the process was killed");
-      const QByteArray file = bytesOf(path);
-      QVERIFY2(file == versions[0] || file == versions[1], "a part of a version");
-      ++found[file == versions[1] ? 1 : 0];
-    }
-    QVERIFY(found[0] > 0 && found[1] > 0);  // the kills came at different moments
-    const qsizetype files = content().size();
-    writeFileSafely(path, "later");
-    QCOMPARE(bytesOf(path), "later");
-    QCOMPARE(content().size(), files);
-  }
-
   void settingsAreReadAsFarAsTheFileIsSound_data() {
     // Lines => slots that have a text, then the segments.
-    rows(
+    rows<QString>(
         "5,'A '¶6,'B'¶7,'C'¶8,'D'¶10,'X'=>5=A BCD;6=A |B|C|D|;7=C;8=D;10=X; A ;B;C;D | "
         "5,'A|b'¶8,'D'¶10,'X'=>5=A|bD;6=A/b|||D|;8=D;10=X; A|b;;;D | "
         "10,'X'¶8,'D'¶0,'Z'¶20,'Y'¶5,'A'=>0=Z;5=AD;6=A|||D|;8=D;10=X;20=Y; A;;;D | "
@@ -511,7 +403,7 @@ class StorageTest : public QObject {
 
   void aCompanyLineIsPaddedAndHas115Characters_data() {
     // Four lines, or how many x they have => stored segments; preview; length of both.
-    rows(
+    rows<QString>(
         "A;B;C;D=>A       ;B    ;C    ;D;A       B    C    D;19 19 | "
         "A;;;D=>A       ;    ;    ;D;A       D;17 9 | "
         " A  ;B ; ;D  => A       ;B    ;    ;D; A       B        D;19 19 | "
@@ -536,7 +428,7 @@ class StorageTest : public QObject {
   }
 
   void aSegmentListShowsWhatABarFollows_data() {
-    rows(
+    rows<QString>(
         "A |B|C|D|=>A ;B;C;D | A|B|C|D=>A;B;C; | A|B|C|D|E|=>A;B;C;D | ||C|=>;;C; | "
         "A=>;;; | =>;;;");
   }
@@ -557,7 +449,7 @@ class StorageTest : public QObject {
   }
 
   void aPastedTextPassesTheSameFilter_data() {
-    rows(
+    rows<QString>(
         "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd  Gröe   | "
         "oben¶unten\tda=>oben unten da");
   }
@@ -596,17 +488,6 @@ class StorageTest : public QObject {
       if (!settings.slot[i].isEmpty()) state += u"%1=%2;"_s.arg(i).arg(settings.slot[i]);
     }
     return state + u' ' + joined(settings.segments);
-  }
-
-  /// All files with their bytes.
-  QStringList content() const {
-    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
-    const QDir folder(folder_->path());
-    QStringList content;
-    for (const auto& entry : folder.entryInfoList(all) + QDir(at("locked")).entryInfoList(all)) {
-      content += entry.filePath() + u": "_s + QString::fromLatin1(bytesOf(entry.filePath()));
-    }
-    return content;
   }
 
   std::optional<QTemporaryDir> folder_;

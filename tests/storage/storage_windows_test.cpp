@@ -12,6 +12,7 @@
 #include <csignal>
 
 #include "storage/dateien.h"
+#include "support/files.h"
 #include "support/window_support.h"
 
 using namespace calvora;
@@ -20,11 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
-
-QByteArray contentOf(const QString& path) {
-  QFile file(path);
-  return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray("missing");
-}
 
 void writeFile(const QString& path, const QByteArray& content) {
   QFile file(path);
@@ -85,7 +81,7 @@ void StorageWindowsTest::anAnalysisIsSavedWithItsHeader() {
   });
   mask.press(Qt::Key_S, Qt::ControlModifier);
   QCOMPARE(
-      contentOf(folder.filePath(u"brunnen.cva"_s)),
+      bytesOf(folder.filePath(u"brunnen.cva"_s)),
       QByteArray("\"brunnen\"\r\n\"Projekt A\"\r\n\"x\"\r\n\"x\"\r\n\"x\"\r\n\"22.11.2026\"\r\n"
                  "\"22.11.2026\"\r\n\"Wasser aus dem Keller\"\r\n\"ende\"\r\n"
                  "1,420,\"420,0000\"\r\n10,0,\"n.b.\"\r\n999,0,0\r\n"));
@@ -134,7 +130,7 @@ void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
   QCOMPARE(mask.program.record.flag[flag::kNameLine], u"vorher"_s);
   QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
            (QStringList{u"alt.cva"_s, u"ordner.cva"_s}));
-  QCOMPARE(contentOf(folder.filePath(u"alt.cva"_s)), QByteArray("alt"));
+  QCOMPARE(bytesOf(folder.filePath(u"alt.cva"_s)), QByteArray("alt"));
 }
 
 void StorageWindowsTest::anotherExtensionIsReplaced_data() {
@@ -168,9 +164,9 @@ void StorageWindowsTest::anotherExtensionIsReplaced() {
   });
   mask.press(Qt::Key_S, Qt::ControlModifier);
   if (written.isEmpty()) {
-    QCOMPARE(contentOf(folder.filePath(u"da.cva"_s)), QByteArray("alt"));
+    QCOMPARE(bytesOf(folder.filePath(u"da.cva"_s)), QByteArray("alt"));
   } else {
-    QVERIFY(contentOf(folder.filePath(written)).endsWith("999,0,0\r\n"));
+    QVERIFY(bytesOf(folder.filePath(written)).endsWith("999,0,0\r\n"));
   }
 }
 
@@ -260,7 +256,7 @@ void StorageWindowsTest::aLoadedAnalysisIsSavedAgainWithItsDates() {
   onNextModal<Dateien>(this, [](Dateien& window) { window.Command1->click(); });
   mask.press(Qt::Key_O, Qt::ControlModifier);
   QCOMPARE(mask.desktop.requests.back().proposed, u"brunnen"_s);
-  QCOMPARE(contentOf(path).left(kSmallFile.indexOf("1,420")),
+  QCOMPARE(bytesOf(path).left(kSmallFile.indexOf("1,420")),
            kSmallFile.left(kSmallFile.indexOf("1,420")));
   // What cannot be opened leaves the analysis that is there, and says so.
   mask.desktop.paths = {folder.path()};
@@ -317,7 +313,7 @@ void StorageWindowsTest::noCommandDropsChangesUnasked() {
   if (command == "restart"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
   if (command == "close"_L1) QCOMPARE(mask.window.close(), answer == button::kNein);
   QCOMPARE(mask.desktop.ended, command == "close"_L1 && answer == button::kNein ? 1 : 0);
-  QCOMPARE(contentOf(saved).contains("1,500,"), answer == button::kJa);
+  QCOMPARE(bytesOf(saved).contains("1,500,"), answer == button::kJa);
   const bool kept = answer != button::kNein || command == "close"_L1;
   const bool unsaved = kept && answer != button::kJa;
   QCOMPARE(mask.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());

@@ -54,4 +54,21 @@ inline void addRows(const QString& table) {
   }
 }
 
+/// Rows written as what goes in, "=>" and what comes out; " | " stands between the rows and ¶ for a
+/// line end. What goes in is one text, or its parts separated by semicolons.
+template <class Given = QStringList>
+void rows(const char* table) {
+  QTest::addColumn<Given>("given");
+  QTest::addColumn<QString>("expected");
+  for (const QString& row : QString::fromUtf8(table).split(u" | "_s)) {
+    const QStringList sides = QString(row).replace(u"¶"_s, u"\r\n"_s).split(u"=>"_s);
+    auto& added = QTest::newRow(qUtf8Printable(row));
+    if constexpr (std::is_same_v<Given, QStringList>) {
+      added << sides.at(0).split(u';') << sides.at(1);
+    } else {
+      added << sides.at(0) << sides.at(1);
+    }
+  }
+}
+
 }  // namespace calvora

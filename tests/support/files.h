@@ -1,0 +1,43 @@
+#pragma once
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <functional>
+
+#include "dialogs/runtime_error.h"
+
+namespace calvora {
+
+inline QByteArray bytesOf(const QString& path) {
+  QFile file(path);
+  return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable: " + path.toUtf8();
+}
+
+inline int errorOf(const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+/// A process of its own that ends with the body's result, or after a minute.
+inline pid_t startChild(const std::function<int()>& body) noexcept {
+  const pid_t child = fork();
+  if (child != 0) return child;
+  alarm(60);
+  _exit(body());
+}
+
+/// The result of a body that runs without the rights of the superuser.
+inline int asOrdinaryUser(const std::function<int()>& body) {
+  const auto ordinary = [&] { return getuid() != 0 || setuid(65534) == 0 ? body() : 255; };
+  int status = -1;
+  waitpid(startChild(ordinary), &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace calvora
