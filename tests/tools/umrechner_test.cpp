@@ -71,6 +71,7 @@ class UmrechnerTest : public QObject {
   void aValueIsTakenOver();
   void theMaskComesBackHoweverTheConverterCloses_data();
   void theMaskComesBackHoweverTheConverterCloses();
+  void aRuledOutCapacityTakesNothing();
   void keysReachAndOpenASlot();
   void theMouseMarksAndOpensASlot();
   void theInputBoxIsFullyVisible();
@@ -251,22 +252,39 @@ void UmrechnerTest::theMaskComesBackHoweverTheConverterCloses_data() {
 void UmrechnerTest::theMaskComesBackHoweverTheConverterCloses() {
   QFETCH(QString, way);
   Mask mask;
-  mask.enter(2, u"7"_s);  // rules Ks8,2 out
-  dimum& window = opened(mask, 4);
-  QVERIFY(!window.Command1->isEnabled());
-  // A fault is reported, and leaves the way out open.
+  mask.enter(3, u"20"_s);
+  dimum& window = opened(mask, 3, 20);
+  // A fault is reported, the mask shows what the record holds, and the way out stays open.
   const auto fault = [] { throw RuntimeError(ErrorNumber::kOverflow); };
-  mask.desktop.texts = {u"x"_s};
+  mask.desktop.texts = {u"x"_s, u"200"_s};
   mask.questions.expectAndRaise(u" Bitte nur Zahlen eingeben ! "_s, fault);
-  QTest::mouseClick(&window.Label1(2), Qt::LeftButton);
-  QCOMPARE(std::exchange(mask.questions.errors, {}), QStringList{u"6 dimum\\labclick"_s});
+  QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
+  QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
+  mask.questions.expectAndRaise(says(u"3 1-90 °C"_s), fault);
+  QTest::mouseClick(window.Command1, Qt::LeftButton);
+  QCOMPARE(std::exchange(mask.questions.errors, {}),
+           (QStringList{u"6 dimum\\labclick"_s, u"6 dimum\\command1"_s}));
+  QCOMPARE(mask.window.Text1(3).text(), QString());
   QVERIFY(!mask.window.isEnabled() && window.isVisible());
   if (way == "abbrechen"_L1) QTest::mouseClick(window.Command2, Qt::LeftButton);
   if (way == "Escape"_L1) QTest::keyClick(&window, Qt::Key_Escape);
   if (way == "close box"_L1) window.close();
   QVERIFY(mask.window.isEnabled() && !window.isVisible());
   mask.activate();
-  QCOMPARE(mask.focusedBox(), 5);  // never the box that is ruled out
+  QCOMPARE(mask.focusedBox(), 3);
+}
+
+void UmrechnerTest::aRuledOutCapacityTakesNothing() {
+  Mask mask;
+  mask.enter(2, u"7"_s);  // rules Ks8,2 out
+  dimum& window = opened(mask, 4);
+  mask.desktop.texts = {u"1"_s};
+  QTest::mouseClick(&window.Label1(11), Qt::LeftButton);
+  QCOMPARE(window.Label3(1).text(), u"2,80"_s);
+  QVERIFY(!window.Command1->isEnabled());
+  window.close();
+  mask.activate();
+  QCOMPARE(mask.focusedBox(), 5);  // never the locked box
 }
 
 void UmrechnerTest::keysReachAndOpenASlot() {
