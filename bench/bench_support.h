@@ -23,6 +23,7 @@ class SilentDesktop : public Desktop {
   bool openDocument(const QString&) override { return false; }
   QString askOpenFile(QWidget*, const FileRequest&) override { return file; }
   QString askSaveFile(QWidget*, const FileRequest&) override { return file; }
+  QString askText(QWidget*, const TextRequest&) override { return {}; }
 
   QString file;
 };

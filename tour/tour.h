@@ -14,7 +14,15 @@ class TourDesktop : public calvora::Desktop {
   QString askOpenFile(QWidget*, const calvora::FileRequest&) override { return file; }
   QString askSaveFile(QWidget*, const calvora::FileRequest&) override { return file; }
 
+  /// The real input box, so that the tour types into it.
+  QString askText(QWidget* parent, const calvora::TextRequest& request) override {
+    return real_.askText(parent, request);
+  }
+
   QString file;  ///< with its folder
+
+ private:
+  calvora::RealDesktop real_;
 };
 
 /// A walk through the program with real events. Its stops press what a user presses, require what

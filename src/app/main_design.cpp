@@ -7,6 +7,7 @@
 #include "app/pictures.h"
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
+#include "platform/enter_press.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 
@@ -151,7 +152,12 @@ void main::buildMask() {
     setTabOrder(&Text1(kInputFields[i - 1]), &Text1(kInputFields[i]));
   }
   setTabOrder(&Text1(kInputFields.back()), Command3);
-  setTabOrder(Command3, Command2);
+  QWidget* last = Command3;
+  for (const int i : kInputFields) {
+    setTabOrder(last, &Command1(i));
+    last = &Command1(i);
+  }
+  setTabOrder(last, Command2);
   Text1(kInputFields.front()).setFocus();
 
   resize(twips(15000), twips(10900));
@@ -206,12 +212,28 @@ void main::addInputRow(QGridLayout& grid, int row, const FieldCaption& field) {
   setRole(box, Role::kInput);
   connectBox(i);
   auto& unit = Command1.add(i, new QPushButton(field.unit));
-  unit.setFocusPolicy(Qt::NoFocus);
   unit.setMinimumWidth(twips(kUnitWidth));
   unit.setMinimumHeight(twips(kRowHeight));
-  unit.setEnabled(false);
   setRole(unit, Role::kUnit);
   grid.addWidget(&unit, row, kUnit);
+  connectUnit(i);
+}
+
+/// A unit opens the converter; the pH has none to convert.
+void main::connectUnit(int index) {
+  QPushButton& unit = Command1(index);
+  unit.setFocusPolicy(index == feld::kPh ? Qt::NoFocus : Qt::TabFocus);
+  unit.setEnabled(index != feld::kPh);
+  if (index == feld::kPh) return;
+  unit.setToolTip(u"Einheit umrechnen"_s);
+  unit.setAccessibleName(u"Einheit umrechnen: "_s + Text1(index).accessibleName());
+  pressOnEnter(unit);
+  connect(&unit, &QPushButton::clicked, this, [this, index] {
+    guarded(questions_, u" main_command1"_s, [&] {
+      finishEntry();
+      Command1_Click(index);
+    });
+  });
 }
 
 void main::connectBox(int index) {

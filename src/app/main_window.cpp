@@ -17,6 +17,7 @@
 #include "storage/datenpfad.h"
 #include "storage/firma.h"
 #include "storage/meldungen.h"
+#include "tools/dimum.h"
 
 namespace calvora {
 
@@ -155,15 +156,20 @@ void main::Text1_LostFocus(int index) {
     if (!program_.entryChanged) return;
     shown = false;
     program_.entryChanged = false;
-    program_.record.flag[flag::kStatus] = u"1"_s;
-    int status = 0;
-    subcalc_.checkeingabe(index, Text1(index).text().trimmed(), status);
-    berechnen();
+    const int status = takeOver(index, Text1(index).text().trimmed());
     shown = true;
     if (status == kFocusBack) Text1(index).setFocus(Qt::OtherFocusReason);
   });
   // After a fault the mask must show what the record really holds.
   if (!shown) guarded(questions_, u" main_T1_lostfocus"_s, [this] { darstellen(); });
+}
+
+int main::takeOver(int index, const QString& text) {
+  program_.record.flag[flag::kStatus] = u"1"_s;
+  int status = 0;
+  subcalc_.checkeingabe(index, text, status);
+  berechnen();
+  return status;
 }
 
 void main::moveFocus(int index, int step) {
@@ -260,6 +266,33 @@ void main::showConductivityAtMeasuringTemperature() {
   Command3->setText(u"bei 25 °C ?"_s);
   showText(*Label7, record.text[feld::kTemperatur] + u" °C"_s);
   convertedShown_ = true;
+}
+
+// ---- The unit converter ----
+
+/// The mask is disabled until the converter is closed, in whatever way.
+void main::Command1_Click(int index) {
+  if (!isLocked(index)) Text1(index).setFocus(Qt::OtherFocusReason);
+  finishLeftBoxes();
+  program_.fieldIndex = index;
+  setEnabled(false);
+  auto enable = qScopeGuard([this] { setEnabled(true); });
+  auto converter = std::make_unique<dimum>(*this, program_, questions_, desktop_);
+  connect(converter.get(), &QDialog::finished, this, [this, index] { converterClosed(index); });
+  converter->show();
+  converter->activateWindow();
+  enable.dismiss();
+  std::ignore = converter.release();  // it deletes itself on close
+}
+
+void main::converterClosed(int index) {
+  setEnabled(true);
+  activateWindow();
+  if (isLocked(index)) {
+    moveFocus(index, +1);
+  } else {
+    Text1(index).setFocus(Qt::OtherFocusReason);
+  }
 }
 
 // ---- Commands ----

@@ -41,6 +41,10 @@ class main : public QMainWindow {
   /// Whether there is anything to print: a text in the fields 2 to 7 or 20 to 26.
   [[nodiscard]] bool eincheck() const;
 
+  /// Takes a text (trimmed) as the finished entry of a field: checks and stores it, recalculates
+  /// and redisplays. Returns kFocusBack if the check wants the field to be entered again, else 0.
+  int takeOver(int index, const QString& text);
+
   /// Finishes what was typed but not left yet, as if its box had lost the focus. Comes before every
   /// command.
   void finishEntry();
@@ -84,6 +88,7 @@ class main : public QMainWindow {
   void Text1_KeyPress(int& code);
   void Text1_KeyDown(int index, int code);
   void Text1_LostFocus(int index);
+  void Command1_Click(int index);
   void Command2_Click();
   void Command3_Click();
   void mnu_load_Click();
@@ -99,6 +104,7 @@ class main : public QMainWindow {
   void finishLeftBoxes();
   void showSaveWindow();
   void moveFocus(int index, int step);
+  void converterClosed(int index);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivityAt25();
@@ -117,6 +123,7 @@ class main : public QMainWindow {
   void addInputRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void addResultRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void connectBox(int index);
+  void connectUnit(int index);
   /// What a command does: what was typed is finished first, and a fault is reported with the
   /// command's location text.
   [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)());

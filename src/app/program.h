@@ -5,6 +5,7 @@
 
 #include "app/record.h"
 #include "storage/settings.h"
+#include "tools/umrechnungstabelle.h"
 
 namespace calvora {
 
@@ -24,6 +25,7 @@ struct Program {
   bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
   QString programFolder;
   Settings settings;
+  Umrechnungstabelle conversion;  ///< of the unit converter
 
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
@@ -32,10 +34,11 @@ struct Program {
   QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm
   QString phNäherung;             ///< `Label2(21)`
 
-  /// Empties record, flags and header and forgets the entry in progress.
+  /// Empties record, flags, header and conversion table and forgets the entry in progress.
   void restart() {
     resetRecord();
     header.clear();
+    conversion.clear();
     fieldIndex = 0;
     leitfähigkeitAusIonen.clear();
     phNäherung.clear();

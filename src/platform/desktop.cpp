@@ -3,15 +3,21 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
+#include "platform/placement.h"
+#include "platform/twips.h"
 
 namespace calvora {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kInputBoxWidth = 5400;  // twips
 
 QString askFile(QFileDialog& dialog, const FileRequest& request) {
   dialog.setDirectory(request.folder);
@@ -45,6 +51,17 @@ QString RealDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Speichern unter"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   return askFile(dialog, request);
+}
+
+QString RealDesktop::askText(QWidget* parent, const TextRequest& request) {
+  QInputDialog box(parent);
+  box.setWindowTitle(request.title);
+  box.setLabelText(request.prompt);
+  box.setOkButtonText(u"OK"_s);
+  box.setCancelButtonText(u"abbrechen"_s);
+  box.findChild<QLineEdit*>()->setMinimumWidth(twips(kInputBoxWidth));
+  placeOnScreen(box, {twips(request.left), twips(request.top)});
+  return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
 }  // namespace calvora

@@ -13,6 +13,14 @@ struct FileRequest {
   QString proposed;   ///< file name that is proposed when saving
 };
 
+/// What an input box asks, and where it lies on the screen.
+struct TextRequest {
+  QString title;
+  QString prompt;
+  int left = 0;  ///< twips
+  int top = 0;   ///< twips
+};
+
 /// What the windows need of the desktop besides windows. The program uses the real one, a test one
 /// that records.
 class Desktop {
@@ -34,6 +42,9 @@ class Desktop {
   /// The path of the file to save, with the question before an existing one is replaced. Runtime
   /// error 32755 if the user cancels.
   virtual QString askSaveFile(QWidget* parent, const FileRequest& request) = 0;
+
+  /// The text that the user types into an input box, empty if it is cancelled.
+  virtual QString askText(QWidget* parent, const TextRequest& request) = 0;
 };
 
 /// The desktop that the program runs on.
@@ -43,6 +54,7 @@ class RealDesktop final : public Desktop {
   bool openDocument(const QString& path) override;
   QString askOpenFile(QWidget* parent, const FileRequest& request) override;
   QString askSaveFile(QWidget* parent, const FileRequest& request) override;
+  QString askText(QWidget* parent, const TextRequest& request) override;
 };
 
 }  // namespace calvora

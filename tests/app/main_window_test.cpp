@@ -157,6 +157,10 @@ void MainWindowTest::tabWalksTheBoxesThenTheButtons() {
     mask.press(Qt::Key_Tab);
   }
   QCOMPARE(walked, (QList<int>{1, 2, 3, 4, 5, 20, 23, 24, 25, 26}));
+  for (const int unit : {1, 3, 4, 5, 6, 20, 23, 24, 25, 26}) {
+    QCOMPARE(mask.window.focusWidget(), &mask.window.Command1(unit));
+    mask.press(Qt::Key_Tab);
+  }
   QCOMPARE(mask.window.focusWidget(), mask.window.Command2);
   mask.press(Qt::Key_Tab);
   QCOMPARE(mask.focusedBox(), 1);

@@ -9,6 +9,7 @@
 #include "dialogs/nachricht.h"
 #include "storage/meldungen.h"
 #include "support/window_support.h"
+#include "tools/dimum.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
@@ -65,6 +66,14 @@ void ProgramTest::theWindowsSayWhatTheyShould() {
   say(u"start Label1"_s, startWindow.Label1);
   say(u"start Label3"_s, startWindow.Label3);
   say(u"start Command1"_s, startWindow.Command1);
+  for (const int field : {1, 3, 23}) {
+    program.fieldIndex = field;
+    const dimum converter(window, program, questions, desktop);
+    said += u"dimum '%1' '%2'"_s.arg(converter.windowTitle(), converter.Label2->text());
+    said += u"'%1' '%2' '%3'"_s.arg(converter.Command1->text(), converter.Command2->text(),
+                                    converter.mnuhelp->text());
+    say(u"dimum Label1"_s, converter.Label1);
+  }
   const bb_msg report(desktop);
   said += u"bb_msg '%1'"_s.arg(report.windowTitle());
   say(u"bb_msg Label1"_s, report.Label1);

@@ -20,6 +20,11 @@ class RecordingDesktop : public Desktop {
   QString askOpenFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
   QString askSaveFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
 
+  QString askText(QWidget*, const TextRequest& request) override {
+    textRequests.push_back(request);
+    return texts.isEmpty() ? QString() : texts.takeFirst();
+  }
+
   void endProgram() override { ++ended; }
   bool openDocument(const QString& path) override {
     opened += path;
@@ -30,6 +35,8 @@ class RecordingDesktop : public Desktop {
   QStringList opened;
   QStringList paths;
   std::vector<FileRequest> requests;
+  QStringList texts;  ///< answers of the input box, which is cancelled when there is none left
+  std::vector<TextRequest> textRequests;
 
  private:
   QString nextPath(const FileRequest& request) {

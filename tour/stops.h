@@ -1,0 +1,6 @@
+#pragma once
+
+class Tour;
+
+/// Opens the unit converter of a conductivity, a hardness and a calcium, with mouse and keyboard.
+void showConverter(Tour& tour);
