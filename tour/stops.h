@@ -4,3 +4,5 @@ class Tour;
 
 /// Opens the unit converter of a conductivity, a hardness and a calcium, with mouse and keyboard.
 void showConverter(Tour& tour);
+/// Titration volume, information and version, by mouse and by keyboard.
+void showSmallWindows(Tour& tour);

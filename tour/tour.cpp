@@ -69,6 +69,7 @@ bool Tour::walk() {
   saveStartOverAndLoad();
   showSettings();
   showConverter(*this);
+  showSmallWindows(*this);
   showMessages();
   showRuntimeError();
   out() << "Pictures: " << folder_ << '\n';

@@ -2,6 +2,7 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QMenuBar>
+#include <QShortcut>
 
 #include "app/main_window.h"
 #include "app/pictures.h"
@@ -71,6 +72,10 @@ void addGap(QGridLayout& grid, int row) {
   grid.setRowMinimumHeight(row, twips(150));
 }
 
+PictureButton* makeInfoPicture(const Picture::Drawing& drawing) {
+  return new PictureButton(drawing, 840, u"Erläuterung der berechneten pH-Werte"_s);
+}
+
 /// A field's name for those who hear the mask instead of seeing it.
 QString spokenName(const FieldCaption& field) {
   const QString symbol = field.shortLabel.trimmed();
@@ -105,7 +110,7 @@ void main::buildMenus() {
   mnu2_handbuch = add(mnu2, u"&Handbuch einsehen"_s, QKeySequence(u"F1"_s));
   mnu_version = add(mnu2, u"&Version"_s);
 
-  for (QAction* waiting : {mnu_drucken, mnu2_tk, mnu2_plausi, mnu2_ana, mnu_version}) {
+  for (QAction* waiting : {mnu_drucken, mnu2_plausi, mnu2_ana}) {
     waiting->setEnabled(false);
   }
   updateManual();
@@ -119,6 +124,8 @@ void main::buildMenus() {
   connectAction(mnu_save, u" main_save"_s, &main::mnu_save_Click);
   connectAction(mnu2_pfad, u" main_pfad"_s, &main::mnu2_pfad_Click);
   connectAction(mnu2_fatext, u" main_fatext"_s, &main::mnu2_fatext_Click);
+  connectAction(mnu2_tk, u" main_tk"_s, &main::mnu2_tk_Click);
+  connectAction(mnu_version, u" main_version"_s, &main::mnu_version_Click);
   connectAction(mnu_neustart, u" main_neustart"_s, &main::mnu_neustart_Click);
   connectAction(mnu_ende, u" main_ende"_s, &main::Command2_Click);
   connectAction(mnu2_handbuch, u" main_handbuch"_s, &main::mnu2_handbuch_Click);
@@ -301,7 +308,7 @@ QWidget* main::buildCompanyArea() {
   area->setVerticalSpacing(8);
   Label4 = makeLabel(u"<<< Ihr Firmen-Logo"_s);
   Label1 = makeLabel(u"   Ihre Firmen-Anschrift"_s);
-  area->addWidget(&Image1.add(7, new Picture(drawCompanySign, 840)), 0, 0, 2, 1);
+  area->addWidget(&Image1.add(7, makeInfoPicture(drawCompanySign)), 0, 0, 2, 1);
   area->addWidget(Label4, 0, 1, Qt::AlignBottom);
   area->addWidget(Label1, 1, 1, Qt::AlignTop);
 
@@ -318,10 +325,23 @@ QWidget* main::buildCompanyArea() {
   for (size_t i = 0; i < lines.size(); ++i) {
     supplier->addWidget(&Label10.add(static_cast<int>(i), makeLabel(lines.at(i))));
   }
-  area->addWidget(&Image1.add(0, new Picture(drawDrop, 840)), 3, 0, Qt::AlignCenter);
+  area->addWidget(&Image1.add(0, makeInfoPicture(drawDrop)), 3, 0, Qt::AlignCenter);
   area->addLayout(supplier, 3, 1);
+  connectInfoPictures();
   area->setColumnStretch(1, 1);
   return Frame1;
+}
+
+/// Tab walks boxes and buttons only, so the keyboard opens the information with keys of its own.
+void main::connectInfoPictures() {
+  const QKeySequence keys(u"Ctrl+I"_s);
+  const auto open = command(u" main_image1"_s, &main::Image1_Click);
+  connect(new QShortcut(keys, this), &QShortcut::activated, this, open);
+  for (const auto& [index, picture] : Image1) {
+    picture->setToolTip(
+        u"%1  (%2)"_s.arg(picture->accessibleName(), keys.toString(QKeySequence::NativeText)));
+    connect(picture, &PictureButton::clicked, this, open);
+  }
 }
 
 }  // namespace calvora

@@ -18,6 +18,9 @@
 #include "storage/firma.h"
 #include "storage/meldungen.h"
 #include "tools/dimum.h"
+#include "tools/info1.h"
+#include "tools/varios.h"
+#include "tools/version_window.h"
 
 namespace calvora {
 
@@ -347,6 +350,21 @@ void main::mnu2_pfad_Click() {
 
 void main::mnu2_fatext_Click() {
   showOnce<firma>(*this, [this] { return new firma(program_, questions_, this); });
+}
+
+void main::mnu2_tk_Click() {
+  showOnce<varios>(*this, [this] { return new varios(questions_, this); });
+}
+
+void main::mnu_version_Click() {
+  Version window(program_, this);
+  window.exec();
+}
+
+void main::Image1_Click() {
+  info1 window(this);
+  window.infotxt1();
+  window.exec();
 }
 
 bool main::eincheck() const {

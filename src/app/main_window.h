@@ -8,7 +8,7 @@
 #include "chem/subcalc.h"
 #include "platform/control_array.h"
 #include "platform/desktop.h"
-#include "platform/picture.h"
+#include "platform/picture_button.h"
 #include "platform/text_box.h"
 
 namespace calvora {
@@ -56,7 +56,7 @@ class main : public QMainWindow {
   ControlArray<QLabel> Label2;
   ControlArray<QLabel> Label3;
   ControlArray<QLabel> Label10;
-  ControlArray<Picture> Image1;
+  ControlArray<PictureButton> Image1;
   QPushButton* Command2;
   QPushButton* Command3;
   QLabel* Label1;
@@ -96,7 +96,10 @@ class main : public QMainWindow {
   void mnu_neustart_Click();
   void mnu2_pfad_Click();
   void mnu2_fatext_Click();
+  void mnu2_tk_Click();
   void mnu2_handbuch_Click();
+  void mnu_version_Click();
+  void Image1_Click();
 
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
@@ -120,6 +123,7 @@ class main : public QMainWindow {
   QWidget* buildInputs();
   QWidget* buildResults();
   QWidget* buildCompanyArea();
+  void connectInfoPictures();
   void addInputRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void addResultRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
   void connectBox(int index);

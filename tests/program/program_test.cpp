@@ -10,6 +10,9 @@
 #include "storage/meldungen.h"
 #include "support/window_support.h"
 #include "tools/dimum.h"
+#include "tools/info1.h"
+#include "tools/varios.h"
+#include "tools/version_window.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
@@ -78,6 +81,18 @@ void ProgramTest::theWindowsSayWhatTheyShould() {
   said += u"bb_msg '%1'"_s.arg(report.windowTitle());
   say(u"bb_msg Label1"_s, report.Label1);
   say(u"bb_msg Check1"_s, report.Check1);
+  const varios volume(questions, &window);
+  said += u"varios '%1' '%2'"_s.arg(volume.Label1->text(), volume.Command1->text());
+  say(u"varios Label2"_s, volume.Label2);
+  info1 information(&window);
+  information.infotxt1();
+  said += u"info1 '%1' '%2'"_s.arg(information.windowTitle(), information.Command1->text());
+  for (int i = 0; i < information.List1->count(); ++i) {
+    said += u"'%1'"_s.arg(information.List1->item(i)->text());
+  }
+  const Version version(program, &window);
+  said += u"Version '%1'"_s.arg(version.windowTitle());
+  for (int i = 1; i <= 5; i += i == 3 ? 2 : 1) said += version.Label1(i).text();
   for (QString& line : said) line = line.replace('\n'_L1, u"¶"_s).trimmed();
 
   QFile golden(QFINDTESTDATA("program/golden/texts.txt"));

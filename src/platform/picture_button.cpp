@@ -1,0 +1,25 @@
+#include "platform/picture_button.h"
+
+#include <QPainter>
+
+#include "platform/twips.h"
+
+namespace calvora {
+
+PictureButton::PictureButton(Picture::Drawing drawing, int side, const QString& name,
+                             QWidget* parent)
+    : QAbstractButton(parent), drawing_(std::move(drawing)) {
+  setFixedSize(twips(side), twips(side));
+  setFocusPolicy(Qt::NoFocus);
+  setCursor(Qt::PointingHandCursor);
+  setAccessibleName(name);
+}
+
+void PictureButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(width() / 100.0, height() / 100.0);
+  drawing_(painter);
+}
+
+}  // namespace calvora
