@@ -329,6 +329,8 @@ void main::mnu_load_Click() {
   if (result != 0) return;
   // No entry of the analysis that was there before may decide how this one is completed.
   program_.fieldIndex = 0;
+  // Nor may its temperature: where a step does not compute the constants, the next ones read them.
+  if (!program_.record.text[feld::kTemperatur].isEmpty()) subcalc_.konst_k();
   berechnen();
   window.exec();
 }

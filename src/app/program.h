@@ -40,12 +40,12 @@ struct Program {
     header.clear();
     conversion.clear();
     fieldIndex = 0;
-    leitfähigkeitAusIonen.clear();
-    phNäherung.clear();
   }
 
-  /// Empties record and flags, as before reading a file. The header and the narrow displays stay.
+  /// Empties record, flags and the narrow displays, as before reading a file. The header stays.
   void resetRecord() {
+    leitfähigkeitAusIonen.clear();
+    phNäherung.clear();
     record.clear();
     entryChanged = false;
     dataPresent = false;

@@ -22,7 +22,6 @@ constexpr int kInputBoxWidth = 5400;  // twips
 QString askFile(QFileDialog& dialog, const FileRequest& request) {
   dialog.setDirectory(request.folder);
   dialog.setNameFilter(u"Calvora-Dateien (*.%1)"_s.arg(request.extension));
-  dialog.setDefaultSuffix(request.extension);
   if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
     throw RuntimeError(ErrorNumber::kDialogCancelled);
@@ -44,6 +43,7 @@ bool RealDesktop::openDocument(const QString& path) {
 QString RealDesktop::askOpenFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Öffnen"_s);
   dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setDefaultSuffix(request.extension);
   return askFile(dialog, request);
 }
 

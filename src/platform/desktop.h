@@ -39,8 +39,8 @@ class Desktop {
   /// The path of the file to open. Runtime error 32755 if the user cancels.
   virtual QString askOpenFile(QWidget* parent, const FileRequest& request) = 0;
 
-  /// The path of the file to save, with the question before an existing one is replaced. Runtime
-  /// error 32755 if the user cancels.
+  /// The path of the file to save, with the question before an existing one of exactly that name is
+  /// replaced; the extension may be missing. Runtime error 32755 if the user cancels.
   virtual QString askSaveFile(QWidget* parent, const FileRequest& request) = 0;
 
   /// The text that the user types into an input box, empty if it is cancelled.

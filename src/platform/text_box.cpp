@@ -56,6 +56,7 @@ int keyCode(const QKeyEvent& event) {
 
 bool isEditingKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return false;
+  if (event.matches(QKeySequence::Paste)) return true;  // Shift+Insert has no text
   const int code = keyCode(event);
   return (code == 0 || code == key::kSpace) && !event.text().isEmpty();
 }

@@ -43,8 +43,7 @@ QDate dateOf(const QString& slot) {
 QString withExtension(const QString& path, const QString& extension) {
   const qsizetype name = path.lastIndexOf('/'_L1) + 1;
   const qsizetype point = path.indexOf('.'_L1, name + 1);
-  const bool fits = path.mid(point + 1).compare(extension, Qt::CaseInsensitive) == 0;
-  return point >= 0 && fits ? path : path.left(point) + '.'_L1 + extension;
+  return path.left(point) + '.'_L1 + extension;
 }
 
 /// A name line as a file name: without what would lead into another folder, part the name into
@@ -142,19 +141,19 @@ void Dateien::Command1_Click() {
 void Dateien::save() {
   keepHeader();
   const QString extension = u"cva"_s;
-  const QString chosen = desktop_
-                             .askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
-                                                 extension, proposedName(program_.header[0])})
-                             .trimmed();
+  const QString answer = desktop_.askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
+                                                     extension, proposedName(program_.header[0])});
+  const QString chosen = answer.trimmed();
   const QString path = withExtension(chosen, extension);
-  if (path != chosen && QFileInfo::exists(path)) {
-    const int answer =
+  // The dialog asked about the name as it was typed.
+  if (path != answer && QFileInfo::exists(path)) {
+    const int replace =
         questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
                         .buttons = button::kJa + button::kNein,
                         .title = u"Datei"_s,
                         .symbol = 5});
-    if (answer != button::kJa) return;
+    if (replace != button::kJa) return;
   }
   dateispeichern(path, QFileInfo(chosen).fileName());
   program_.dataPresent = false;
@@ -213,7 +212,7 @@ void Dateien::fitHeight() {
 void Dateien::showLoadedHeader() {
   Form_Load();
   Label8->hide();
-  if (!program_.header[6].trimmed().isEmpty()) Text6->showText(program_.header[6]);
+  Text6->showText(program_.header[6]);
   DTPicker1->setEnabled(false);
   if (!dateOf(program_.header[5]).isValid()) {
     program_.header[5].clear();

@@ -140,7 +140,8 @@ void datenpfad::Command1_Click(int index) {
     writeSettings(program_.settings, program_.programFolder);
     saved = true;
   });
-  if (saved) katalogMeldung(questions_, meldung::kPfadGespeichert);
+  if (!saved) return;
+  katalogMeldung(questions_, meldung::kPfadGespeichert);
   close();
 }
 

@@ -83,7 +83,8 @@ void firma::save() {
   settings.slot[setting::kSegmentList] = segmentList(segments);
   settings.slot[7].clear();
   settings.slot[8].clear();
-  if (saved) katalogMeldung(questions_, meldung::kDruckzeileGespeichert);
+  if (!saved) return;  // the window stays, to try again
+  katalogMeldung(questions_, meldung::kDruckzeileGespeichert);
   state_ = 0;
   close();
 }

@@ -57,11 +57,11 @@ void deriveCompanyLine(Settings& settings) {
   settings.slot[setting::kSegmentList] = segmentList(segments);
 }
 
-/// Saves what the next writing would lose. The first copy stays: it is the one that was written by
-/// hand.
+/// Saves what the next writing would lose, beside what was saved so before.
 void keepUnread(const QString& path) {
-  const QString copy = path + u".alt"_s;
-  if (!QFile::exists(path) || QFile::exists(copy)) return;
+  if (!QFile::exists(path)) return;
+  QString copy = path + u".alt"_s;
+  for (int number = 2; QFile::exists(copy); ++number) copy = path + u".alt%1"_s.arg(number);
   QFile file(path);
   if (!file.open(QFile::ReadOnly)) throw RuntimeError(ErrorNumber::kPathAccess, path);
   writeFileSafely(copy, file.read(LineReader::kLargestFile));

@@ -39,8 +39,8 @@ QString defaultDataFolder(const QString& programFolder);
 void readSettings(Settings& settings, const QString& programFolder);
 
 /// Writes the settings file, slots 1 to 12. What was not readable in the old file is kept beside it
-/// as `cvra.ini.alt`. Runtime error 75 or 61, and the old file untouched, if that fails; the
-/// settings then count as unsaved.
+/// as `cvra.ini.alt`, `.alt2` and so on. Runtime error 75 or 61, and the old file untouched, if
+/// that fails; the settings then count as unsaved.
 void writeSettings(Settings& settings, const QString& programFolder);
 
 /// The four segments as one list: each followed by "|", and a "|" in them as "/".

@@ -158,6 +158,7 @@ void SettingsWindowsTest::aFolderThatIsNotSavedCountsForThisRun() {
   mask.questions.expect(confirmation(chosen));
   window.Command1(1).click();
   QCOMPARE(std::exchange(mask.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
+  QVERIFY(window.isVisible());
   mask.window.mnu_neustart->trigger();
   QCOMPARE(mask.program.settings.slot[setting::kDataFolder], chosen);
 }
@@ -215,6 +216,7 @@ void SettingsWindowsTest::onlyAKeyLetsTheCompanyLineBeSaved_data() {
   QTest::addColumn<bool>("saves");
   QTest::newRow("with the mouse") << u"mouse"_s << false;
   QTest::newRow("Ctrl+V") << u"keys"_s << true;
+  QTest::newRow("Shift+Insert") << u"insert"_s << true;
   QTest::newRow("a key that is swallowed") << u"swallowed"_s << true;
 }
 
@@ -227,6 +229,8 @@ void SettingsWindowsTest::onlyAKeyLetsTheCompanyLineBeSaved() {
   window.Text1(0).setFocus();
   if (way == "keys"_L1) {
     QTest::keyClick(&window.Text1(0), Qt::Key_V, Qt::ControlModifier);
+  } else if (way == "insert"_L1) {
+    QTest::keyClick(&window.Text1(0), Qt::Key_Insert, Qt::ShiftModifier);
   } else {
     window.Text1(0).paste();
   }

@@ -376,9 +376,17 @@ class StorageTest : public QObject {
     readSettings(settings, folder_->path());
     settings.slot[setting::kDataFolder] = u"D:\\neu"_s;
     for (int save = 0; save < 2; ++save) writeSettings(settings, folder_->path());
+    put("cvra.ini", "x,\"y\"");
+    readSettings(settings, folder_->path());
+    writeSettings(settings, folder_->path());
     QCOMPARE(bytesOf(at("cvra.ini.alt")), foreign);
-    QCOMPARE(errorOf([&] { readSettings(settings, folder_->path()); }), 0);
+    QCOMPARE(bytesOf(at("cvra.ini.alt2")), QByteArray("x,\"y\""));
+    readSettings(settings, folder_->path());
     QCOMPARE(settings.slot[setting::kDataFolder], u"D:\\neu"_s);
+    // A folder in its place can neither be read nor replaced.
+    QVERIFY(QFile::remove(at("cvra.ini")) && QDir(folder_->path()).mkdir(u"cvra.ini"_s));
+    readSettings(settings, folder_->path());
+    QCOMPARE(errorOf([&] { writeSettings(settings, folder_->path()); }), 75);
   }
 
   void aDefaultFolderThatNoFileCanHoldIsFoundAgain() {

@@ -141,6 +141,8 @@ void StorageWindowsTest::anotherExtensionIsReplaced_data() {
   QTest::newRow("another") << u"probe.txt.alt"_s << u"probe.cva"_s << 0;
   QTest::newRow("a folder with a point") << u"ab.cd/probe"_s << u"ab.cd/probe.cva"_s << 0;
   QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << button::kJa;
+  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << button::kNein;
+  QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << 0;
   QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << button::kNein;
 }
 
@@ -267,32 +269,51 @@ void StorageWindowsTest::aLoadedAnalysisIsSavedAgainWithItsDates() {
   QCOMPARE(mask.program.header[1], u"Projekt A"_s);
 }
 
+/// Also one after another: nothing of one water may show beside the next.
 void StorageWindowsTest::theExamplesLoadWithoutAMessage() {
   const QFileInfoList examples = QDir(QStringLiteral(CALVORA_EXAMPLES)).entryInfoList(QDir::Files);
   QVERIFY(examples.size() >= 4);
-  for (const QFileInfo& example : examples) {
-    Mask mask;
+  const auto load = [&](Mask& mask, const QFileInfo& example) {
     mask.desktop.paths = {example.filePath()};
     onNextModal<Dateien>(this, [](Dateien& window) { window.reject(); });
+    mask.activate();
     mask.press(Qt::Key_O, Qt::ControlModifier);
-    QVERIFY(!mask.window.Label2(11).text().isEmpty());
+    QStringList texts;
+    for (const auto& [index, label] : mask.window.Label2) texts += label->text();
+    return texts;
+  };
+  Mask used;
+  for (qsizetype i = 0; i < 2 * examples.size(); ++i) {
+    const QFileInfo& example = examples[i % examples.size()];
+    Mask fresh;
+    const QStringList texts = load(fresh, example);
+    QVERIFY(!fresh.window.Label2(11).text().isEmpty());
+    QCOMPARE(load(used, example), texts);
   }
 }
 
 void StorageWindowsTest::noCommandDropsChangesUnasked_data() {
   QTest::addColumn<QString>("command");
   QTest::addColumn<int>("answer");
+  QTest::addColumn<bool>("cancelled");
   for (const QString& command : {u"load"_s, u"restart"_s, u"close"_s}) {
     for (const int answer : {button::kJa, button::kNein, button::kAbbrechen}) {
-      QTest::addRow("%s %d", qPrintable(command), answer) << command << answer;
+      for (const bool cancelled : {false, true}) {
+        const bool hasDialog = answer == button::kJa || command == "load"_L1;
+        if (cancelled && (!hasDialog || answer == button::kAbbrechen)) continue;
+        QTest::addRow("%s %d %d", qPrintable(command), answer, cancelled ? 1 : 0)
+            << command << answer << cancelled;
+      }
     }
   }
 }
 
-/// "Ja" saves and stops there; so does cancelling, without saving.
+/// "Ja" saves and stops there; so does cancelling, without saving. The file dialog that follows may
+/// be cancelled too.
 void StorageWindowsTest::noCommandDropsChangesUnasked() {
   QFETCH(QString, command);
   QFETCH(int, answer);
+  QFETCH(bool, cancelled);
   QTemporaryDir folder;
   const QString old = folder.filePath(u"alt.cva"_s);
   const QString saved = folder.filePath(u"neu.cva"_s);
@@ -300,25 +321,27 @@ void StorageWindowsTest::noCommandDropsChangesUnasked() {
   Mask mask;
   mask.keys(u"500"_s);  // not left yet
   mask.questions.expect(kSaveQuestion, answer);
-  if (answer == button::kJa) mask.desktop.paths = {saved};
-  if (answer == button::kNein) mask.desktop.paths = {old};
-  const bool asksForFile =
-      answer == button::kJa || (answer == button::kNein && command == "load"_L1);
-  if (asksForFile) {
-    onNextModal<Dateien>(this, [answer](Dateien& window) {
-      (answer == button::kJa ? window.Command1 : window.Command2)->click();
+  const bool saves = answer == button::kJa;
+  const bool loads = answer == button::kNein && command == "load"_L1 && !cancelled;
+  if (!cancelled && (saves || loads)) mask.desktop.paths = {saves ? saved : old};
+  if (saves || loads) {
+    onNextModal<Dateien>(this, [&](Dateien& window) {
+      if (saves) window.Command1->click();
+      QCOMPARE(window.isVisible(), cancelled || loads);
+      window.Command2->click();
     });
   }
+  const bool ends = command == "close"_L1 && answer == button::kNein;
   if (command == "load"_L1) mask.press(Qt::Key_O, Qt::ControlModifier);
   if (command == "restart"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
-  if (command == "close"_L1) QCOMPARE(mask.window.close(), answer == button::kNein);
-  QCOMPARE(mask.desktop.ended, command == "close"_L1 && answer == button::kNein ? 1 : 0);
-  QCOMPARE(bytesOf(saved).contains("1,500,"), answer == button::kJa);
-  const bool kept = answer != button::kNein || command == "close"_L1;
-  const bool unsaved = kept && answer != button::kJa;
+  if (command == "close"_L1) QCOMPARE(mask.window.close(), ends);
+  QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
+  QCOMPARE(bytesOf(saved).contains("1,500,"), saves && !cancelled);
+  const bool gone = loads || (command == "restart"_L1 && answer == button::kNein);
+  const bool unsaved = !gone && (!saves || cancelled);
   QCOMPARE(mask.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());
-  const QString other = command == "load"_L1 ? u"420,0000"_s : QString();
-  QCOMPARE(mask.window.Text1(1).text(), kept ? u"500,0000"_s : other);
+  const QString other = loads ? u"420,0000"_s : QString();
+  QCOMPARE(mask.window.Text1(1).text(), gone ? other : u"500,0000"_s);
 }
 
 void StorageWindowsTest::headerFieldsFilterWhatBreaksAFile() {
@@ -369,12 +392,12 @@ void StorageWindowsTest::theFileDialogsSpeakGermanAndAskBeforeReplacing() {
     QVERIFY(dialog.isVisible());
     dialog.reject();
   });
-  // A name without extension means the file that is there.
-  QVERIFY_EXCEPTION_THROWN(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da"_s}),
-                           RuntimeError);
+  QVERIFY_EXCEPTION_THROWN(
+      desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da.cva"_s}), RuntimeError);
+  // The extension comes later, with a question of our own.
   onNextModal<QFileDialog>(this, save);
   QCOMPARE(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"neu"_s}),
-           folder.filePath(u"neu.cva"_s));
+           folder.filePath(u"neu"_s));
 }
 
 void StorageWindowsTest::theHeaderWindowShowsItsTextsWhole() {
