@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QSettings>
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
@@ -25,6 +26,10 @@ QString askFile(QFileDialog& dialog, const FileRequest& request) {
 }
 
 }  // namespace
+
+void keepDialogMemoryIn(const QString& folder) {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
+}
 
 // exit, not quit: quit would first ask every window whether it may be closed.
 void RealDesktop::endProgram() {
