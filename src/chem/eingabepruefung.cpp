@@ -7,6 +7,8 @@
 
 namespace calvora {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What a field admits, bounds included, and what its range message says.
@@ -21,18 +23,20 @@ struct RangeRule {
 
 /// The rule of a field, or nothing for one that has none.
 const RangeRule* rangeRule(int index) {
+  // The texts are made by _s: a QStringLiteral leaves a temporary, and clang up to 14 destroys
+  // those that stand beside a _fp at the end of the function, also where nothing was initialised.
   static const std::array kRules{
-      RangeRule{1, 0.5_fp, 5000_fp, 3, QStringLiteral("0,5 - 5000 µS/cm"), false},
-      RangeRule{2, 4_fp, 12_fp, 3, QStringLiteral("4- 12"), false},
-      RangeRule{3, 1_fp, 90_fp, 3, QStringLiteral("1-90 °C"), true},
-      RangeRule{4, 0_fp, 10_fp, 6, QStringLiteral(" 0 - 10"), false},
-      RangeRule{5, FixedPoint::lowest(), 7.0_fp, 6, QStringLiteral(" 0 - 7,0"), false},
-      RangeRule{6, FixedPoint::lowest(), 2.5_fp, 6, QStringLiteral(" 0 - 2,5"), false},
-      RangeRule{20, 0.05_fp, 100_fp, 3, QStringLiteral("0,05 - 100 °d"), true},
-      RangeRule{23, 0.1_fp, 700_fp, 3, QStringLiteral("0,1 - 700"), true},
-      RangeRule{24, 0.1_fp, 420_fp, 3, QStringLiteral("0,1 - 420 "), true},
-      RangeRule{25, 0.01_fp, 500_fp, 3, QStringLiteral("0,01 - 500"), true},
-      RangeRule{26, 0.01_fp, 20_fp, 3, QStringLiteral("0,01 - 20"), true},
+      RangeRule{1, 0.5_fp, 5000_fp, 3, u"0,5 - 5000 µS/cm"_s, false},
+      RangeRule{2, 4_fp, 12_fp, 3, u"4- 12"_s, false},
+      RangeRule{3, 1_fp, 90_fp, 3, u"1-90 °C"_s, true},
+      RangeRule{4, 0_fp, 10_fp, 6, u" 0 - 10"_s, false},
+      RangeRule{5, FixedPoint::lowest(), 7.0_fp, 6, u" 0 - 7,0"_s, false},
+      RangeRule{6, FixedPoint::lowest(), 2.5_fp, 6, u" 0 - 2,5"_s, false},
+      RangeRule{20, 0.05_fp, 100_fp, 3, u"0,05 - 100 °d"_s, true},
+      RangeRule{23, 0.1_fp, 700_fp, 3, u"0,1 - 700"_s, true},
+      RangeRule{24, 0.1_fp, 420_fp, 3, u"0,1 - 420 "_s, true},
+      RangeRule{25, 0.01_fp, 500_fp, 3, u"0,01 - 500"_s, true},
+      RangeRule{26, 0.01_fp, 20_fp, 3, u"0,01 - 20"_s, true},
   };
   const auto* rule = std::ranges::find(kRules, index, &RangeRule::index);
   return rule == kRules.end() ? nullptr : rule;

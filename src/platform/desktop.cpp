@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QSettings>
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
@@ -30,6 +31,10 @@ QString askFile(QFileDialog& dialog, const FileRequest& request) {
 }
 
 }  // namespace
+
+void keepDialogMemoryIn(const QString& folder) {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
+}
 
 // exit, not quit: quit would first ask every window whether it may be closed.
 void RealDesktop::endProgram() {

@@ -47,6 +47,9 @@ class Desktop {
   virtual QString askText(QWidget* parent, const TextRequest& request) = 0;
 };
 
+/// Lets the toolkit keep what its own dialogs remember in a folder, instead of the user's home.
+void keepDialogMemoryIn(const QString& folder);
+
 /// The desktop that the program runs on.
 class RealDesktop final : public Desktop {
  public:

@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QDir>
 #include <QFont>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -63,6 +65,13 @@ QLabel[role="section"] {
 )"_s;
 }
 
+QIcon icon() {
+  QIcon icon;
+  const QDir sizes(u":/icons"_s);
+  for (const QString& size : sizes.entryList()) icon.addFile(sizes.filePath(size));
+  return icon;
+}
+
 }  // namespace
 
 void applyLook(QApplication& application) {
@@ -73,10 +82,15 @@ void applyLook(QApplication& application) {
   QApplication::setFont(font);
   application.setStyleSheet(styleSheet());
 
+  QApplication::setWindowIcon(icon());
+
+  // What was shipped beside the program comes first: the toolkit's own may not be installed.
   auto* german = new QTranslator(&application);
-  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-  if (german->load(QLocale(QLocale::German), u"qtbase"_s, u"_"_s, folder)) {
+  for (const QString& folder : {QApplication::applicationDirPath() + u"/translations"_s,
+                                QLibraryInfo::path(QLibraryInfo::TranslationsPath)}) {
+    if (!german->load(QLocale(QLocale::German), u"qtbase"_s, u"_"_s, folder)) continue;
     QApplication::installTranslator(german);
+    return;
   }
 }
 

@@ -14,8 +14,8 @@ enum class Role {
   kSection,   ///< header of a group
 };
 
-/// Gives the program its font, its colours and German texts in the toolkit's own dialogs. The
-/// colours are the program's own, so that a dark desktop never meets a light box.
+/// Gives the program its font, its colours, its icon and German texts in the toolkit's own dialogs.
+/// The colours are the program's own, so that a dark desktop never meets a light box.
 void applyLook(QApplication& application);
 
 /// Gives a control the colours of its role; changing it later is allowed.

@@ -1,0 +1,67 @@
+// Any bytes as a settings file: read, edited as the company line's window does, written, read back.
+#include "storage/settings.h"
+
+#include <optional>
+
+#include "fuzz_support.h"
+#include "storage/company_line.h"
+
+using namespace calvora;
+
+namespace {
+
+/// Writes the settings and reads them into new ones. Empty if a text is too long for a line.
+std::optional<Settings> saved(Settings& settings, const fuzz::TemporaryFile& file) {
+  try {
+    writeSettings(settings, file.folder());
+  } catch (const RuntimeError&) {
+    qsizetype longest = 0;
+    for (int slot = 1; slot <= 12; ++slot) longest = std::max(longest, settings.slot[slot].size());
+    for (const QString& segment : settings.segments) longest = std::max(longest, segment.size());
+    fuzz::require(longest > fuzz::kSurelyFits, "what was read can be written");
+    return std::nullopt;
+  }
+  Settings again;
+  readSettings(again, file.folder());
+  return again;
+}
+
+void requireSame(const Settings& settings, const Settings& again, const QString& programFolder) {
+  for (int slot = 1; slot <= 12; ++slot) {
+    if (slot >= setting::kFirstSegment && slot < setting::kFirstSegment + 4) continue;
+    const QString& text = again.slot[slot];
+    // A folder that is not given or cannot be stored is the default one.
+    const bool usual = slot == setting::kDataFolder && text == defaultDataFolder(programFolder);
+    fuzz::require(usual || text == fuzz::inFile(settings.slot[slot]), "a setting comes back", text);
+  }
+  for (size_t i = 0; i < settings.segments.size(); ++i) {
+    fuzz::require(again.segments.at(i) == fuzz::inFile(settings.segments.at(i)),
+                  "a segment comes back", settings.segments.at(i));
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const fuzz::TemporaryFile file(QStringLiteral("cvra.ini"));
+  file.put(fuzz::bytes(data, size));
+
+  Settings settings;
+  readSettings(settings, file.folder());
+  auto again = saved(settings, file);
+  if (!again) return 0;
+  requireSame(settings, *again, file.folder());
+  const QString& line = again->slot[setting::kPrintLine];
+  fuzz::require(!line.trimmed().isEmpty() && line.size() <= kLongestPrintLine,
+                "a print line is there and fits", line);
+
+  // What the company line's window shows, saves, and shows again.
+  again->segments = storedSegments(linesOfSegmentList(again->slot[setting::kSegmentList]));
+  const auto edited = saved(*again, file);
+  if (!edited) return 0;
+  requireSame(*again, *edited, file.folder());
+  if (joinedSegments(again->segments).left(kLongestPrintLine).trimmed().isEmpty()) return 0;
+  fuzz::require(linesOfSegmentList(edited->slot[setting::kSegmentList]) == edited->segments,
+                "the window shows what it saved", edited->slot[setting::kSegmentList]);
+  return 0;
+}
