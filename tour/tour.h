@@ -64,6 +64,7 @@ class Tour {
   QStringList shownTexts();
   void saveStartOverAndLoad();
   void showSettings();
+  void pictureOfActive(const QString& name);
   void showMessages();
   void showRuntimeError();
 
