@@ -26,7 +26,7 @@ void visit(Tour& tour, int field, const std::function<void(calvora::dimum&)>& lo
 
 void showConverter(Tour& tour) {
   visit(tour, 1, [&](calvora::dimum& window) {
-    tour.picture(window, u"converter-conductivity"_s);
+    tour.picture(window, u"dimum"_s);
     tour.expectModal<QInputDialog>(u"the input box"_s, [&](QInputDialog& box) {
       tour.picture(box, u"converter-input"_s);
       QTest::keyClicks(box.focusWidget(), u"0,42"_s);

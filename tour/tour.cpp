@@ -12,6 +12,7 @@
 #include "platform/look.h"
 #include "stops.h"
 #include "storage/dateien.h"
+#include "storage/settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -163,17 +164,35 @@ void Tour::saveStartOverAndLoad() {
   require(shownTexts() == before, u"the same mask after loading"_s);
 }
 
+/// The data folder is one that looks the same on every machine, so that the pictures do. It stays
+/// behind, empty: another tour may be showing it just now.
 void Tour::showSettings() {
-  for (const auto& [action, name] : {std::pair{window().mnu2_pfad, u"datenpfad"_s},
-                                     std::pair{window().mnu2_fatext, u"firma"_s}}) {
-    action->trigger();
-    QTest::qWait(20);
-    QWidget* settings = QApplication::activeWindow();
-    require(settings != nullptr && settings != &window(), name);
-    if (settings == nullptr || settings == &window()) continue;
-    picture(*settings, name);
-    settings->close();
+  const QString dataFolder = QDir::temp().filePath(u"Calvora/daten"_s);
+  require(QDir().mkpath(dataFolder), dataFolder);
+  program().settings.slot[calvora::setting::kDataFolder] = dataFolder;
+  window().mnu2_pfad->trigger();
+  pictureOfActive(u"datenpfad"_s);
+
+  window().mnu2_fatext->trigger();
+  QTest::qWait(20);
+  for (const auto* line :
+       {"Wassertechnik Beispiel", "Brunnenweg 7", "12345 Musterstadt", "Tel. 01234 / 56 78"}) {
+    if (QWidget* box = QApplication::focusWidget())
+      QTest::keyClicks(box, QString::fromLatin1(line));
+    if (QWidget* box = QApplication::focusWidget()) QTest::keyClick(box, Qt::Key_Down);
   }
+  pictureOfActive(u"firma"_s);
+}
+
+/// A picture of the window that was just opened beside the main window, which is then closed.
+void Tour::pictureOfActive(const QString& name) {
+  QTest::qWait(20);
+  QWidget* active = QApplication::activeWindow();
+  const bool opened = active != nullptr && active != &window();
+  require(opened, name);
+  if (!opened) return;
+  picture(*active, name);
+  active->close();
 }
 
 void Tour::showMessages() {

@@ -72,6 +72,7 @@ class Tour {
   QStringList shownTexts();
   void saveStartOverAndLoad();
   void showSettings();
+  void pictureOfActive(const QString& name);
   void showMessages();
   void showRuntimeError();
 

@@ -1,0 +1,27 @@
+# Sets SOURCE/handbuch.tex in FOLDER, where the pictures are, and puts the result to OUTPUT. Runs
+# until page numbers and table of contents stand still.
+set(job ${FOLDER}/hb_cvra)
+set(ENV{TEXINPUTS} ".:${SOURCE}:")
+set(ENV{max_print_line} 2000)
+foreach(run RANGE 1 4)
+  set(before "${after}")
+  execute_process(COMMAND ${PDFLATEX} -interaction=nonstopmode -halt-on-error -file-line-error
+                          -jobname=hb_cvra "\\def\\Fassung{${VERSION}}\\input{handbuch}"
+                  WORKING_DIRECTORY ${FOLDER} RESULT_VARIABLE result OUTPUT_VARIABLE said)
+  if(NOT result EQUAL 0)
+    file(REMOVE ${job}.aux ${job}.toc ${job}.out)
+    message(FATAL_ERROR "The manual could not be set:\n${said}")
+  endif()
+  set(after)
+  foreach(kind aux toc out)
+    file(SHA256 ${job}.${kind} hash)
+    string(APPEND after ${hash})
+  endforeach()
+  if(after STREQUAL before)
+    break()
+  endif()
+endforeach()
+if(said MATCHES "[^\n]*(undefined|Missing character|multiply defined)[^\n]*")
+  message(FATAL_ERROR "The manual is not whole: ${CMAKE_MATCH_0}")
+endif()
+file(COPY_FILE ${job}.pdf ${OUTPUT})
