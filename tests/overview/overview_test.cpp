@@ -114,7 +114,14 @@ void Room::run(const QString& operation) {
   if (kind == 'm'_L1) mask.desktop.paths = {at("fort.cva")};
   if (kind == 'p'_L1) choose("three.cvp");
   if (kind == 'v'_L1) choose("ignored");
-  if (kind == 's'_L1) choose("new.cvp", [](Dateien& header) { header.Command1->click(); });
+  if (kind == 's'_L1) {
+    choose("new.cvp", [](Dateien& header) {
+      const QWidget* gone[] = {header.Text3, header.Label3, header.DTPicker1, header.Label5};
+      QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
+      header.Label8->click();  // removes the date
+      header.Command1->click();
+    });
+  }
   const bool goesOn = kind != 'n'_L1 && kind != 'a'_L1;
   if (k > 0 && window->grid().slot[k].filled) {
     mask.questions.expect(u"Wasser - %1  \n\rentfernen ?"_s.arg(k), goesOn ? 2 : 4);
@@ -212,6 +219,7 @@ class OverviewTest : public QObject {
       room.run(operation);
       if (saves) {
         name = u"new"_s;
+        header[5].clear();
         header[6] = u"22.11.2026"_s;  // the window's creation date
       }
       if (operation == 'p'_L1) {
