@@ -6,3 +6,5 @@ class Tour;
 void showConverter(Tour& tour);
 /// Titration volume, information and version, by mouse and by keyboard.
 void showSmallWindows(Tour& tour);
+/// Analyses side by side: load, remove, save as a project, clear, load again.
+void showOverview(Tour& tour);

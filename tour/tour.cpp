@@ -71,6 +71,7 @@ bool Tour::walk() {
   showSettings();
   showConverter(*this);
   showSmallWindows(*this);
+  showOverview(*this);
   showMessages();
   showRuntimeError();
   out() << "Pictures: " << folder_ << '\n';

@@ -110,7 +110,7 @@ void main::buildMenus() {
   mnu2_handbuch = add(mnu2, u"&Handbuch einsehen"_s, QKeySequence(u"F1"_s));
   mnu_version = add(mnu2, u"&Version"_s);
 
-  for (QAction* waiting : {mnu_drucken, mnu2_plausi, mnu2_ana}) {
+  for (QAction* waiting : {mnu_drucken, mnu2_plausi}) {
     waiting->setEnabled(false);
   }
   updateManual();
@@ -126,6 +126,7 @@ void main::buildMenus() {
   connectAction(mnu2_fatext, u" main_fatext"_s, &main::mnu2_fatext_Click);
   connectAction(mnu2_tk, u" main_tk"_s, &main::mnu2_tk_Click);
   connectAction(mnu_version, u" main_version"_s, &main::mnu_version_Click);
+  connectAction(mnu2_ana, u" main_ana"_s, &main::mnu2_ana_Click);
   connectAction(mnu_neustart, u" main_neustart"_s, &main::mnu_neustart_Click);
   connectAction(mnu_ende, u" main_ende"_s, &main::Command2_Click);
   connectAction(mnu2_handbuch, u" main_handbuch"_s, &main::mnu2_handbuch_Click);

@@ -12,6 +12,7 @@
 #include "chem/umrechnung.h"
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
+#include "overview/analysen.h"
 #include "platform/look.h"
 #include "storage/dateien.h"
 #include "storage/datenpfad.h"
@@ -64,6 +65,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
 // The boxes lose their focus while they are taken down, when there is no mask left to tell.
 main::~main() {
   disconnect(qApp, nullptr, this, nullptr);
+  delete overview_;
 }
 
 bool main::event(QEvent* event) {
@@ -367,6 +369,16 @@ void main::Image1_Click() {
   info1 window(this);
   window.infotxt1();
   window.exec();
+}
+
+void main::mnu2_ana_Click() {
+  if (overview_ == nullptr || !overview_->isVisible()) {
+    overview_ = new analysen(program_, questions_, desktop_);
+  }
+  overview_->setWindowState(overview_->windowState() & ~Qt::WindowMinimized);
+  overview_->show();
+  overview_->raise();
+  overview_->activateWindow();
 }
 
 bool main::eincheck() const {

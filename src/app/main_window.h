@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMainWindow>
+#include <QPointer>
 #include <QPushButton>
 
 #include "chem/subcalc.h"
@@ -12,6 +13,8 @@
 #include "platform/text_box.h"
 
 namespace calvora {
+
+class analysen;
 
 /// The hub of the program: the input mask of one water analysis, its results, and the menus. Every
 /// finished entry is checked, stored, followed by a full calculation run and a redisplay.
@@ -97,6 +100,7 @@ class main : public QMainWindow {
   void mnu2_pfad_Click();
   void mnu2_fatext_Click();
   void mnu2_tk_Click();
+  void mnu2_ana_Click();
   void mnu2_handbuch_Click();
   void mnu_version_Click();
   void Image1_Click();
@@ -137,6 +141,7 @@ class main : public QMainWindow {
   Desktop& desktop_;
   subcalc subcalc_;
   Werteingabe entry_;
+  QPointer<analysen> overview_;  ///< empty while it is closed
 
   int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none
   QList<int> leftBoxes_;  ///< boxes that were left and are still to be finished, in their order

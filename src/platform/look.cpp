@@ -59,6 +59,7 @@ QPushButton[role="unit"]:enabled { border-color: #a89f58; }
 QPushButton[role="unit"]:enabled:hover { background: #fff3a6; }
 QPushButton[role="unit"]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
 QPlainTextEdit { border: 1px solid #8593a3; border-radius: 3px; padding: 1px; }
+QPlainTextEdit:disabled { background: #dde2e8; color: #0000c0; border-color: #b3bdc8; }
 QPlainTextEdit:focus { border: 2px solid #0b57d0; padding: 0; }
 QLabel[role="section"] {
   background: #1f4e79; color: #ffffff; font-weight: bold; border-radius: 3px; padding: 4px 6px; }

@@ -13,12 +13,14 @@ constexpr int kHeaderSlots = 7;
 constexpr int kEndRecord = 999;
 constexpr int kFirstIgnoredIndex = 100;
 
-void readHeader(Program& program, LineReader& reader) {
-  for (int slot = 0; slot <= kHeaderSlots; ++slot) program.header[slot] = reader.text();
+void readHeader(AnalysisHeader& header, LineReader& reader) {
+  for (int slot = 0; slot <= kHeaderSlots; ++slot) header[slot] = reader.text();
   reader.skipLine();  // the marker, whatever it says
 }
 
-void readRecords(AnalysisRecord& record, LineReader& reader) {
+/// Hands every record to `store`, which checks its index.
+void readRecords(LineReader& reader,
+                 const std::function<void(int, FixedPoint, const QString&)>& store) {
   while (!reader.atEnd()) {
     const QStringList fields = reader.fields(3);
     if (fields.isEmpty() && reader.atEnd()) return;
@@ -26,11 +28,7 @@ void readRecords(AnalysisRecord& record, LineReader& reader) {
     if (index == kEndRecord) return;
     if (index >= kFirstIgnoredIndex) continue;
     if (fields.size() < 3) throw RuntimeError(ErrorNumber::kEndOfFile);
-    const int field = index < 0 ? -1 : static_cast<int>(index);
-    // A field without text is empty, whatever value stands beside it.
-    const FixedPoint value = readInvariantNumber(fields[1]);
-    record.value[field] = fields[2].isEmpty() ? FixedPoint{} : value;
-    record.text[field] = fields[2];
+    store(index < 0 ? -1 : static_cast<int>(index), readInvariantNumber(fields[1]), fields[2]);
   }
 }
 
@@ -70,19 +68,28 @@ void writeAnalysis(Program& program, const QString& path, const QString& title) 
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {
-  try {
-    LineReader reader = LineReader::ofFile(path);
+  return LineReader::readFile(path, [&](LineReader& reader) {
     reset();
     program.header.clear();  // no header of another analysis may stay beside this one
-    readHeader(program, reader);
-    readRecords(program.record, reader);
-    return true;
-  } catch (const RuntimeError& error) {
-    const bool nothingRead = error.number() == static_cast<int>(ErrorNumber::kFileNotFound) ||
-                             error.number() == static_cast<int>(ErrorNumber::kPathAccess);
-    if (nothingRead) throw;
-    return false;
-  }
+    readHeader(program.header, reader);
+    readRecords(reader, [&](int field, FixedPoint value, const QString& text) {
+      // A field without text is empty, whatever value stands beside it.
+      program.record.value[field] = text.isEmpty() ? FixedPoint{} : value;
+      program.record.text[field] = text;
+    });
+  });
+}
+
+bool readForOverview(Program& program, const QString& path, AnalysisHeader& header) {
+  const bool complete = LineReader::readFile(path, [&](LineReader& reader) {
+    readHeader(header, reader);
+    readRecords(reader, [&](int field, FixedPoint, const QString& text) {
+      program.overviewText[field] = text;
+    });
+  });
+  program.record.flag[flag::kOverviewName] = header[0];
+  program.record.flag[flag::kOverviewDate] = header[6];
+  return complete;
 }
 
 }  // namespace calvora

@@ -7,6 +7,8 @@
 
 namespace calvora {
 
+using AnalysisHeader = decltype(Program::header);
+
 /// Name line of a file: its title without blanks at the ends and without the extension.
 QString nameLine(const QString& title, const QString& extension);
 
@@ -22,5 +24,10 @@ void writeAnalysis(Program& program, const QString& path, const QString& title);
 /// into the header array. False if reading ended early; what was read up to there stays. Runtime
 /// error 53 if the file does not exist, 75 if it cannot be read, and nothing changed.
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset);
+
+/// Reads an analysis file for the overview: its header lines into `header`, which comes empty, its
+/// display texts into the overview texts, its name line and creation date into their flag slots.
+/// The record and the header of the main window stay. Returns and throws as `readAnalysis`.
+bool readForOverview(Program& program, const QString& path, AnalysisHeader& header);
 
 }  // namespace calvora

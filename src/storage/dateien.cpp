@@ -103,6 +103,17 @@ void Dateien::setDate(bool given) {
   DTPicker1->setVisible(given);
 }
 
+/// Shows the date that came with a file. False if the text is neither a date nor blank.
+bool Dateien::showDate(const QString& text) {
+  const QDate date = dateOf(text);
+  if (date.isValid()) {
+    DTPicker1->setMaximumDate(std::max(program_.today(), date));
+    DTPicker1->setDate(date);
+  }
+  setDate(date.isValid());
+  return date.isValid() || text.trimmed().isEmpty();
+}
+
 void Dateien::Label8_Click() {
   guarded(questions_, u" dateien\\ps_L8"_s, [this] {
     const bool removes = Label8->text().trimmed() == kRemove;
@@ -140,7 +151,7 @@ void Dateien::Command1_Click() {
 
 void Dateien::save() {
   keepHeader();
-  const QString extension = u"cva"_s;
+  const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
   const QString answer = desktop_.askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
                                                      extension, proposedName(program_.header[0])});
   const QString chosen = answer.trimmed();
@@ -155,7 +166,12 @@ void Dateien::save() {
                         .symbol = 5});
     if (replace != button::kJa) return;
   }
-  dateispeichern(path, QFileInfo(chosen).fileName());
+  const QString title = QFileInfo(chosen).fileName();
+  if (project_ == nullptr) {
+    dateispeichern(path, title);
+  } else {
+    projektspeichern(path, title);
+  }
   program_.dataPresent = false;
   program_.record.flag[flag::kStatus].clear();
   accept();
@@ -171,30 +187,41 @@ void Dateien::dateispeichern(const QString& path, const QString& title) {
 }
 
 void Dateien::dateiladen(int& mode) {
+  if (mode == kOverviewMode) {
+    dateiladenForOverview(mode);
+    return;
+  }
+  const int result = readChosenFile(u"cva"_s, [this](const QString& path) {
+    const bool complete = readAnalysis(program_, path, reset);
+    const QString& date = program_.header[5];
+    const bool dateFits = date.trimmed().isEmpty() || dateOf(date).isValid();
+    showLoadedHeader();
+    return complete && dateFits;
+  });
+  if (result != 0) mode = result;
+}
+
+/// Lets the user choose a file and has it read. `read` returns whether it was read completely; if
+/// not, the user is told. Returns 0, 1 when nothing was read or 53 when the file does not exist.
+int Dateien::readChosenFile(const QString& extension,
+                            const std::function<bool(const QString&)>& read) {
   QString path;
   try {
     path = desktop_
                .askOpenFile(parentWidget(),
-                            {program_.settings.slot[setting::kDataFolder], u"cva"_s, {}})
+                            {program_.settings.slot[setting::kDataFolder], extension, {}})
                .trimmed();
   } catch (const RuntimeError&) {
-    mode = kCancelled;
-    return;
+    return kCancelled;
   }
-  bool complete = false;
   try {
-    complete = readAnalysis(program_, path, reset);
+    if (!read(path)) tellIncomplete();
   } catch (const RuntimeError& error) {
-    mode = error.number();
-    if (mode == kFileNotFound) return;
-    mode = kCancelled;  // nothing was read: the analysis that is there stays
+    if (error.number() == kFileNotFound) return kFileNotFound;
     tellIncomplete();
-    return;
+    return kCancelled;  // nothing was read: what is there stays
   }
-  const QString& date = program_.header[5];
-  complete = complete && (date.trimmed().isEmpty() || dateOf(date).isValid());
-  showLoadedHeader();
-  if (!complete) tellIncomplete();
+  return 0;
 }
 
 void Dateien::tellIncomplete() {

@@ -7,14 +7,19 @@
 
 #include "app/program.h"
 #include "dialogs/questions.h"
+#include "overview/overview_grid.h"
 #include "platform/desktop.h"
 #include "platform/remark_box.h"
 #include "platform/text_box.h"
 
 namespace calvora {
 
-/// The load/save window: the header of an analysis, entered before saving or shown after loading.
-/// Constructing it is loading it; the caller then sets its mode and shows it modally.
+/// Mode of `dateiladen` that reads for the overview instead of the main window.
+inline constexpr int kOverviewMode = 9;
+
+/// The load/save window: the header of an analysis or a project, entered before saving or shown
+/// after loading. Constructing it is loading it; the caller then sets its mode and shows it
+/// modally.
 class Dateien : public QDialog {
   Q_OBJECT
 
@@ -27,8 +32,29 @@ class Dateien : public QDialog {
 
   /// Lets the user choose an analysis file, reads it into the record and shows its header in the
   /// fields. Returns in `mode`: unchanged when read (also in part; then the user is told), 1 when
-  /// the dialog was cancelled, 53 when the file does not exist.
+  /// the dialog was cancelled, 53 when the file does not exist. With `kOverviewMode` the file is
+  /// read for the overview, record and header array stay, and the mode becomes 0 when read.
   void dateiladen(int& mode);
+
+  /// Writes the overview that `saveAsProject` was called with. Runtime error 75 or 61 if that
+  /// fails.
+  void projektspeichern(const QString& path, const QString& title);
+
+  /// Lets the user choose a project and reads it into the grid, which comes empty, into the header
+  /// array and the fields. Returns in `result` what `dateiladen` returns.
+  void projektladen(int& result, OverviewGrid& grid);
+
+  /// The window saves this overview as a project. Flag slot 1 is then "projekt", empty once saved
+  /// and "abbruch" if the user left without saving.
+  void saveAsProject(const OverviewGrid& grid);
+
+  /// The window only shows the header of what was read for the overview.
+  void showAsRead();
+
+  /// The window only shows the header of a project, and what to mind about it.
+  void showProjectAsRead();
+
+  void reject() override;
 
   /// Empties the record before a file is read into it.
   std::function<void()> reset = [this] { program_.resetRecord(); };
@@ -65,6 +91,9 @@ class Dateien : public QDialog {
   void keepHeader();
   void save();
   void showLoadedHeader();
+  int readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
+  void dateiladenForOverview(int& mode);
+  bool showDate(const QString& text);
   void tellIncomplete();
   void fitHeight();
   void setDate(bool given);
@@ -73,6 +102,7 @@ class Dateien : public QDialog {
   Questions& questions_;
   Desktop& desktop_;
   QLabel* failure_;
+  const OverviewGrid* project_ = nullptr;  ///< what is saved instead of the analysis
   bool dateSet_ = true;
 };
 

@@ -77,6 +77,16 @@ LineReader LineReader::ofFile(const QString& path) {
   return LineReader(content);
 }
 
+bool LineReader::readFile(const QString& path, const std::function<void(LineReader&)>& read) {
+  LineReader reader = ofFile(path);
+  try {
+    read(reader);
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
 QString LineReader::nextLine() {
   if (atEnd()) throw RuntimeError(ErrorNumber::kEndOfFile);
   qsizetype end = content_.indexOf('\n', position_);

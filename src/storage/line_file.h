@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QStringList>
+#include <functional>
 
 #include "entry/fixed_point.h"
 
@@ -39,6 +40,10 @@ class LineReader {
 
   /// Opens and reads a file. Runtime error 53 if it does not exist, 75 if it cannot be read.
   static LineReader ofFile(const QString& path);
+
+  /// Opens a file as `ofFile` does and lets `read` read it. False if a runtime error ended reading
+  /// early; what was read up to there stays.
+  static bool readFile(const QString& path, const std::function<void(LineReader&)>& read);
 
   explicit LineReader(QByteArray content) : content_(std::move(content)) {}
 

@@ -31,15 +31,15 @@ constexpr int kInputBoxTop = 8400;
 
 QString converterLook() {
   return uR"(
-SlotLabel { border: 1px solid #8593a3; border-radius: 3px; padding: 2px 8px; color: #000000; }
+ClickLabel { border: 1px solid #8593a3; border-radius: 3px; padding: 2px 8px; color: #000000; }
 *[look="normal"] { background: #ffff00; }
 *[look="value"] { background: #ffffff; }
 *[look="own"] { background: #ff0080; color: #ffffff; border-color: #a80054; font-weight: bold; }
 *[look="marked"] { background: #0000c0; color: #ffffff; border-color: #00007a; }
 *[look="massless"] { background: #e0e0e0; color: #4a4a4a; border-color: #c4c4c4; }
 *[look="empty"] { background: transparent; border-color: #d6dde4; }
-SlotLabel:focus { border: 2px solid #1b2430; padding: 1px 7px; }
-)"_s.replace(u"SlotLabel"_s, u"calvora--SlotLabel"_s);
+ClickLabel:focus { border: 2px solid #1b2430; padding: 1px 7px; }
+)"_s.replace(u"ClickLabel"_s, u"calvora--ClickLabel"_s);
 }
 
 void applyLook(QWidget& label, const QString& look) {
@@ -156,8 +156,8 @@ void dimum::mnuhelp_Click() {
 }
 
 void dimum::addSlot(QGridLayout& grid, int index) {
-  auto& unit = Label1.add(index, new SlotLabel);
-  auto& value = Label3.add(index, new SlotLabel);
+  auto& unit = Label1.add(index, new ClickLabel);
+  auto& value = Label3.add(index, new ClickLabel);
   unit.setMinimumSize(twips(kUnitWidth), twips(kRowHeight));
   value.setMinimumSize(twips(kValueWidth), twips(kRowHeight));
   if (index <= kSlotRows) unit.setToolTip(u"Zur Wert-Eingabe anklicken"_s);
@@ -165,7 +165,7 @@ void dimum::addSlot(QGridLayout& grid, int index) {
   unit.focused = [this, index] { Label1_MouseMove(index); };
   unit.pointedAt = [this, index] {
     // Mouse and arrow keys move one and the same mark while the focus is on a slot.
-    const bool onSlot = qobject_cast<SlotLabel*>(focusWidget()) != nullptr;
+    const bool onSlot = qobject_cast<ClickLabel*>(focusWidget()) != nullptr;
     if (onSlot) moveFocusTo(index);
     Label1_MouseMove(index);
   };

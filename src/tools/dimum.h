@@ -7,7 +7,7 @@
 
 #include "platform/control_array.h"
 #include "platform/desktop.h"
-#include "tools/slot_label.h"
+#include "tools/click_label.h"
 #include "tools/umrechner.h"
 
 class QGridLayout;
@@ -25,8 +25,8 @@ class dimum : public QDialog {
  public:
   dimum(main& mainWindow, Program& program, Questions& questions, Desktop& desktop);
 
-  ControlArray<SlotLabel> Label1;  ///< units
-  ControlArray<SlotLabel> Label3;  ///< values
+  ControlArray<ClickLabel> Label1;  ///< units
+  ControlArray<ClickLabel> Label3;  ///< values
   QLabel* Label2;                  ///< heading
   QPushButton* Command1;
   QPushButton* Command2;

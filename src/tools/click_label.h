@@ -7,11 +7,11 @@ namespace calvora {
 
 /// A label that is used like a button. One that takes the focus is opened with Enter or Space and
 /// left with the arrow keys.
-class SlotLabel : public QLabel {
+class ClickLabel : public QLabel {
   Q_OBJECT
 
  public:
-  explicit SlotLabel(QWidget* parent = nullptr);
+  explicit ClickLabel(QWidget* parent = nullptr);
 
   std::function<void()> clicked = [] {};
   std::function<void()> pointedAt = [] {};  ///< the mouse moved over it

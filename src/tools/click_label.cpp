@@ -1,34 +1,34 @@
-#include "tools/slot_label.h"
+#include "tools/click_label.h"
 
 #include <QKeyEvent>
 
 namespace calvora {
 
-SlotLabel::SlotLabel(QWidget* parent) : QLabel(parent) {
+ClickLabel::ClickLabel(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   setMouseTracking(true);
 }
 
-void SlotLabel::mousePressEvent(QMouseEvent* event) {
+void ClickLabel::mousePressEvent(QMouseEvent* event) {
   event->setAccepted(event->button() == Qt::LeftButton);
 }
 
-void SlotLabel::mouseReleaseEvent(QMouseEvent* event) {
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
   const bool click = event->button() == Qt::LeftButton && rect().contains(event->pos());
   if (click) clicked();
 }
 
-void SlotLabel::mouseMoveEvent(QMouseEvent* event) {
+void ClickLabel::mouseMoveEvent(QMouseEvent* event) {
   if (rect().contains(event->pos())) pointedAt();
 }
 
-void SlotLabel::focusInEvent(QFocusEvent* event) {
+void ClickLabel::focusInEvent(QFocusEvent* event) {
   QLabel::focusInEvent(event);
   focused();
 }
 
-void SlotLabel::keyPressEvent(QKeyEvent* event) {
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

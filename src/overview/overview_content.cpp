@@ -1,0 +1,126 @@
+#include "overview/overview_content.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <set>
+
+#include "app/fields.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kColumns = OverviewGrid::kSlots + 2;
+
+/// Pairs of two-digit field and two-digit row.
+const auto kFieldRows =
+    u"01-01,02-02,03-03,04-04,05-05,06-06,20-08,21-09,22-10,23-11,24-12,25-13,26-14,07-16,08-17,"
+    "09-18,11-20,12-21,13-22,14-23,15-24,"_s;
+
+const FieldCaption& captionOf(int field) {
+  for (const auto& captions : {inputCaptions(), resultCaptions()}) {
+    const auto found = std::ranges::find(captions, field, &FieldCaption::index);
+    if (found != captions.end()) return *found;
+  }
+  throw RuntimeError(ErrorNumber::kIndex, QString::number(field));
+}
+
+/// A text as one field of tab-separated text.
+QString asField(QString text) {
+  for (QChar& c : text) {
+    if (c.isSpace()) c = ' '_L1;
+  }
+  return text.trimmed();
+}
+
+}  // namespace
+
+std::span<const FieldRow> fieldRows() {
+  static const std::vector<FieldRow> kPairs = [] {
+    std::vector<FieldRow> pairs;
+    for (const QString& pair : kFieldRows.split(','_L1, Qt::SkipEmptyParts)) {
+      pairs.push_back({pair.left(2).toInt(), pair.right(2).toInt()});
+    }
+    return pairs;
+  }();
+  return kPairs;
+}
+
+bool isSeparatorRow(int row) {
+  return row != 0 && std::ranges::find(fieldRows(), row, &FieldRow::row) == fieldRows().end();
+}
+
+QString symbolOfRow(int row) {
+  const auto pair = std::ranges::find(fieldRows(), row, &FieldRow::row);
+  if (pair == fieldRows().end()) return {};
+  const FieldCaption& caption = captionOf(pair->field);
+  static const QRegularExpression kBetweenWords(u"[ -]+"_s);
+  const bool said = caption.caption.split(kBetweenWords).contains(caption.shortLabel);
+  return said ? QString() : caption.shortLabel;
+}
+
+void enterNames(OverviewGrid& grid) {
+  grid.names[0] = u"Probe-Datum"_s;
+  for (const auto& [field, row] : fieldRows()) {
+    grid.names[row] = captionOf(field).caption;
+    grid.units[row] = captionOf(field).unit;
+  }
+}
+
+void enterAnalysis(OverviewGrid& grid, int slot, const Program& program) {
+  const QString prefix = slot == OverviewGrid::kSlots ? u" "_s : QString();
+  OverviewGrid::Slot& entered = grid.slot[slot] = {};
+  for (const auto& [field, row] : fieldRows()) {
+    entered.cells[row] = prefix + program.overviewText[field];
+  }
+  entered.caption = program.record.flag[flag::kOverviewName];
+  entered.cells[0] = program.record.flag[flag::kOverviewDate];
+  entered.filled = true;
+}
+
+int filledSlots(const OverviewGrid& grid) {
+  int count = 0;
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) count += grid.slot[k].filled ? 1 : 0;
+  return count;
+}
+
+QString cellText(const OverviewGrid& grid, int row, int column) {
+  if (column == 0) return grid.names[row];
+  if (column == 1) return grid.units[row];
+  return grid.slot[column - 1].cells[row];
+}
+
+QString copyText(const OverviewGrid& grid, std::span<const std::pair<int, int>> cells) {
+  std::set<std::pair<int, int>> chosen(cells.begin(), cells.end());
+  const size_t all = size_t{OverviewGrid::kRows} * kColumns;
+  const bool whole = chosen.empty() || chosen.size() == all;
+  std::set<int> rows;
+  std::set<int> columns;
+  for (int row = 0; row < OverviewGrid::kRows; ++row) {
+    for (int column = 0; column < kColumns; ++column) {
+      if (whole) chosen.insert({row, column});
+      if (!chosen.contains({row, column})) continue;
+      rows.insert(row);
+      columns.insert(column);
+    }
+  }
+  QString text;
+  if (whole) {
+    QStringList captions{{}, {}};
+    for (int k = 1; k <= OverviewGrid::kSlots; ++k) captions += asField(grid.slot[k].caption);
+    text = captions.join('\t'_L1) + '\n'_L1;
+  }
+  for (const int row : rows) {
+    QStringList fields;
+    for (const int column : columns) {
+      const bool copied = chosen.contains({row, column});
+      fields += copied ? asField(cellText(grid, row, column)) : QString();
+    }
+    text += fields.join('\t'_L1) + '\n'_L1;
+  }
+  return text;
+}
+
+}  // namespace calvora

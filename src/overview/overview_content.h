@@ -1,0 +1,44 @@
+#pragma once
+
+#include <span>
+#include <utility>
+
+#include "app/program.h"
+#include "overview/overview_grid.h"
+
+namespace calvora {
+
+/// A field of the analysis record and the row of the overview that shows it. Field 10 has none.
+struct FieldRow {
+  int field;
+  int row;
+};
+
+/// The 21 of them, in the order in which an analysis is entered.
+std::span<const FieldRow> fieldRows();
+
+/// Whether a row is empty in every column and only parts two groups of fields.
+bool isSeparatorRow(int row);
+
+/// The short symbol of the field in a row, where its name does not say it already; else empty.
+QString symbolOfRow(int row);
+
+/// Writes the columns 0 and 1: the fields' names and units.
+void enterNames(OverviewGrid& grid);
+
+/// Enters the analysis that was read last for the overview: overview texts, name line and creation
+/// date. Slot 8 gets its cells with a leading blank.
+void enterAnalysis(OverviewGrid& grid, int slot, const Program& program);
+
+/// How many slots are filled.
+int filledSlots(const OverviewGrid& grid);
+
+/// The text of a cell; columns 0 to 9.
+QString cellText(const OverviewGrid& grid, int row, int column);
+
+/// Cells as tab-separated text, one line for each row and one field for each column that holds at
+/// least one of the cells given as row and column. No cells, or all, are the whole grid with the
+/// captions of its slots in a line above it.
+QString copyText(const OverviewGrid& grid, std::span<const std::pair<int, int>> cells);
+
+}  // namespace calvora

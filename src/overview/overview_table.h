@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QTableView>
+#include <QTableWidget>
+#include <functional>
+
+namespace calvora {
+
+/// The overview's grid: 25 rows, 10 columns, read-only. The columns 0 and 1 stay where they are
+/// when the others scroll; those share what room there is.
+class OverviewTable : public QTableWidget {
+  Q_OBJECT
+
+ public:
+  explicit OverviewTable(QWidget* parent = nullptr);
+
+  /// Pixels of the columns 0 and 1.
+  [[nodiscard]] int fixedWidth() const { return columnWidth(0) + columnWidth(1); }
+
+  /// Called after columns have moved or changed their width.
+  std::function<void()> arranged = [] {};
+
+  [[nodiscard]] QModelIndex indexAt(const QPoint& place) const override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void makeCells();
+  void makeFixedColumns();
+
+  QTableView* fixed_;  ///< lies over the columns 0 and 1, which scroll away beneath it
+};
+
+}  // namespace calvora

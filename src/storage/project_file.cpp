@@ -1,0 +1,81 @@
+#include "storage/project_file.h"
+
+#include "storage/analysis_file.h"
+#include "storage/line_file.h"
+#include "storage/safe_write.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array kHeaderSlots{1, 2, 4, 5, 7};
+const auto kBlockEnd = u"enddat"_s;
+const auto kFileEnd = u"endread"_s;
+
+/// A text that could be taken for a marker is told apart from it by a blank.
+QString notMarker(const QString& text, const QString& marker) {
+  return text == marker ? text + ' '_L1 : text;
+}
+
+void readBlock(OverviewGrid::Slot& slot, LineReader& reader) {
+  for (int row = 0;; ++row) {
+    const QString cell = reader.text();
+    if (cell == kBlockEnd) break;
+    slot.cells[row] = cell;  // a cell too many is runtime error 9
+  }
+  slot.filled = true;
+}
+
+}  // namespace
+
+QByteArray projectContent(const Program& program, const OverviewGrid& grid) {
+  LineWriter writer;
+  writer.text(program.record.flag[flag::kNameLine]);
+  for (const int slot : kHeaderSlots) writer.text(program.header[slot]);
+  writer.text(u"ende"_s);
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+    const OverviewGrid::Slot& slot = grid.slot[k];
+    if (!slot.filled) continue;
+    writer.text(notMarker(slot.caption, kFileEnd));
+    for (int row = 0; row < OverviewGrid::kRows; ++row) {
+      writer.text(notMarker(slot.cells[row], kBlockEnd));
+    }
+    writer.text(kBlockEnd);
+  }
+  writer.text(kFileEnd);
+  return writer.content();
+}
+
+void writeProject(Program& program, const OverviewGrid& grid, const QString& path,
+                  const QString& title) {
+  QString& name = program.record.flag[flag::kNameLine];
+  const QString before = std::exchange(name, nameLine(title, u".cvp"_s));
+  try {
+    writeFileSafely(path, projectContent(program, grid));
+  } catch (const RuntimeError&) {
+    name = before;
+    throw;
+  }
+}
+
+bool readProject(Program& program, OverviewGrid& grid, const QString& path) {
+  return LineReader::readFile(path, [&](LineReader& reader) {
+    auto& header = program.header;
+    // No header of the main window's analysis may stay beside this one.
+    header[0].clear();
+    for (const int slot : kHeaderSlots) header[slot].clear();
+    header[0] = reader.text();
+    for (const int slot : kHeaderSlots) header[slot] = reader.text();
+    reader.skipLine();  // the marker, whatever it says
+    for (int k = 1;; ++k) {
+      const QString caption = reader.text();
+      if (caption == kFileEnd) return;
+      grid.slot[k].caption = caption;  // a ninth block is runtime error 9
+      readBlock(grid.slot[k], reader);
+    }
+  });
+}
+
+}  // namespace calvora

@@ -1,0 +1,419 @@
+// Up to eight analyses side by side, and the project files that keep them.
+#include <QClipboard>
+#include <QFile>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <random>
+
+#include "overview/analysen.h"
+#include "overview/overview_content.h"
+#include "storage/dateien.h"
+#include "storage/project_file.h"
+#include "support/window_support.h"
+
+using namespace calvora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kIncomplete = u" Die Datei konnte nicht vollständig gelesen werden ! "_s;
+const QString kSaved = u"Die Dateien wurden als  \n\rProjekt gespeichert !"_s;
+const QString kClear = u"Alle Einträge werden gelöscht !"_s;
+const QString kTip = u" click -  für Analysen-Datei öffnen  "_s;
+
+QByteArray golden() {
+  QFile file(QFINDTESTDATA("overview/golden/three.cvp"));
+  return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Every field says its own index.
+QByteArray analysisFile() {
+  QByteArray file =
+      "\"brunnen\"\r\n\"P\"\r\n\"7\"\r\n\"Probe\"\r\n\"K\"\r\n\"03.02.2026\"\r\n\"05.02.2026\"\r\n"
+      "\"nass\"\r\n\"ende\"\r\n";
+  for (int i = 1; i <= 26; ++i)
+    file += QByteArray::number(i) + ",1,\"" + QByteArray::number(i) + "\"\r\n";
+  return file + "999,0,0\r\n";
+}
+
+/// The slots 2, 5 and 8 of the golden project.
+OverviewGrid threeAnalyses() {
+  OverviewGrid grid;
+  for (const int k : {2, 5, 8}) {
+    grid.slot[k].filled = true;
+    grid.slot[k].caption = u"wässer %1"_s.arg(k);
+    for (int row = 0; row < OverviewGrid::kRows; ++row) {
+      const QString text = isSeparatorRow(row) ? QString() : u"<%1,%2"_s.arg(row).arg(k);
+      grid.slot[k].cells[row] = k == 8 && row > 0 ? ' '_L1 + text : text;
+    }
+  }
+  return grid;
+}
+
+/// The main window with an unsaved analysis, and the overview beside it.
+struct Room {
+  Room() {
+    put("a.cva", analysisFile());
+    put("three.cvp", golden());
+    program.record.text[1] = u"420"_s;
+    program.record.flag[flag::kStatus] = u"1"_s;
+    program.dataPresent = true;
+    for (int slot = 0; slot <= 7; ++slot) program.header[slot] = u"main %1"_s.arg(slot);
+    program.header[5] = u"01.02.2026"_s;
+    program.today = [] { return QDate(2026, 11, 22); };
+    mask.window.mnu2_ana->trigger();
+    for (QWidget* open : QApplication::topLevelWidgets()) {
+      if (auto* overview = qobject_cast<analysen*>(open)) window = overview;
+    }
+    window->print = [this] { ++printed; };
+  }
+
+  [[nodiscard]] QString at(const char* name) const {
+    return folder.filePath(QString::fromLatin1(name));
+  }
+  void put(const char* name, const QByteArray& content) const {
+    QFile file(at(name));
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(content);
+  }
+  /// The file dialog chooses that file, and the header that is shown then is left.
+  void choose(
+      const char* name, const std::function<void(Dateien&)>& look = [](Dateien&) {}) {
+    mask.desktop.paths = {at(name)};
+    onNextModal<Dateien>(&context, [look](Dateien& header) {
+      look(header);
+      if (header.isVisible()) header.Command2->click();
+    });
+  }
+  [[nodiscard]] QString filled() const {
+    QString found;
+    for (int k = 1; k <= 8; ++k) {
+      if (window->grid().slot[k].filled) found += QString::number(k);
+    }
+    return found;
+  }
+  void run(const QString& operation);
+  void checkLabels() const;
+
+  QObject context;
+  QTemporaryDir folder;
+  Mask mask;
+  Program& program = mask.program;
+  analysen* window = nullptr;
+  int printed = 0;
+};
+
+/// l load, x cancel the file dialog, m a missing file, r remove, n rather not; each with the slot.
+/// c clear, a rather not, p load the project, q rather not, s save the project, v rather not.
+void Room::run(const QString& operation) {
+  const QChar kind = operation[0];
+  const int k = operation.mid(1).toInt();
+  const bool clears = u"capq"_s.contains(kind);
+  mask.desktop.paths.clear();
+  if (kind == 'l'_L1) choose("a.cva");
+  if (kind == 'm'_L1) mask.desktop.paths = {at("fort.cva")};
+  if (kind == 'p'_L1) choose("three.cvp");
+  if (kind == 'v'_L1) choose("ignored");
+  if (kind == 's'_L1) {
+    choose("new.cvp", [](Dateien& header) {
+      const QWidget* gone[] = {header.Text3, header.Label3, header.DTPicker1, header.Label5};
+      QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
+      header.Label8->click();  // removes the date
+      header.Command1->click();
+    });
+  }
+  const bool goesOn = kind != 'n'_L1 && kind != 'a'_L1;
+  if (k > 0 && window->grid().slot[k].filled) {
+    mask.questions.expect(u"Wasser - %1  \n\rentfernen ?"_s.arg(k), goesOn ? 2 : 4);
+  }
+  if (clears && !filled().isEmpty()) mask.questions.expect(kClear, goesOn ? 1 : 8);
+  if (kind == 's'_L1) mask.questions.expect(kSaved);
+  const int button = !clears ? 4 : u"pq"_s.contains(kind) ? 5 : 2;
+  (k > 0 ? static_cast<QAbstractButton&>(window->Label1(k)) : window->Command1(button)).click();
+}
+
+void Room::checkLabels() const {
+  for (const auto& [k, label] : window->Label1) {
+    const bool isFilled = window->grid().slot[k].filled;
+    QCOMPARE(label->backColour().name(), isFilled ? u"#80ff80"_s : u"#e0e0e0"_s);
+    if (!isFilled) QCOMPARE(label->caption(), u"   Analyse   laden"_s);
+    for (int row = 0; row < OverviewGrid::kRows; ++row) {
+      QCOMPARE(window->MSFlexGrid1->item(row, k + 1)->text(), window->grid().slot[k].cells[row]);
+    }
+  }
+}
+
+}  // namespace
+
+class OverviewTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void everyFieldStandsInItsRow() {
+    const QStringList fields =
+        u"05.02.2026,1,2,3,4,5,6,,20,21,22,23,24,25,26,,7,8,9,,11,12,13,14,15"_s.split(','_L1);
+    Room room;
+    room.choose("a.cva", [](Dateien& header) {
+      QCOMPARE(header.Text3->text(), u"Probe"_s);
+      QCOMPARE(header.DTPicker1->date(), QDate(2026, 2, 3));
+      QCOMPARE(header.Text6->text(), u"05.02.2026"_s);
+      const QWidget* gone[] = {header.Command1, header.Label5, header.Label8, header.Label9};
+      QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
+      QVERIFY(!header.DTPicker1->isEnabled() && !header.Text1->isEnabled());
+    });
+    room.window->Label1(8).click();
+    room.run(u"l1"_s);
+    const main& mask = room.mask.window;
+    const auto cell = [&](int row, int column) {
+      return room.window->MSFlexGrid1->item(row, column);
+    };
+    QCOMPARE(cell(0, 0)->text(), u"Probe-Datum"_s);
+    for (int row = 0; row < 25; ++row) {
+      const QString& text = fields[row];
+      QCOMPARE(cell(row, 2)->text(), text);
+      QCOMPARE(cell(row, 9)->text(), row == 0 || text.isEmpty() ? text : ' '_L1 + text);
+      if (row == 0 || text.isEmpty()) continue;
+      const int field = text.toInt();
+      const bool isButton = field <= 6 || field == 20 || field >= 23;
+      QCOMPARE(cell(row, 0)->text(), mask.Label5(field).text());
+      QCOMPARE(cell(row, 1)->text(),
+               isButton ? mask.Command1(field).text() : mask.Label3(field).text());
+    }
+    QCOMPARE(room.window->Label1(8).caption(), u"brunnen"_s);
+    QStringList said{room.window->windowTitle(), room.window->Label4->text()};
+    for (const auto& [index, button] : room.window->Command1) said += button->text();
+    QCOMPARE(said.join('|'_L1),
+             u"      Analysen-Übersicht     |Analysen-Übersicht| << schliessen|alle Einträge  "
+             "löschen|ausdrucken |speichern als Projekt|Projekt laden"_s);
+  }
+
+  void operationsChangeWhatTheyMay_data() {
+    QTest::addColumn<QString>("filled");
+    QTest::addColumn<QString>("buttons");
+    const auto row = [](const char* operations, const char* filled, const char* buttons) {
+      QTest::newRow(operations) << QString::fromLatin1(filled) << QString::fromLatin1(buttons);
+    };
+    row("x1 m2", "", "");
+    row("l1 l2 l3 r3", "12", "234");
+    row("l1 n1 x2", "1", "234");
+    row("l4 r4", "", "");
+    row("l1 l8 c", "", "2");
+    row("l1 c c", "", "2");
+    row("l1 l8 a", "18", "234");
+    row("l7 q", "", "2");
+    row("q", "", "");
+    row("l7 p", "123", "234");
+    row("p r2 l5", "135", "234");
+    row("l2 s", "2", "234");
+    row("l2 v c", "", "2");
+  }
+
+  void operationsChangeWhatTheyMay() {
+    Room room;
+    Program& program = room.program;
+    QString name;
+    for (const QString& operation : QString::fromLatin1(QTest::currentDataTag()).split(' '_L1)) {
+      AnalysisRecord record = program.record;
+      auto header = program.header;
+      const bool saves = operation == 's'_L1;
+      room.run(operation);
+      if (saves) {
+        name = u"new"_s;
+        header[5].clear();
+        header[6] = u"22.11.2026"_s;  // the window's creation date
+      }
+      if (operation == 'p'_L1) {
+        for (const int slot : {0, 1, 2, 4, 5, 7}) header[slot] = u"p%1"_s.arg(slot);
+        header[5] = u"24.12.2025"_s;
+      }
+      if (saves || operation == 'v'_L1) record.flag[flag::kStatus].clear();
+      QCOMPARE(program.header, header);
+      QCOMPARE(program.record.value, record.value);
+      QCOMPARE(program.record.text, record.text);
+      QCOMPARE(program.record.flag[flag::kStatus], record.flag[flag::kStatus]);
+      QCOMPARE(program.record.flag[flag::kNameLine], name);
+      QCOMPARE(program.dataPresent, name.isEmpty());
+      room.checkLabels();
+    }
+    QTEST(room.filled(), "filled");
+    QString enabled;
+    for (int button = 2; button <= 4; ++button) {
+      if (room.window->Command1(button).isEnabled()) enabled += QString::number(button);
+    }
+    QTEST(enabled, "buttons");
+    room.window->Command1(3).click();
+    QCOMPARE(room.printed, enabled.contains('3'_L1) ? 1 : 0);
+  }
+
+  void aFileReadInPartFillsItsSlotAndIsTold() {
+    Room room;
+    room.put("cut.cva", analysisFile().left(analysisFile().indexOf("\"4\"") + 1));
+    room.mask.questions.expect(kIncomplete);
+    room.choose("cut.cva");
+    room.window->Label1(1).click();
+    QCOMPARE(room.window->grid().slot[1].cells[3], u"3"_s);
+    // What cannot be opened at all leaves the slot as it is.
+    room.mask.questions.expect(kIncomplete);
+    room.mask.desktop.paths = {room.folder.path()};
+    room.window->Label1(2).click();
+    QCOMPARE(room.filled(), u"1"_s);
+    // A column that only begins in a project is shown, but is no filled slot.
+    room.put("cut.cvp", golden().split('\n').mid(0, 40).join('\n'));
+    room.mask.questions.expect(kClear);
+    room.mask.questions.expect(kIncomplete);
+    room.choose("cut.cvp", [](Dateien& header) {
+      QVERIFY(header.Label9->isVisible());
+      QCOMPARE(header.Text3->text() + header.Text6->text(), QString());
+    });
+    room.window->Command1(5).click();
+    QCOMPARE(room.filled(), u"1"_s);
+    QCOMPARE(room.window->Label1(2).caption(), u"wässer 5"_s);
+    QCOMPARE(room.window->MSFlexGrid1->item(1, 3)->text(), u"<1,5"_s);
+  }
+
+  void aProjectIsWrittenAsTheGoldenFile() {
+    Program program;
+    OverviewGrid packed;
+    const Room room;
+    QVERIFY(readProject(program, packed, room.at("three.cvp")));
+    program.record.flag[flag::kNameLine] = program.header[0];
+    QCOMPARE(projectContent(program, threeAnalyses()), golden());
+  }
+
+  void anyGridComesBackPacked() {
+    const QStringList texts{{},           u" 12,5"_s,  u"<4,0"_s,   u"Öl, grün"_s,
+                            u"999,0,0"_s, u"enddat"_s, u"endread"_s};
+    std::mt19937 random(20261122);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"any.cvp"_s);
+    for (int round = 0; round < 200; ++round) {
+      OverviewGrid written;
+      OverviewGrid packed;
+      int next = 1;
+      // A text that is a marker is kept with a blank.
+      const auto fill = [&](QString& text, QString& kept, const QString& marker) {
+        text = texts[static_cast<qsizetype>(random() % size_t(texts.size()))];
+        kept = text == marker ? text + ' '_L1 : text;
+      };
+      for (int k = 1; k <= 8; ++k) {
+        if (random() % 2 == 0) continue;
+        OverviewGrid::Slot& slot = packed.slot[next++];
+        slot.filled = written.slot[k].filled = true;
+        fill(written.slot[k].caption, slot.caption, u"endread"_s);
+        for (int row = 0; row < 25; ++row) {
+          fill(written.slot[k].cells[row], slot.cells[row], u"enddat"_s);
+        }
+      }
+      Program program;
+      OverviewGrid read;
+      writeProject(program, written, path, u"any.cvp"_s);
+      QVERIFY(readProject(program, read, path));
+      QVERIFY(read == packed);
+      QCOMPARE(program.header[0], u"any"_s);
+    }
+  }
+
+  void aProjectCutAtAnyLineKeepsWhatStoodBefore() {
+    const QByteArrayList lines = golden().split('\n');  // and an empty one
+    const OverviewGrid three = threeAnalyses();
+    const Room room;
+    for (int count = 0; count < lines.size(); ++count) {
+      room.put("cut.cvp", lines.mid(0, count).join('\n'));
+      OverviewGrid expected;
+      for (int line = 7; line < count && line < 88; ++line) {
+        OverviewGrid::Slot& slot = expected.slot[1 + (line - 7) / 27];
+        const OverviewGrid::Slot& whole = three.slot[2 + (line - 7) / 27 * 3];
+        const int part = (line - 7) % 27;
+        if (part == 0) slot.caption = whole.caption;
+        if (part >= 1 && part <= 25) slot.cells[part - 1] = whole.cells[part - 1];
+        if (part == 26) slot.filled = true;
+      }
+      Program program;
+      program.header[1] = program.header[7] = program.header[3] = u"main"_s;
+      OverviewGrid read;
+      QCOMPARE(readProject(program, read, room.at("cut.cvp")), count == 89);
+      QVERIFY2(read == expected, qPrintable(u"cut after %1 lines"_s.arg(count)));
+      QCOMPARE(program.header[1], count > 1 ? u"p1"_s : QString());
+      QCOMPARE(program.header[7], count > 5 ? u"p7"_s : QString());
+      QCOMPARE(program.header[3], u"main"_s);
+    }
+  }
+
+  void oddProjectsKeepTheirWholeBlocks_data() {
+    QTest::addColumn<QByteArray>("blocks");
+    QTest::addColumn<int>("filled");
+    QTest::addColumn<bool>("complete");
+    const QByteArray block = "a\n" + QByteArray("1\n").repeated(25) + "enddat\n";
+    const auto row = [](const char* name, const QByteArray& blocks, int filled, bool complete) {
+      QTest::newRow(name) << blocks << filled << complete;
+    };
+    row("none", "endread\n", 0, true);
+    row("cut short", "a\nc\n1\nenddat\n" + block + "endread\n", 2, true);
+    row("no cells", "a\nenddat\n" + block + "endread\n", 2, true);
+    row("too long", block + "a\n" + QByteArray("1\n").repeated(26) + "enddat\n", 1, false);
+    row("eight", block.repeated(8) + "endread\n", 8, true);
+    row("nine", block.repeated(9) + "endread\n", 8, false);
+    row("a quote that does not end", block + "\"a\n", 1, false);
+    row("more after the end", block + "endread\n" + block, 1, true);
+    row("endless", QByteArray(5'000'000, '\n'), 0, false);
+  }
+
+  void oddProjectsKeepTheirWholeBlocks() {
+    QFETCH(QByteArray, blocks);
+    const Room room;
+    room.put("odd.cvp", golden().split('\n').mid(0, 7).join('\n') + '\n' + blocks);
+    OverviewGrid read;
+    Program program;
+    QTEST(readProject(program, read, room.at("odd.cvp")), "complete");
+    QTEST(filledSlots(read), "filled");
+  }
+
+  void cellsAreCopiedAsTabSeparatedText() {
+    Room room;
+    room.run(u"p"_s);
+    OverviewTable& table = *room.window->MSFlexGrid1;
+    const auto copied = [&] {
+      QTest::keyClick(room.window, Qt::Key_C, Qt::ControlModifier);
+      return QGuiApplication::clipboard()->text();
+    };
+    room.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(room.window));
+    const QString whole = copied();
+    QVERIFY(
+        whole.startsWith(u"\t\twässer 2\twässer 5\twässer 8\t\t\t\t\t\nProbe-Datum\t\t<0,2\t"_s));
+    QCOMPARE(whole.count('\n'_L1), 26);
+    table.selectAll();
+    QCOMPARE(copied(), whole);
+    table.clearSelection();
+    table.setRangeSelected({1, 3, 2, 4}, true);
+    table.setRangeSelected({4, 1, 4, 1}, true);
+    QCOMPARE(copied(), u"\t<1,5\t<1,8\n\t<2,5\t<2,8\nmmol/l\t\t\n"_s);
+  }
+
+  void labelsWorkWithTheKeyboardAndShowLongNames() {
+    Room room;
+    room.put("long.cva", analysisFile().replace("brunnen", QByteArray(200, 'w')));
+    for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_Space}) {
+      room.choose(key == Qt::Key_Enter ? "a.cva" : "long.cva");
+      SlotLabel& label = room.window->Label1(key == Qt::Key_Enter ? 1 : 2);
+      label.setFocus(Qt::TabFocusReason);
+      QTest::keyClick(&label, key);
+    }
+    QCOMPARE(room.filled(), u"12"_s);
+    QCOMPARE(room.window->Label1(1).toolTip(), kTip);
+    QCOMPARE(room.window->Label1(2).toolTip(), kTip + '\n'_L1 + QString(200, 'w'_L1));
+    room.mask.window.mnu2_ana->trigger();  // brings up the one that is open
+    const auto open = QApplication::topLevelWidgets();
+    QCOMPARE(std::ranges::count_if(open, [](QWidget* w) { return qobject_cast<analysen*>(w); }), 1);
+    // The whole grid is there at the designed size.
+    const QSize size = room.window->sizeHint();
+    QVERIFY(size.width() <= 1240 && size.height() <= 740);
+    room.window->resize(size);
+    Mask::settle();
+    QCOMPARE(room.window->MSFlexGrid1->horizontalScrollBar()->maximum(), 0);
+    QCOMPARE(room.window->MSFlexGrid1->verticalScrollBar()->maximum(), 0);
+  }
+};
+
+CALVORA_TEST_MAIN(OverviewTest)
+#include "overview_test.moc"
