@@ -10,6 +10,7 @@
 #include "dialogs/bb_msg.h"
 #include "dialogs/nachricht.h"
 #include "platform/look.h"
+#include "stops.h"
 #include "storage/dateien.h"
 
 using namespace Qt::StringLiterals;
@@ -67,6 +68,7 @@ bool Tour::walk() {
   showConvertedConductivity();
   saveStartOverAndLoad();
   showSettings();
+  visitPrinting(*this);
   showMessages();
   showRuntimeError();
   out() << "Pictures: " << folder_ << '\n';

@@ -25,6 +25,9 @@ struct Program {
   QString programFolder;
   Settings settings;
 
+  /// The printer's page orientation; what was chosen stays in force for the next report.
+  bool landscape = false;
+
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
 

@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
+#include "platform/paper.h"
 
 namespace calvora {
 
@@ -45,6 +46,15 @@ QString RealDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Speichern unter"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   return askFile(dialog, request);
+}
+
+std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {
+  return calvora::askPrinter(parent, request, printer_);
+}
+
+void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
+                              const std::function<void(QPagedPaintDevice&)>& paint) {
+  calvora::showPreview(parent, request, paint);
 }
 
 }  // namespace calvora

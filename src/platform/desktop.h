@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "platform/printer_setup.h"
+
 class QWidget;
 
 namespace calvora {
@@ -34,6 +36,13 @@ class Desktop {
   /// The path of the file to save, with the question before an existing one is replaced. Runtime
   /// error 32755 if the user cancels.
   virtual QString askSaveFile(QWidget* parent, const FileRequest& request) = 0;
+
+  /// The paper that the user chose in the printer set-up. Runtime error 32755 if the user cancels.
+  virtual std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) = 0;
+
+  /// Shows a preview until the user closes it; `paint` puts the document on its pages.
+  virtual void showPreview(QWidget* parent, const PrintRequest& request,
+                           const std::function<void(QPagedPaintDevice&)>& paint) = 0;
 };
 
 /// The desktop that the program runs on.
@@ -43,6 +52,12 @@ class RealDesktop final : public Desktop {
   bool openDocument(const QString& path) override;
   QString askOpenFile(QWidget* parent, const FileRequest& request) override;
   QString askSaveFile(QWidget* parent, const FileRequest& request) override;
+  std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;
+  void showPreview(QWidget* parent, const PrintRequest& request,
+                   const std::function<void(QPagedPaintDevice&)>& paint) override;
+
+ private:
+  QString printer_;  ///< the one chosen last
 };
 
 }  // namespace calvora

@@ -8,6 +8,7 @@
 
 #include "app/main_window.h"
 #include "platform/look.h"
+#include "platform/paper.h"
 #include "support/scripted_questions.h"
 
 namespace calvora {
@@ -19,6 +20,17 @@ class RecordingDesktop : public Desktop {
   QString askOpenFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
   QString askSaveFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
 
+  /// The paper of the next printer set-up, which is cancelled without one.
+  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
+    printRequests.push_back(request);
+    if (!paper) throw RuntimeError(ErrorNumber::kDialogCancelled);
+    return paper(request);
+  }
+  void showPreview(QWidget*, const PrintRequest& request,
+                   const std::function<void(QPagedPaintDevice&)>& paint) override {
+    preview(request, paint);
+  }
+
   void endProgram() override { ++ended; }
   bool openDocument(const QString& path) override {
     opened += path;
@@ -29,6 +41,9 @@ class RecordingDesktop : public Desktop {
   QStringList opened;
   QStringList paths;
   std::vector<FileRequest> requests;
+  std::vector<PrintRequest> printRequests;
+  std::function<std::unique_ptr<Paper>(const PrintRequest&)> paper;
+  std::function<void(const PrintRequest&, const std::function<void(QPagedPaintDevice&)>&)> preview;
 
  private:
   QString nextPath(const FileRequest& request) {
