@@ -8,6 +8,8 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QTimer>
+#include <optional>
 
 #include "dialogs/runtime_error.h"
 #include "platform/busy_cursor.h"
@@ -23,9 +25,7 @@ namespace {
 const QString kPdfPrinter = u"PDF-Datei"_s;
 
 /// A printer set to the page of the reports, with wider margins where it cannot print so far out.
-/// Asking for it may have to wait for the print system.
 std::unique_ptr<QPrinter> makePrinter(const PrintRequest& request, const QString& name) {
-  const BusyCursor busy;
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
   if (QPrinterInfo::availablePrinterNames().contains(name)) printer->setPrinterName(name);
   printer->setDocName(request.title);
@@ -60,10 +60,13 @@ void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString
 }  // namespace
 
 std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, QString& printer) {
+  std::optional<BusyCursor> busy(std::in_place);  // the print system may take its time
   std::unique_ptr<QPrinter> chosen = makePrinter(request, printer);
   QPrintDialog dialog(chosen.get(), parent);
   dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize);
-  offerPdfFile(dialog, request.pdfFile, printer);
+  // The dialog fills its list only when it is shown.
+  QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer); });
+  busy.reset();
   if (dialog.exec() != QDialog::Accepted) throw RuntimeError(ErrorNumber::kDialogCancelled);
   if (chosen->outputFileName().isEmpty()) {
     printer = chosen->printerName();
@@ -75,6 +78,7 @@ std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, 
 
 void showPreview(QWidget* parent, const PrintRequest& request,
                  const std::function<void(QPagedPaintDevice&)>& paint) {
+  std::optional<BusyCursor> busy(std::in_place);
   const std::unique_ptr<QPrinter> printer = makePrinter(request, {});
   QPrintPreviewDialog dialog(printer.get(), parent);
   dialog.setWindowTitle(u"Vorschau - "_s + request.title);
@@ -84,10 +88,11 @@ void showPreview(QWidget* parent, const PrintRequest& request,
     if (action->text() == print || action->text() == pageSetup) action->setVisible(false);
   }
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* page) {
-    const BusyCursor busy;
+    const BusyCursor painting;
     paint(*page);
   });
   dialog.resize(twips(13500), twips(10500));
+  busy.reset();
   dialog.exec();
 }
 
