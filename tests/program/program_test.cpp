@@ -71,7 +71,7 @@ void ProgramTest::theWindowsSayWhatTheyShould() {
   say(u"bb_msg Check1"_s, report.Check1);
   for (QString& line : said) line = line.replace('\n'_L1, u"¶"_s).trimmed();
 
-  QFile golden(QFINDTESTDATA("golden/texts.txt"));
+  QFile golden(QFINDTESTDATA("program/golden/texts.txt"));
   QVERIFY(golden.open(QFile::ReadOnly));
   const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n'_L1);
   for (qsizetype i = 0; i < said.size(); ++i) QCOMPARE(said[i], expected.value(i).trimmed());

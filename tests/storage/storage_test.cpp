@@ -69,7 +69,7 @@ QByteArray bytesOf(const QString& path) {
 }
 
 QByteArray golden(const char* name) {
-  return bytesOf(QFINDTESTDATA(u"golden/"_s + QLatin1String(name)));
+  return bytesOf(QFINDTESTDATA(u"storage/golden/"_s + QLatin1String(name)));
 }
 
 int errorOf(const std::function<void()>& body) {
