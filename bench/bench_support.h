@@ -6,6 +6,7 @@
 
 #include "app/main_window.h"
 #include "platform/look.h"
+#include "platform/paper.h"
 
 namespace calvora {
 
@@ -24,6 +25,11 @@ class SilentDesktop : public Desktop {
   QString askOpenFile(QWidget*, const FileRequest&) override { return file; }
   QString askSaveFile(QWidget*, const FileRequest&) override { return file; }
   QString askText(QWidget*, const TextRequest&) override { return {}; }
+  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
+    return std::make_unique<PdfPaper>(file, request.title, reportPage(request.landscape));
+  }
+  void showPreview(QWidget*, const PrintRequest&,
+                   const std::function<void(QPagedPaintDevice&)>&) override {}
 
   QString file;
 };

@@ -1,5 +1,8 @@
+#include <QFileInfo>
+
 #include "dialogs/nachricht.h"
 #include "overview/analysen.h"
+#include "print/drucker.h"
 #include "stops.h"
 #include "storage/dateien.h"
 #include "tour.h"
@@ -43,7 +46,7 @@ void fillSlots(Tour& tour, analysen& overview) {
     QTest::keyClick(&overview.Label1(slot), Qt::Key_Enter);
     tour.require(overview.Label1(slot).caption() == name, u"an analysis in slot %1"_s.arg(slot));
   }
-  tour.picture(overview, u"overview-filled"_s);
+  tour.picture(overview, u"analysen"_s);
 }
 
 void saveAndReload(Tour& tour, analysen& overview) {
@@ -68,6 +71,16 @@ void saveAndReload(Tour& tour, analysen& overview) {
   tour.picture(overview, u"overview-reloaded"_s);
 }
 
+void printOverview(Tour& tour, analysen& overview) {
+  tour.desktop().file = tour.file(u"bericht-uebersicht.pdf"_s);
+  tour.expectModal<calvora::Drucker>(u"drucker-uebersicht"_s, [&tour](calvora::Drucker& dialog) {
+    tour.picture(dialog, u"drucker-uebersicht"_s);
+    dialog.Command2->click();
+  });
+  overview.Command1(3).click();
+  tour.require(QFileInfo(tour.desktop().file).size() > 0, u"the printed overview"_s);
+}
+
 }  // namespace
 
 void showOverview(Tour& tour) {
@@ -77,6 +90,7 @@ void showOverview(Tour& tour) {
   if (overview == nullptr) return;
   const calvora::AnalysisRecord record = tour.program().record;
   fillSlots(tour, *overview);
+  printOverview(tour, *overview);
   answerNext(tour, u"overview-remove"_s, 2);
   overview->Label1(2).click();
   tour.require(!overview->grid().slot[2].filled, u"the empty slot 2"_s);

@@ -6,5 +6,7 @@ class Tour;
 void showConverter(Tour& tour);
 /// Titration volume, information and version, by mouse and by keyboard.
 void showSmallWindows(Tour& tour);
-/// Analyses side by side: load, remove, save as a project, clear, load again.
+/// Analyses side by side: load, print, remove, save as a project, clear, load again.
 void showOverview(Tour& tour);
+/// Prints the analysis to a PDF file and looks at the preview.
+void visitPrinting(Tour& tour);

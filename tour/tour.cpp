@@ -71,6 +71,7 @@ bool Tour::walk() {
   showSettings();
   showConverter(*this);
   showSmallWindows(*this);
+  visitPrinting(*this);
   showOverview(*this);
   showMessages();
   showRuntimeError();

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "app/application.h"
+#include "platform/paper.h"
 
 /// A desktop whose file dialogs choose the file that the tour set.
 class TourDesktop : public calvora::Desktop {
@@ -13,6 +14,15 @@ class TourDesktop : public calvora::Desktop {
   bool openDocument(const QString&) override { return false; }
   QString askOpenFile(QWidget*, const calvora::FileRequest&) override { return file; }
   QString askSaveFile(QWidget*, const calvora::FileRequest&) override { return file; }
+  std::unique_ptr<calvora::Paper> askPrinter(QWidget*,
+                                             const calvora::PrintRequest& request) override {
+    return std::make_unique<calvora::PdfPaper>(file, request.title,
+                                               calvora::reportPage(request.landscape));
+  }
+  void showPreview(QWidget* parent, const calvora::PrintRequest& request,
+                   const std::function<void(QPagedPaintDevice&)>& paint) override {
+    calvora::showPreview(parent, request, paint);
+  }
 
   /// The real input box, so that the tour types into it.
   QString askText(QWidget* parent, const calvora::TextRequest& request) override {

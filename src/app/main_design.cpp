@@ -110,9 +110,7 @@ void main::buildMenus() {
   mnu2_handbuch = add(mnu2, u"&Handbuch einsehen"_s, QKeySequence(u"F1"_s));
   mnu_version = add(mnu2, u"&Version"_s);
 
-  for (QAction* waiting : {mnu_drucken, mnu2_plausi}) {
-    waiting->setEnabled(false);
-  }
+  mnu2_plausi->setEnabled(false);  // it has no action yet
   updateManual();
   connect(mnu2, &QMenu::aboutToShow, this, &main::updateManual);
 
@@ -122,6 +120,7 @@ void main::buildMenus() {
   };
   connectAction(mnu_load, u" ps_mnudladen"_s, &main::mnu_load_Click);
   connectAction(mnu_save, u" main_save"_s, &main::mnu_save_Click);
+  connectAction(mnu_drucken, u" main_drucken"_s, &main::mnu_drucken_Click);
   connectAction(mnu2_pfad, u" main_pfad"_s, &main::mnu2_pfad_Click);
   connectAction(mnu2_fatext, u" main_fatext"_s, &main::mnu2_fatext_Click);
   connectAction(mnu2_tk, u" main_tk"_s, &main::mnu2_tk_Click);

@@ -14,6 +14,7 @@
 #include "entry/key_filter.h"
 #include "overview/analysen.h"
 #include "platform/look.h"
+#include "print/drucker.h"
 #include "storage/dateien.h"
 #include "storage/datenpfad.h"
 #include "storage/firma.h"
@@ -346,6 +347,16 @@ void main::mnu_save_Click() {
   } else {
     katalogMeldung(questions_, meldung::kNichtsZuSpeichern);
   }
+}
+
+void main::mnu_drucken_Click() {
+  if (!eincheck()) {
+    katalogMeldung(questions_, meldung::kNichtsZuDrucken);
+    return;
+  }
+  Drucker window(program_, questions_, desktop_, this);
+  window.druckart(bericht::kAnalyse);
+  window.exec();
 }
 
 void main::mnu2_pfad_Click() {

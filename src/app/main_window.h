@@ -96,6 +96,7 @@ class main : public QMainWindow {
   void Command3_Click();
   void mnu_load_Click();
   void mnu_save_Click();
+  void mnu_drucken_Click();
   void mnu_neustart_Click();
   void mnu2_pfad_Click();
   void mnu2_fatext_Click();

@@ -30,6 +30,9 @@ struct Program {
   Settings settings;
   Umrechnungstabelle conversion;  ///< of the unit converter
 
+  /// The printer's page orientation; what was chosen stays in force for the next report.
+  bool landscape = false;
+
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
 

@@ -21,6 +21,7 @@ enum class ErrorNumber : int {
   kPermission = 70,
   kPathAccess = 75,
   kPathNotFound = 76,
+  kPrinter = 482,
   kDialogCancelled = 32755,
 };
 

@@ -12,6 +12,7 @@
 #include "overview/overview_content.h"
 #include "platform/enter_press.h"
 #include "platform/twips.h"
+#include "print/drucker.h"
 #include "storage/dateien.h"
 
 namespace calvora {
@@ -60,8 +61,7 @@ void analysen::flex_ein(int column) {
 void analysen::countdat(int& count) {
   count = filledSlots(grid_);
   for (const int index : {kReset, kPrint, kSaveProject}) {
-    const bool works = index != kPrint || print;
-    Command1(index).setEnabled(count >= 1 && works);
+    Command1(index).setEnabled(count >= 1);
   }
 }
 
@@ -128,10 +128,16 @@ void analysen::Command1_Click(int index) {
   guarded(questions_, u" analysen\\C1_click"_s, [this, index] {
     if (index == kClose) close();
     if (index == kReset) emptyGrid();
-    if (index == kPrint && print) print();
+    if (index == kPrint) print();
     if (index == kSaveProject) saveProject();
     if (index == kLoadProject) loadProject();
   });
+}
+
+void analysen::print() {
+  Drucker window(program_, questions_, desktop_, this, &grid_);
+  window.druckart(bericht::kÜbersicht);
+  window.exec();
 }
 
 /// Empties the grid. False, and nothing happened, if the user does not want that.

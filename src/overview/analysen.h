@@ -35,9 +35,6 @@ class analysen : public QWidget {
   /// What is shown, for the report.
   [[nodiscard]] const OverviewGrid& grid() const { return grid_; }
 
-  /// Prints the overview. Without it the button "ausdrucken " stays disabled.
-  std::function<void()> print;
-
   OverviewTable* MSFlexGrid1;
   ControlArray<SlotLabel> Label1;
   QLabel* Label4;
@@ -57,6 +54,7 @@ class analysen : public QWidget {
   void loadAnalysis(int slot);
   void removeAnalysis(int slot);
   void Command1_Click(int index);
+  void print();
   bool emptyGrid();
   void saveProject();
   void loadProject();

@@ -11,6 +11,7 @@
 #include "dialogs/runtime_error.h"
 #include "platform/placement.h"
 #include "platform/twips.h"
+#include "platform/paper.h"
 
 namespace calvora {
 
@@ -67,6 +68,15 @@ QString RealDesktop::askText(QWidget* parent, const TextRequest& request) {
   box.findChild<QLineEdit*>()->setMinimumWidth(twips(kInputBoxWidth));
   placeOnScreen(box, {twips(request.left), twips(request.top)});
   return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {
+  return calvora::askPrinter(parent, request, printer_);
+}
+
+void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
+                              const std::function<void(QPagedPaintDevice&)>& paint) {
+  calvora::showPreview(parent, request, paint);
 }
 
 }  // namespace calvora

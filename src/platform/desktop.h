@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "platform/printer_setup.h"
+
 class QWidget;
 
 namespace calvora {
@@ -45,6 +47,13 @@ class Desktop {
 
   /// The text that the user types into an input box, empty if it is cancelled.
   virtual QString askText(QWidget* parent, const TextRequest& request) = 0;
+
+  /// The paper that the user chose in the printer set-up. Runtime error 32755 if the user cancels.
+  virtual std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) = 0;
+
+  /// Shows a preview until the user closes it; `paint` puts the document on its pages.
+  virtual void showPreview(QWidget* parent, const PrintRequest& request,
+                           const std::function<void(QPagedPaintDevice&)>& paint) = 0;
 };
 
 /// Lets the toolkit keep what its own dialogs remember in a folder, instead of the user's home.
@@ -58,6 +67,12 @@ class RealDesktop final : public Desktop {
   QString askOpenFile(QWidget* parent, const FileRequest& request) override;
   QString askSaveFile(QWidget* parent, const FileRequest& request) override;
   QString askText(QWidget* parent, const TextRequest& request) override;
+  std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;
+  void showPreview(QWidget* parent, const PrintRequest& request,
+                   const std::function<void(QPagedPaintDevice&)>& paint) override;
+
+ private:
+  QString printer_;  ///< the one chosen last
 };
 
 }  // namespace calvora

@@ -9,6 +9,7 @@
 
 #include "app/main_window.h"
 #include "platform/look.h"
+#include "platform/paper.h"
 #include "support/scripted_questions.h"
 
 namespace calvora {
@@ -25,6 +26,17 @@ class RecordingDesktop : public Desktop {
     return texts.isEmpty() ? QString() : texts.takeFirst();
   }
 
+  /// The paper of the next printer set-up, which is cancelled without one.
+  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
+    printRequests.push_back(request);
+    if (!paper) throw RuntimeError(ErrorNumber::kDialogCancelled);
+    return paper(request);
+  }
+  void showPreview(QWidget*, const PrintRequest& request,
+                   const std::function<void(QPagedPaintDevice&)>& paint) override {
+    preview(request, paint);
+  }
+
   void endProgram() override { ++ended; }
   bool openDocument(const QString& path) override {
     opened += path;
@@ -37,6 +49,9 @@ class RecordingDesktop : public Desktop {
   std::vector<FileRequest> requests;
   QStringList texts;  ///< answers of the input box, which is cancelled when there is none left
   std::vector<TextRequest> textRequests;
+  std::vector<PrintRequest> printRequests;
+  std::function<std::unique_ptr<Paper>(const PrintRequest&)> paper;
+  std::function<void(const PrintRequest&, const std::function<void(QPagedPaintDevice&)>&)> preview;
 
  private:
   QString nextPath(const FileRequest& request) {

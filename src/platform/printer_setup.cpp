@@ -1,0 +1,99 @@
+#include "platform/printer_setup.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinterInfo>
+#include <QTimer>
+#include <optional>
+
+#include "dialogs/runtime_error.h"
+#include "platform/busy_cursor.h"
+#include "platform/paper.h"
+#include "platform/twips.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPdfPrinter = u"PDF-Datei"_s;
+
+/// A printer set to the page of the reports, with wider margins where it cannot print so far out.
+std::unique_ptr<QPrinter> makePrinter(const PrintRequest& request, const QString& name) {
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  if (QPrinterInfo::availablePrinterNames().contains(name)) printer->setPrinterName(name);
+  printer->setDocName(request.title);
+  const QPageLayout wanted = reportPage(request.landscape);
+  const bool file = printer->outputFormat() == QPrinter::PdfFormat;
+  QPageLayout layout = file ? wanted : printer->pageLayout();
+  layout.setUnits(QPageLayout::Millimeter);
+  layout.setOrientation(wanted.orientation());
+  const QMarginsF least = layout.minimumMargins();
+  const QMarginsF margins = wanted.margins();
+  layout.setMargins({std::max(margins.left(), least.left()), std::max(margins.top(), least.top()),
+                     std::max(margins.right(), least.right()),
+                     std::max(margins.bottom(), least.bottom())});
+  printer->setPageLayout(layout);
+  return printer;
+}
+
+/// The toolkit's own dialog prints to a file as well; it is shown as one more printer, with the
+/// file that is proposed. The platform's dialogs have no such list, but printers for it.
+void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString& printer) {
+  auto* printers = dialog.findChild<QComboBox*>(u"printers"_s);
+  auto* fileName = dialog.findChild<QLineEdit*>(u"filename"_s);
+  if (printers == nullptr || fileName == nullptr) return;
+  const int index =
+      printers->findText(QCoreApplication::translate("QPrintDialog", "Print to File (PDF)"));
+  if (index < 0) return;
+  printers->setItemText(index, kPdfPrinter);
+  if (printer == kPdfPrinter) printers->setCurrentIndex(index);
+  fileName->setText(QDir::toNativeSeparators(file));
+}
+
+}  // namespace
+
+std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, QString& printer) {
+  std::optional<BusyCursor> busy(std::in_place);  // the print system may take its time
+  std::unique_ptr<QPrinter> chosen = makePrinter(request, printer);
+  QPrintDialog dialog(chosen.get(), parent);
+  dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize);
+  // The dialog fills its list only when it is shown.
+  QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer); });
+  busy.reset();
+  if (dialog.exec() != QDialog::Accepted) throw RuntimeError(ErrorNumber::kDialogCancelled);
+  if (chosen->outputFileName().isEmpty()) {
+    printer = chosen->printerName();
+    return std::make_unique<PrinterPaper>(std::move(chosen));
+  }
+  printer = kPdfPrinter;
+  return std::make_unique<PdfPaper>(chosen->outputFileName(), request.title, chosen->pageLayout());
+}
+
+void showPreview(QWidget* parent, const PrintRequest& request,
+                 const std::function<void(QPagedPaintDevice&)>& paint) {
+  std::optional<BusyCursor> busy(std::in_place);
+  const std::unique_ptr<QPrinter> printer = makePrinter(request, {});
+  QPrintPreviewDialog dialog(printer.get(), parent);
+  dialog.setWindowTitle(u"Vorschau - "_s + request.title);
+  const QString print = QCoreApplication::translate("QPrintPreviewDialog", "Print");
+  const QString pageSetup = QCoreApplication::translate("QPrintPreviewDialog", "Page setup");
+  for (QAction* action : dialog.findChildren<QAction*>()) {
+    if (action->text() == print || action->text() == pageSetup) action->setVisible(false);
+  }
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* page) {
+    const BusyCursor painting;
+    paint(*page);
+  });
+  dialog.resize(twips(13500), twips(10500));
+  busy.reset();
+  dialog.exec();
+}
+
+}  // namespace calvora

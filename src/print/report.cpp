@@ -1,0 +1,171 @@
+// What the reports say, line by line.
+#include "print/report.h"
+
+#include "app/fields.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kValueWidth = 8;
+
+// Text columns.
+constexpr int kMargin = 13;
+constexpr int kHeadValue = 43;
+constexpr int kProduct = 70;
+constexpr int kSymbol = 43;
+constexpr int kUnit = 53;
+constexpr int kValue = 62;
+constexpr int kResultsHeading = 11;
+constexpr int kParameter = 8;
+
+constexpr int slotColumn(int count) {
+  return kUnit + 14 * count;
+}
+
+/// A report while it is written.
+class Writer {
+ public:
+  using Kind = Statement::Kind;
+
+  /// The font that every report is printed in.
+  Writer& schrift() { return add({Kind::kFont, 0, u"Arial"_s}); }
+  Writer& size(int points) { return add({Kind::kSize, points}); }
+  Writer& emphasis(bool on) { return add({Kind::kEmphasis, on ? 1 : 0}); }
+  Writer& tab(int column) { return add({Kind::kTab, column}); }
+  Writer& text(const QString& text) { return add({Kind::kText, 0, text}); }
+  Writer& at(int column, const QString& what) { return tab(column).text(what); }
+  Writer& endLine() { return add({Kind::kEndLine}); }
+  Writer& emptyLines(int count) {
+    for (int i = 0; i < count; ++i) endLine();
+    return *this;
+  }
+
+  Statements statements;
+
+ private:
+  Writer& add(const Statement& statement) {
+    statements.push_back(statement);
+    return *this;
+  }
+};
+
+QString onOneLine(const QString& remark) {
+  QString line = remark.trimmed();
+  return line.replace('\r'_L1, ' '_L1).replace('\n'_L1, ' '_L1);
+}
+
+/// A value in its column, which keeps the last characters. Decimal zeros give way before: else
+/// "1420,0000" would lose its thousands on paper.
+QString valueColumn(QString value) {
+  const bool decimals = value.contains(','_L1);
+  while (decimals && value.size() > kValueWidth &&
+         (value.endsWith('0'_L1) || value.endsWith(','_L1))) {
+    value.chop(1);
+  }
+  return value.rightJustified(kValueWidth).right(kValueWidth);
+}
+
+void fieldLine(Writer& report, const FieldCaption& field, const AnalysisRecord& record) {
+  const QString value = record.text[field.index].trimmed();
+  if (value.isEmpty()) return;
+  report.at(kMargin, field.caption)
+      .at(kSymbol, field.shortLabel)
+      .at(kUnit, field.unit)
+      .at(kValue, valueColumn(value))
+      .endLine();
+}
+
+}  // namespace
+
+QString reportTitle(int kind) {
+  switch (kind) {
+    case bericht::kAnalyse:
+      return u"Wasser - Analyse"_s;
+    case bericht::kÜbersicht:
+      return u"Analysen Übersicht"_s;
+    default:
+      return {};
+  }
+}
+
+Statements headStatements(const ReportHead& head, bool landscape) {
+  Writer report;
+  const auto portraitLines = [&](int count) { report.emptyLines(landscape ? 0 : count); };
+  const auto line = [&](const QString& label, const QString& value) {
+    report.at(kMargin, label).at(kHeadValue, value).endLine();
+  };
+  report.endLine();
+  // The company line starts where its column lies in the larger font.
+  report.schrift().size(10).tab(kMargin).size(9).text(head.companyLine).endLine();
+  report.endLine().schrift();
+  portraitLines(1);
+  report.size(10).tab(kMargin).size(14).text(reportTitle(head.kind)).endLine();
+  report.endLine();
+  portraitLines(1);
+  report.size(10)
+      .at(kMargin, u"Erstell-Datum:"_s)
+      .at(kHeadValue, head.today.toString(u"dd.MM.yyyy"_s))
+      .at(kProduct, u"Calvora"_s)
+      .endLine();
+  line(u"Projekt:"_s, head.project);
+  if (!head.fileName.isEmpty()) line(u"Dateiname:   "_s, head.fileName);
+  if (!head.sample.isEmpty()) line(u"Bezeichnung Probe:"_s, head.sample);
+  if (head.kind == bericht::kAnalyse) line(u"Probenahme-Datum:"_s, head.samplingDate);
+  const QString remark = onOneLine(head.remark);
+  if (!remark.isEmpty()) line(u"Bemerkung:"_s, remark);
+  portraitLines(2);
+  return report.statements;
+}
+
+Statements analysisStatements(const AnalysisRecord& record) {
+  Writer report;
+  report.schrift().size(10);
+  for (const FieldCaption& field : inputCaptions()) {
+    if (field.index == feld::kGesamthärte) report.endLine();
+    fieldLine(report, field, record);
+  }
+  report.emptyLines(2);
+  report.size(12).emphasis(true).at(kResultsHeading, u"berechnete Werte"_s).endLine();
+  report.size(10).emphasis(false).endLine();
+  for (const FieldCaption& field : resultCaptions()) {
+    if (field.index == feld::kHydrogencarbonat) report.endLine();
+    if (field.index != feld::kPhAusLf) fieldLine(report, field, record);
+  }
+  return report.statements;
+}
+
+Statements overviewStatements(const OverviewGrid& grid) {
+  Writer report;
+  const auto eachFilled = [&](const auto& textOf) {
+    int count = 0;
+    for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+      if (grid.slot[k].filled) report.at(slotColumn(++count), textOf(grid.slot[k]));
+    }
+    report.endLine();
+  };
+  report.emptyLines(3).at(kParameter, u"Dateiname"_s);
+  eachFilled([](const OverviewGrid::Slot& slot) { return slot.caption.trimmed().left(8); });
+  for (int row = 0; row < OverviewGrid::kRows; ++row) {
+    report.at(kParameter, grid.names[row]).at(kUnit, grid.units[row]);
+    eachFilled([row](const OverviewGrid::Slot& slot) {
+      const QString cell = slot.cells[row].trimmed();
+      return row == 0 ? cell.left(6) + cell.right(2) : cell;  // a date without its century
+    });
+    if (row == 0) report.endLine();
+  }
+  return report.statements;
+}
+
+QString proposedPdfName(int kind, const QString& analysisName) {
+  QString name = kind == bericht::kAnalyse ? analysisName.trimmed() : QString();
+  if (name.isEmpty()) name = reportTitle(kind);
+  for (QChar& c : name) {
+    if (c < ' '_L1 || u"\\/:*?\"<>|"_s.contains(c)) c = '-'_L1;
+  }
+  return name + u".pdf"_s;
+}
+
+}  // namespace calvora

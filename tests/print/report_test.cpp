@@ -1,0 +1,116 @@
+// What the reports say, statement by statement, against golden files.
+#include <QFile>
+#include <QTest>
+#include <array>
+
+#include "print/report.h"
+
+using namespace calvora;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Content { kEmpty, kSparse, kFull };
+
+ReportHead headOf(Content content, int kind) {
+  const QDate today(2026, 11, 22);
+  if (content == kEmpty) return {.kind = kind, .today = today, .remark = u"   "_s};
+  if (content == kSparse) {
+    return {.kind = kind, .companyLine = u"Firma"_s, .today = today, .sample = u"Probe"_s};
+  }
+  return {.kind = kind,
+          .companyLine = u"Firma       Weg 1    Ort"_s,
+          .today = today,
+          .project = u"Wohnanlage"_s,
+          .fileName = u"brunnen"_s,
+          .sample = u"Rücklauf"_s,
+          .samplingDate = u"12.10.2026"_s,
+          .remark = u"  erste\r\nzweite Zeile  "_s};
+}
+
+AnalysisRecord recordOf(Content content) {
+  AnalysisRecord record;
+  for (int i = 1; i <= 40 && content == kFull; ++i) record.text[i] = u"%1,0"_s.arg(i);
+  if (content == kFull) record.text[1] = u"12345,678"_s;
+  if (content == kSparse) {
+    record.text[1] = u"1420,0000"_s;  // the thousands outlast zeros that say nothing
+    record.text[2] = u" 7,5 "_s;
+    record.text[9] = u">9,6"_s;
+    record.text[10] = u"n.b."_s;
+    record.text[15] = u"0,3"_s;
+  }
+  return record;
+}
+
+OverviewGrid gridOf(Content content) {
+  OverviewGrid grid;
+  for (int row = 0; row < 3; ++row) {
+    grid.names[row] = row == 0 ? u"Probe-Datum"_s : u"Name %1"_s.arg(row);
+    grid.units[row] = row == 0 ? QString() : u"mg/l"_s;
+  }
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+    OverviewGrid::Slot& slot = grid.slot[k];
+    slot.caption = u" analyse-%1-lang"_s.arg(k);  // an emptied slot may keep its texts
+    for (int row = 0; row < 3; ++row) slot.cells[row] = u" %1,%2 "_s.arg(k).arg(row);
+    slot.cells[0] = u"16.11.2026"_s;
+    slot.filled = content == kFull || (content == kSparse && (k == 2 || k == 5));
+  }
+  return grid;
+}
+
+QString describe(const Statement& statement) {
+  const std::array names{u"font %2"_s, u"size %1"_s,   u"emphasis %1"_s,
+                         u"tab %1"_s,  u"text '%2'"_s, u"end of line"_s};
+  return QString(names.at(static_cast<size_t>(statement.kind)))
+      .replace("%1"_L1, QString::number(statement.number))
+      .replace("%2"_L1, statement.text);
+}
+
+}  // namespace
+
+class ReportTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aReportSaysWhatItShould_data() {
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("content");
+    QTest::addColumn<bool>("landscape");
+    QTest::newRow("analysis_full") << 2 << int(kFull) << false;
+    QTest::newRow("analysis_sparse") << 2 << int(kSparse) << true;
+    QTest::newRow("analysis_empty") << 2 << int(kEmpty) << false;
+    QTest::newRow("overview_full") << 3 << int(kFull) << true;
+    QTest::newRow("overview_sparse") << 3 << int(kSparse) << true;
+    QTest::newRow("overview_empty") << 3 << int(kEmpty) << false;
+  }
+
+  void aReportSaysWhatItShould() {
+    QFETCH(int, kind);
+    QFETCH(int, content);
+    QFETCH(bool, landscape);
+    const auto filling = static_cast<Content>(content);
+    Statements report = headStatements(headOf(filling, kind), landscape);
+    const Statements body = kind == bericht::kAnalyse ? analysisStatements(recordOf(filling))
+                                                      : overviewStatements(gridOf(filling));
+    report.insert(report.end(), body.begin(), body.end());
+    QStringList said;
+    for (const Statement& statement : report) said += describe(statement);
+    QFile golden(QFINDTESTDATA(u"print/golden/%1.txt"_s.arg(QTest::currentDataTag())));
+    QVERIFY2(golden.open(QFile::ReadOnly), qPrintable(said.join('\n')));
+    const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n');
+    for (qsizetype i = 0; i < said.size(); ++i) {
+      QVERIFY2(said[i] == expected.value(i),
+               qPrintable(u"line %1: %2, not %3"_s.arg(i + 1).arg(said[i], expected.value(i))));
+    }
+    QCOMPARE(said.size(), expected.size());
+  }
+
+  void aPdfFileIsNamedAfterTheAnalysis() {
+    QCOMPARE(proposedPdfName(2, u"../a:b*c"_s), u"..-a-b-c.pdf"_s);
+    QCOMPARE(proposedPdfName(2, u" "_s), u"Wasser - Analyse.pdf"_s);
+    QCOMPARE(proposedPdfName(3, u"brunnen"_s), u"Analysen Übersicht.pdf"_s);
+  }
+};
+
+QTEST_APPLESS_MAIN(ReportTest)
+#include "report_test.moc"
