@@ -9,9 +9,9 @@
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
+#include "platform/paper.h"
 #include "platform/placement.h"
 #include "platform/twips.h"
-#include "platform/paper.h"
 
 namespace calvora {
 

@@ -27,7 +27,7 @@ class dimum : public QDialog {
 
   ControlArray<ClickLabel> Label1;  ///< units
   ControlArray<ClickLabel> Label3;  ///< values
-  QLabel* Label2;                  ///< heading
+  QLabel* Label2;                   ///< heading
   QPushButton* Command1;
   QPushButton* Command2;
   QAction* mnuhelp;
