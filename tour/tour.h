@@ -21,7 +21,7 @@ class TourDesktop : public calvora::Desktop {
   }
   void showPreview(QWidget* parent, const calvora::PrintRequest& request,
                    const std::function<void(QPagedPaintDevice&)>& paint) override {
-    calvora::showPreview(parent, request, paint);
+    calvora::showPreview(parent, request, {}, paint);
   }
 
   /// The real input box, so that the tour types into it.

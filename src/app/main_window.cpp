@@ -415,6 +415,7 @@ void main::Command2_Click() {
 
 void main::closeEvent(QCloseEvent* event) {
   event->ignore();
+  if (!isEnabled()) return;  // the start window or the converter lies over it
   guarded(questions_, u" main_unload"_s, [&] {
     finishEntry();
     if (datensich() == kAbbruch) return;

@@ -116,7 +116,13 @@ QString copyText(const OverviewGrid& grid, std::span<const std::pair<int, int>> 
     QStringList fields;
     for (const int column : columns) {
       const bool copied = chosen.contains({row, column});
-      fields += copied ? asField(cellText(grid, row, column)) : QString();
+      if (!copied) {
+        fields += QString();
+      } else if (column == 0) {  // two rows differ by their symbol alone
+        fields += asField(asField(grid.names[row]) + ' '_L1 + symbolOfRow(row));
+      } else {
+        fields += asField(cellText(grid, row, column));
+      }
     }
     text += fields.join('\t'_L1) + '\n'_L1;
   }

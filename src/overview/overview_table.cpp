@@ -93,7 +93,8 @@ OverviewTable::OverviewTable(QWidget* parent)
   hideHeaders(*this);
   makeCells();
   makeFixedColumns();
-  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { arranged(); });
+  setTextElideMode(Qt::ElideNone);  // of a value that is a little too wide, the leading blank goes
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &OverviewTable::snap);
 }
 
 void OverviewTable::makeCells() {
@@ -146,6 +147,26 @@ void OverviewTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
     const int hidden = fixedWidth() - columnViewportPosition(index.column());
     if (hidden > 0) bar.setValue(bar.value() - hidden);
   }
+}
+
+/// A column that lies half under the fixed ones would show its values without their first digits,
+/// so the columns move as wholes.
+void OverviewTable::snap(int value) {
+  const int width = std::max(1, columnWidth(2));
+  const int whole = (value + width - 1) / width * width;
+  if (whole != value) {
+    horizontalScrollBar()->setValue(whole);
+  } else {
+    arranged();
+  }
+}
+
+void OverviewTable::updateGeometries() {
+  QTableWidget::updateGeometries();
+  QScrollBar& bar = *horizontalScrollBar();
+  const int width = std::max(1, columnWidth(2));
+  bar.setMaximum((bar.maximum() + width - 1) / width * width);
+  bar.setSingleStep(width);
 }
 
 /// All of it, without scrolling.

@@ -26,10 +26,12 @@ class OverviewTable : public QTableWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void updateGeometries() override;
 
  private:
   void makeCells();
   void makeFixedColumns();
+  void snap(int value);
 
   QTableView* fixed_;  ///< lies over the columns 0 and 1, which scroll away beneath it
 };

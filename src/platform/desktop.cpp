@@ -76,7 +76,7 @@ std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintReque
 
 void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
                               const std::function<void(QPagedPaintDevice&)>& paint) {
-  calvora::showPreview(parent, request, paint);
+  calvora::showPreview(parent, request, printer_, paint);
 }
 
 }  // namespace calvora

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -55,6 +56,14 @@ void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString
   printers->setItemText(index, kPdfPrinter);
   if (printer == kPdfPrinter) printers->setCurrentIndex(index);
   fileName->setText(QDir::toNativeSeparators(file));
+  // The toolkit would look for a name without a folder in one place and write it in another.
+  QObject::connect(fileName, &QLineEdit::editingFinished, fileName, [fileName, file] {
+    QString typed = fileName->text().trimmed();
+    if (typed.isEmpty()) return;
+    if (!typed.endsWith(".pdf"_L1, Qt::CaseInsensitive)) typed += u".pdf"_s;
+    const QDir folder = QFileInfo(file).absoluteDir();
+    fileName->setText(QDir::toNativeSeparators(folder.absoluteFilePath(typed)));
+  });
 }
 
 }  // namespace
@@ -73,23 +82,24 @@ std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, 
     return std::make_unique<PrinterPaper>(std::move(chosen));
   }
   printer = kPdfPrinter;
-  return std::make_unique<PdfPaper>(chosen->outputFileName(), request.title, chosen->pageLayout());
+  const bool landscape = chosen->pageLayout().orientation() == QPageLayout::Landscape;
+  return std::make_unique<PdfPaper>(chosen->outputFileName(), request.title, reportPage(landscape));
 }
 
-void showPreview(QWidget* parent, const PrintRequest& request,
+void showPreview(QWidget* parent, const PrintRequest& request, const QString& printer,
                  const std::function<void(QPagedPaintDevice&)>& paint) {
   std::optional<BusyCursor> busy(std::in_place);
-  const std::unique_ptr<QPrinter> printer = makePrinter(request, {});
-  QPrintPreviewDialog dialog(printer.get(), parent);
+  const std::unique_ptr<QPrinter> page = makePrinter(request, printer);
+  QPrintPreviewDialog dialog(page.get(), parent);
   dialog.setWindowTitle(u"Vorschau - "_s + request.title);
   const QString print = QCoreApplication::translate("QPrintPreviewDialog", "Print");
   const QString pageSetup = QCoreApplication::translate("QPrintPreviewDialog", "Page setup");
   for (QAction* action : dialog.findChildren<QAction*>()) {
     if (action->text() == print || action->text() == pageSetup) action->setVisible(false);
   }
-  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* page) {
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* shown) {
     const BusyCursor painting;
-    paint(*page);
+    paint(*shown);
   });
   dialog.resize(twips(13500), twips(10500));
   busy.reset();

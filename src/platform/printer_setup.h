@@ -22,9 +22,10 @@ struct PrintRequest {
 /// chosen last and becomes the one chosen now. Runtime error 32755 if the user cancels.
 std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, QString& printer);
 
-/// The toolkit's preview window, without its ways to print. Whenever a page is wanted, `paint` is
-/// called, with the orientation that was chosen in the window.
-void showPreview(QWidget* parent, const PrintRequest& request,
+/// The toolkit's preview window, without its ways to print, over the page of a printer; of the
+/// default one if that is not there. Whenever a page is wanted, `paint` is called, with the
+/// orientation that was chosen in the window.
+void showPreview(QWidget* parent, const PrintRequest& request, const QString& printer,
                  const std::function<void(QPagedPaintDevice&)>& paint);
 
 }  // namespace calvora

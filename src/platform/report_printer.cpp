@@ -66,7 +66,12 @@ void ReportPrinter::text(const QString& text) {
     const double room = painter_.window().width() - x_ - indent;
     const QFont font = fitted(visible, room);
     const bool whole = font.pointSizeF() > kSmallest * font_.pointSizeF();
-    const QString shown = whole ? visible : metrics(font).elidedText(visible, Qt::ElideRight, room);
+    QString shown = whole ? visible : metrics(font).elidedText(visible, Qt::ElideRight, room);
+    const double least = metrics(font).horizontalAdvance(u"…"_s);
+    if (!whole && room < least) {  // what lies off the page is not left out unseen
+      shown = u"…"_s;
+      x_ += room - least;
+    }
     painter_.setFont(font);
     painter_.drawText(QPointF(x_ + indent, y_ + metrics(font_).ascent()), shown);
     x_ += metrics(font).horizontalAdvance(shown);

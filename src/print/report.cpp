@@ -2,6 +2,7 @@
 #include "print/report.h"
 
 #include "app/fields.h"
+#include "storage/line_file.h"
 
 namespace calvora {
 
@@ -54,14 +55,18 @@ class Writer {
 
 QString onOneLine(const QString& remark) {
   QString line = remark.trimmed();
-  return line.replace('\r'_L1, ' '_L1).replace('\n'_L1, ' '_L1);
+  for (QChar& c : line) {
+    const bool breaks =
+        c == '\r'_L1 || c == '\n'_L1 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    if (breaks) c = ' '_L1;
+  }
+  return line;
 }
 
 /// A value in its column, which keeps the last characters. Decimal zeros give way before: else
 /// "1420,0000" would lose its thousands on paper.
 QString valueColumn(QString value) {
-  const bool decimals = value.contains(','_L1);
-  while (decimals && value.size() > kValueWidth &&
+  while (value.size() > kValueWidth && value.contains(','_L1) &&
          (value.endsWith('0'_L1) || value.endsWith(','_L1))) {
     value.chop(1);
   }
@@ -162,10 +167,7 @@ Statements overviewStatements(const OverviewGrid& grid) {
 QString proposedPdfName(int kind, const QString& analysisName) {
   QString name = kind == bericht::kAnalyse ? analysisName.trimmed() : QString();
   if (name.isEmpty()) name = reportTitle(kind);
-  for (QChar& c : name) {
-    if (c < ' '_L1 || u"\\/:*?\"<>|"_s.contains(c)) c = '-'_L1;
-  }
-  return name + u".pdf"_s;
+  return asFileName(name) + u".pdf"_s;
 }
 
 }  // namespace calvora

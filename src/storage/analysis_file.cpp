@@ -56,15 +56,20 @@ QByteArray analysisContent(const Program& program) {
   return writer.content();
 }
 
-void writeAnalysis(Program& program, const QString& path, const QString& title) {
+void writeNamed(Program& program, const QString& path, const QString& nameLine,
+                const std::function<QByteArray()>& content) {
   QString& name = program.record.flag[flag::kNameLine];
-  const QString before = std::exchange(name, nameLine(title, u".cva"_s));
+  const QString before = std::exchange(name, nameLine);
   try {
-    writeFileSafely(path, analysisContent(program));
+    writeFileSafely(path, content());
   } catch (const RuntimeError&) {
     name = before;
     throw;
   }
+}
+
+void writeAnalysis(Program& program, const QString& path, const QString& title) {
+  writeNamed(program, path, nameLine(title, u".cva"_s), [&] { return analysisContent(program); });
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {

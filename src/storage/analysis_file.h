@@ -16,6 +16,11 @@ QString nameLine(const QString& title, const QString& extension);
 /// 15 and 20 to 26 that has a text, end record.
 QByteArray analysisContent(const Program& program);
 
+/// Writes a file whose content starts with the name line in flag slot 0. If that fails, the slot
+/// keeps what it held, the old file is untouched, and the runtime error is 75, 61 or 5.
+void writeNamed(Program& program, const QString& path, const QString& nameLine,
+                const std::function<QByteArray()>& content);
+
 /// Writes the current analysis. `title` is the file name that the dialog reports; flag slot 0 gets
 /// its name line. Runtime error 75 or 61, and the old file untouched, if that fails.
 void writeAnalysis(Program& program, const QString& path, const QString& title);

@@ -46,13 +46,6 @@ QString withExtension(const QString& path, const QString& extension) {
   return path.left(point) + '.'_L1 + extension;
 }
 
-/// A name line as a file name: without what would lead into another folder, part the name into
-/// several, or is not allowed in a name everywhere.
-QString proposedName(QString name) {
-  static const QRegularExpression kNotInNames(u"[/\\\\:*?\"<>|\\x{00}-\\x{1f}]"_s);
-  return name.replace(kNotInNames, u"-"_s);
-}
-
 /// Why a file was not written, in the user's words.
 QString reasonOf(const RuntimeError& error) {
   switch (static_cast<ErrorNumber>(error.number())) {
@@ -153,7 +146,7 @@ void Dateien::save() {
   keepHeader();
   const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
   const QString answer = desktop_.askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
-                                                     extension, proposedName(program_.header[0])});
+                                                     extension, asFileName(program_.header[0])});
   const QString chosen = answer.trimmed();
   const QString path = withExtension(chosen, extension);
   // The dialog asked about the name as it was typed.

@@ -36,6 +36,13 @@ QString takeField(const QString& line, qsizetype& position) {
 
 }  // namespace
 
+QString asFileName(QString name) {
+  for (QChar& c : name) {
+    if (c < ' '_L1 || u"\\/:*?\"<>|"_s.contains(c)) c = '-'_L1;
+  }
+  return name;
+}
+
 bool isStorable(const QString& text) {
   return text.size() < LineReader::kLongestLine / 2 &&
          LineWriter::quoted(fromWindows1252(toWindows1252(text))) == '"'_L1 + text + '"'_L1;

@@ -50,14 +50,8 @@ QByteArray projectContent(const Program& program, const OverviewGrid& grid) {
 
 void writeProject(Program& program, const OverviewGrid& grid, const QString& path,
                   const QString& title) {
-  QString& name = program.record.flag[flag::kNameLine];
-  const QString before = std::exchange(name, nameLine(title, u".cvp"_s));
-  try {
-    writeFileSafely(path, projectContent(program, grid));
-  } catch (const RuntimeError&) {
-    name = before;
-    throw;
-  }
+  writeNamed(program, path, nameLine(title, u".cvp"_s),
+             [&] { return projectContent(program, grid); });
 }
 
 bool readProject(Program& program, OverviewGrid& grid, const QString& path) {

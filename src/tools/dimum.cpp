@@ -85,8 +85,9 @@ void dimum::showSlots() {
     Label3(index).setEnabled(slot.enabled);
   }
   Command1->setEnabled(converter_.canTakeOver());
-  Command1->setToolTip(converter_.isRuledOut() ? u"Der pH-Wert schließt diesen Wert aus"_s
-                                               : QString());
+  Command1->setToolTip(converter_.isRuledOut()     ? u"Der pH-Wert schließt diesen Wert aus"_s
+                       : !converter_.canTakeOver() ? u"Geben Sie zuerst einen Wert ein"_s
+                                                   : QString());
 }
 
 void dimum::setLook(int index, Look look) {
@@ -139,7 +140,7 @@ void dimum::Command1_Click() {
   int status = kFocusBack;
   bool shown = false;
   guarded(questions_, u" dimum\\command1"_s, [&] {
-    status = main_.takeOver(converter_.field(), converter_.slot(Text2).text);
+    status = main_.takeOver(converter_.field(), converter_.ownText());
     shown = true;
   });
   // After a fault the mask must show what the record really holds.

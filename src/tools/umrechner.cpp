@@ -156,7 +156,11 @@ int Umrechner::neighbour(int slot, int step) const {
 
 bool Umrechner::canTakeOver() const {
   const int own = ownSlot();
-  return own != 0 && !slots_[own].text.isEmpty() && !isRuledOut();
+  return own != 0 && typed_ && !slots_[own].text.isEmpty() && !isRuledOut();
+}
+
+QString Umrechner::ownText() const {
+  return Decimal(numberOf(value(ownSlot()))).fixedText(4);
 }
 
 bool Umrechner::isRuledOut() const {
@@ -293,6 +297,7 @@ Eingabe Umrechner::enter(int slot, const QString& typed) {
   const double given = numberOf(number);
   if (std::abs(given) > kLargestConverted) return Eingabe::kTooLarge;
   if (given == 0 && field_ != feld::kTemperatur) return Eingabe::kDone;
+  typed_ = true;
   for (int i = 1; i <= 16; ++i) value(i) = {};
   labelcap();
   value(slot) = given;

@@ -63,8 +63,12 @@ class Umrechner {
   /// Empties what the slots show, as after a value that is too large.
   void clearTexts();
 
-  /// Whether the own slot shows a value that the record can take.
+  /// Whether a value was typed that the record can take. Taking over one that was only looked at
+  /// would store its rounded display.
   [[nodiscard]] bool canTakeOver() const;
+
+  /// The value in the field's own unit with the record's four decimals, however coarse it is shown.
+  [[nodiscard]] QString ownText() const;
 
   /// Whether the measured pH rules the field out, so that it cannot take any value.
   [[nodiscard]] bool isRuledOut() const;
@@ -88,6 +92,7 @@ class Umrechner {
   Questions& questions_;
   Werteingabe entry_;
   int field_;
+  bool typed_ = false;  ///< the slots show a value that was typed here
   CheckedArray<UnitSlot, kUnitSlots + 1> slots_;
 };
 

@@ -114,11 +114,13 @@ void Room::run(const QString& operation) {
   if (kind == 'p'_L1) choose("three.cvp");
   if (kind == 'v'_L1) choose("ignored");
   if (kind == 's'_L1) {
-    choose("new.cvp", [](Dateien& header) {
+    choose("new.cvp", [this](Dateien& header) {
       const QWidget* gone[] = {header.Text3, header.Label3, header.DTPicker1, header.Label5};
       QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
       header.Label8->click();  // removes the date
       header.Command1->click();
+      QCOMPARE(mask.desktop.requests.back().extension, u"cvp"_s);
+      QCOMPARE(mask.desktop.requests.back().folder, mask.program.settings.slot[10]);
     });
   }
   const bool goesOn = kind != 'n'_L1 && kind != 'a'_L1;
@@ -371,6 +373,21 @@ class OverviewTest : public QObject {
     QTEST(filledSlots(read), "filled");
   }
 
+  void aProjectThatCannotBeSavedChangesNothing() {
+    Room room;
+    room.run(u"l1"_s);
+    room.program.record.flag[flag::kNameLine] = u"vorher"_s;
+    QVERIFY(QDir(room.folder.path()).mkpath(u"new.cvp/darin"_s));
+    room.choose("new.cvp", [](Dateien& header) {
+      header.Command1->click();
+      QVERIFY(header.isVisible());
+      QVERIFY(header.findChild<QLabel*>(u"failure"_s)->isVisible());
+    });
+    room.window->Command1(4).click();  // and it does not say that it was saved
+    QCOMPARE(room.program.record.flag[flag::kNameLine], u"vorher"_s);
+    QVERIFY(room.program.dataPresent);
+  }
+
   void cellsAreCopiedAsTabSeparatedText() {
     Room room;
     room.run(u"p"_s);
@@ -391,6 +408,9 @@ class OverviewTest : public QObject {
     table.setRangeSelected({1, 3, 2, 4}, true);
     table.setRangeSelected({4, 1, 4, 1}, true);
     QCOMPARE(copied(), u"\t<1,5\t<1,8\n\t<2,5\t<2,8\nmmol/l\t\t\n"_s);
+    table.clearSelection();
+    table.setRangeSelected({4, 0, 5, 0}, true);
+    QCOMPARE(copied(), u"Säurekapazität Ks8,2\nSäurekapazität Ks4,3\n"_s);
   }
 
   void labelsWorkWithTheKeyboardAndShowLongNames() {
@@ -415,6 +435,19 @@ class OverviewTest : public QObject {
     Mask::settle();
     QCOMPARE(room.window->MSFlexGrid1->horizontalScrollBar()->maximum(), 0);
     QCOMPARE(room.window->MSFlexGrid1->verticalScrollBar()->maximum(), 0);
+    // In a smaller one columns move as wholes, and the fixed ones stay in line with them.
+    room.window->resize(size * 2 / 3);
+    Mask::settle();
+    OverviewTable& table = *room.window->MSFlexGrid1;
+    for (QScrollBar* bar : {table.horizontalScrollBar(), table.verticalScrollBar()}) {
+      for (int i = 0; i <= 10; ++i) {
+        bar->setValue(bar->maximum() * i / 10);
+        const int beside = table.columnViewportPosition(9) - table.fixedWidth();
+        QCOMPARE(beside % table.columnWidth(9), 0);
+        auto* fixed = table.findChild<QTableView*>();
+        QCOMPARE(fixed->rowViewportPosition(20), table.rowViewportPosition(20));
+      }
+    }
   }
 };
 

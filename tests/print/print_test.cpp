@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QProcess>
@@ -215,6 +216,7 @@ void PrintTest::statementsFallOnThePage_data() {
       a line that shrinks      | W*80          | W{80};
       too much even for that   | tab:13 W*115  | W{90,110}…;
       two pages                | x/*90         | (x;){68}---;(x;){22}
+      off the page             | W*20 tab:130 b | W{20} +…;
       empty lines make no page | x /*90        | x;
   )"_s);
 }
@@ -337,7 +339,7 @@ void PrintTest::thePreviewPrintsNothing() {
   window.Text1(2).setText(u"Neubau"_s);
   int painted = 0;
   mask.desktop.preview = [&](const PrintRequest& request, const auto& paint) {
-    showPreview(&window, request, [&](QPagedPaintDevice& page) {
+    showPreview(&window, request, {}, [&](QPagedPaintDevice& page) {
       ++painted;
       QVERIFY(QGuiApplication::overrideCursor() != nullptr);
       paint(page);
@@ -369,6 +371,10 @@ void PrintTest::aPdfFileIsOneOfThePrinters() {
       auto* printers = dialog.findChild<QComboBox*>(u"printers"_s);
       printers->setCurrentIndex(printers->findText(u"PDF-Datei"_s));
       emit printers->activated(printers->currentIndex());
+      auto* name = dialog.findChild<QLineEdit*>(u"filename"_s);
+      QVERIFY(name->text().endsWith(u"Analysen Übersicht.pdf"_s));
+      name->setText(u"kurz"_s);  // without folder and extension
+      emit name->editingFinished();
       auto* buttons = dialog.findChild<QDialogButtonBox*>();
       for (QAbstractButton* button : buttons->buttons()) {
         const auto role = buttons->buttonRole(button);
@@ -378,7 +384,7 @@ void PrintTest::aPdfFileIsOneOfThePrinters() {
       }
     });
     window.Command2->click();
-    const QString pdf = mask.folder.filePath(u"Analysen Übersicht.pdf"_s);
+    const QString pdf = mask.folder.filePath(u"kurz.pdf"_s);
     QCOMPARE(outputOf(u"pdfinfo"_s, {pdf}).contains(u"842 x 595"_s), confirmed);
   }
 }
