@@ -319,6 +319,9 @@ void Dateien::connectFields() {
   DTPicker1->setLocale(QLocale(QLocale::German));
   DTPicker1->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
   DTPicker1->calendarWidget()->setDateEditEnabled(false);
+  // The toolkit never forgets what it works out for a line inside another control, unless that has
+  // a style of its own.
+  for (auto* line : DTPicker1->findChildren<QLineEdit*>()) line->setStyleSheet(u" "_s);
   Text6->setReadOnly(true);
   setRole(*Text6, Role::kComputed);
   Text6->setFocusPolicy(Qt::NoFocus);

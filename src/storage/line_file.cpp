@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "dialogs/runtime_error.h"
 #include "entry/decimal.h"
@@ -79,7 +80,11 @@ LineReader LineReader::ofFile(const QString& path) {
   if (!info.isFile() || !file.open(QFile::ReadOnly)) {
     throw RuntimeError(ErrorNumber::kPathAccess, path);
   }
-  const QByteArray content = file.read(kLargestFile + 1);
+  // Room for what the file says to hold, and more only where it holds more: the files that the
+  // system makes up say nothing.
+  const qint64 expected = std::clamp<qint64>(info.size(), 0, kLargestFile);
+  QByteArray content = file.read(expected + 1);
+  if (content.size() > expected) content += file.read(kLargestFile - expected);
   if (file.error() != QFile::NoError) throw RuntimeError(ErrorNumber::kPathAccess, path);
   return LineReader(content);
 }

@@ -11,6 +11,7 @@
 #include "entry/key_filter.h"
 #include "storage/analysis_file.h"
 #include "storage/company_line.h"
+#include "storage/line_file.h"
 #include "storage/windows1252.h"
 #include "support/files.h"
 #include "support/scripted_questions.h"
@@ -303,6 +304,8 @@ class StorageTest : public QObject {
     put("huge.cva", quoted(kHeader + kOne));
     QVERIFY(QFile::resize(at("huge.cva"), qint64{1} << 40));
     QCOMPARE(read("huge.cva"), u"stopped 0|1|2|3|4|5|6|7 1=10000'a"_s);
+    // A file that the system makes up says that it is empty.
+    QCOMPARE(LineReader::ofFile(u"/proc/self/status"_s).text().section(u':', 0, 0), u"Name"_s);
   }
 
   void whatCannotBeOpenedLeavesTheAnalysisUntouched_data() {
