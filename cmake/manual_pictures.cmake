@@ -2,7 +2,7 @@
 # FOLDER/bilder.
 set(walked ${FOLDER}/tour)
 file(REMOVE_RECURSE ${walked})
-set(ENV{QT_QPA_PLATFORM} offscreen)
+unset(ENV{QT_QPA_PLATFORM})
 set(ENV{QT_SCALE_FACTOR} 2)
 set(ENV{LC_ALL} C.UTF-8)
 execute_process(COMMAND ${TOUR} ${walked} RESULT_VARIABLE result OUTPUT_VARIABLE said
