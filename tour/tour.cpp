@@ -3,6 +3,7 @@
 #include "tour.h"
 
 #include <QDir>
+#include <QFile>
 #include <QKeyEvent>
 #include <QTextStream>
 
@@ -21,6 +22,15 @@ namespace {
 QTextStream& out() {
   static QTextStream stream(stdout);
   return stream;
+}
+
+/// An offscreen platform that has room for every window; its own is smaller than the main window.
+void setLargeScreen(const QString& folder) {
+  QFile file(folder + u"/screen.json"_s);
+  if (!file.open(QFile::WriteOnly)) return;
+  file.write(R"({"screens": [{"name": "large", "x": 0, "y": 0, "width": 2560, "height": 1920,
+    "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file.fileName()));
 }
 
 }  // namespace
@@ -237,13 +247,13 @@ int main(int argc, char* argv[]) {
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type != QtDebugMsg && type != QtInfoMsg && type != QtWarningMsg) out() << text << Qt::endl;
   });
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
-  calvora::applyLook(application);
   const QString folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : u"build/tour"_s;
   if (!QDir().mkpath(folder)) {
     out() << "Cannot write to " << folder << '\n';
     return 1;
   }
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) setLargeScreen(folder);
+  QApplication application(argc, argv);
+  calvora::applyLook(application);
   return Tour(QDir(folder).absolutePath()).walk() ? 0 : 1;  // the data folder window moves on
 }

@@ -9,7 +9,9 @@
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/look.h"
+#include "platform/scrolling_content.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -143,8 +145,7 @@ void main::buildMask() {
   QWidget* inputs = buildInputs();
   right->addWidget(buildResults());
   right->addWidget(buildCompanyArea(), 1);
-  Command2 = new QPushButton(u"beenden"_s);
-  Command2->setMinimumSize(twips(1800), twips(480));
+  Command2 = makeButton(u"beenden"_s, 1800);
   Command2->setFocusPolicy(Qt::TabFocus);
   connect(Command2, &QPushButton::clicked, this,
           command(u" main_command2"_s, &main::Command2_Click));
@@ -152,7 +153,7 @@ void main::buildMask() {
 
   columns->addWidget(inputs, 0, Qt::AlignTop);
   columns->addLayout(right, 1);
-  setCentralWidget(mask);
+  setCentralWidget(new ScrollingContent(mask));
 
   // The keyboard walks the boxes in field order, then the buttons.
   for (size_t i = 1; i < kInputFields.size(); ++i) {

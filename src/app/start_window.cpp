@@ -6,6 +6,7 @@
 
 #include "app/main_window.h"
 #include "app/pictures.h"
+#include "platform/form.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -52,7 +53,7 @@ start::start(main& mainWindow, Desktop& desktop)
   buildExplanation();
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*layout);
   layout->setSpacing(16);
   layout->addWidget(Frame1);
   layout->addWidget(Frame2);
@@ -124,8 +125,7 @@ void start::buildContact() {
   }
   contact->addLayout(lines, 1);
   for (const auto& [index, caption] : {std::pair{1, u"beenden"_s}, std::pair{2, u"Weiter"_s}}) {
-    auto& button = Command1.add(index, new QPushButton(caption));
-    button.setMinimumSize(twips(1800), twips(480));
+    auto& button = Command1.add(index, makeButton(caption, 1800));
     connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
     contact->addWidget(&button, 0, Qt::AlignBottom);
   }

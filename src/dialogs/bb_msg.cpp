@@ -4,7 +4,7 @@
 
 #include "app/version.h"
 #include "dialogs/symbols.h"
-#include "platform/twips.h"
+#include "platform/form.h"
 
 namespace calvora {
 
@@ -40,23 +40,19 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
   message->addWidget(new Picture(symbolDrawing(3), 720, this), 0, Qt::AlignTop);
   message->addLayout(texts, 1);
 
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
   for (const auto& [index, caption] :
        {std::pair{1, u"Programm fortsetzen"_s}, std::pair{2, u"Programm abbrechen"_s}}) {
-    auto& button = Check1.add(index, new QPushButton(caption, this));
+    auto& button = Check1.add(index, makeButton(caption, 2400));
     connect(&button, &QPushButton::clicked, this, [this, i = index] { Check1_Click(i); });
-    button.setMinimumSize(twips(2400), twips(480));
-    buttons->addWidget(&button);
   }
   Check1(1).setDefault(true);
   Check1(1).setFocus();
 
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*layout);
   layout->setSpacing(20);
   layout->addLayout(message);
-  layout->addLayout(buttons);
+  layout->addLayout(makeButtonRow({&Check1(1), &Check1(2)}));
   layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

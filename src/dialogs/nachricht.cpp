@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QRegularExpression>
-#include <QScreen>
 
 #include "dialogs/symbols.h"
 #include "platform/twips.h"
@@ -90,11 +89,7 @@ void nachricht::place(const MessageLayout& layout) {
   first.setFocus();
 
   const QPoint origin = parentWidget() == nullptr ? QPoint() : parentWidget()->window()->pos();
-  const QRect screen = this->screen()->availableGeometry();
-  QPoint corner = origin + QPoint(twips(layout.left), twips(layout.top));
-  corner.setX(std::max(screen.left(), std::min(corner.x(), screen.right() - width())));
-  corner.setY(std::max(screen.top(), std::min(corner.y(), screen.bottom() - height())));
-  move(corner);
+  move(origin + QPoint(twips(layout.left), twips(layout.top)));
 }
 
 void nachricht::colour(const MessageLayout& layout) {

@@ -11,6 +11,7 @@
 #include "overview/meldungen.h"
 #include "overview/overview_content.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/twips.h"
 #include "print/drucker.h"
 #include "storage/dateien.h"
@@ -193,7 +194,7 @@ void analysen::buildWindow() {
   MSFlexGrid1 = new OverviewTable;
   MSFlexGrid1->setAccessibleName(u"Analysen-Übersicht"_s);
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 14, 16, 14);
+  setWindowMargins(*layout);
   layout->setSpacing(4);
   layout->addWidget(buildHead());
   layout->addWidget(MSFlexGrid1, 1);
@@ -249,9 +250,8 @@ QLayout* analysen::buildButtons() {
        {std::pair{kClose, u" << schliessen"_s}, std::pair{kReset, u"alle Einträge  löschen"_s},
         std::pair{kPrint, u"ausdrucken "_s}, std::pair{kSaveProject, u"speichern als Projekt"_s},
         std::pair{kLoadProject, u"Projekt laden"_s}}) {
-    auto& button = Command1.add(index, new QPushButton(caption));
+    auto& button = Command1.add(index, makeButton(caption, 2250));
     pressOnEnter(button);
-    button.setMinimumSize(twips(2250), twips(480));
     connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
     buttons->addWidget(&button);
     if (index == kClose) buttons->addStretch();

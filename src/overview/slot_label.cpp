@@ -77,7 +77,7 @@ void SlotLabel::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool marked = hasFocus() || underMouse();
   const double pen = marked ? 2 : 1;
-  painter.setPen(QPen(marked ? QColor(0x0b, 0x57, 0xd0) : QColor(0x85, 0x93, 0xa3), pen));
+  painter.setPen(QPen(marked ? QColor(0x0b, 0x57, 0xd0) : QColor(0x72, 0x81, 0x94), pen));
   painter.setBrush(isDown() ? backColour().darker(110) : backColour());
   const double inset = pen / 2;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);

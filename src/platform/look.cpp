@@ -9,11 +9,14 @@
 #include <QLocale>
 #include <QPalette>
 #include <QStyle>
-#include <QStyleFactory>
+#include <QToolTip>
 #include <QTranslator>
 #include <QVariant>
 #include <QWidget>
 #include <array>
+
+#include "platform/focus_style.h"
+#include "platform/placement.h"
 
 namespace calvora {
 
@@ -48,17 +51,17 @@ QPalette palette() {
 QString styleSheet() {
   return uR"(
 QLineEdit[role], QLabel[role="computed"], *[role="unit"] {
-  border: 1px solid #8593a3; border-radius: 3px; padding: 2px 5px; }
+  border: 1px solid #728194; border-radius: 3px; padding: 2px 5px; }
 QLineEdit[role="input"] { background: #ffffff; color: #000000; }
 QLineEdit[role="computed"], QLabel[role="computed"] {
   background: #dde2e8; color: #0000c0; border-color: #b3bdc8; }
 QLineEdit[role="locked"] { background: #808080; border: 1px solid #5c5c5c; }
 QLineEdit[role]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
 *[role="unit"] { background: #fffbd6; color: #1b2430; border-color: #d6cf9a; }
-QPushButton[role="unit"]:enabled { border-color: #a89f58; }
+QPushButton[role="unit"]:enabled { border-color: #8a8140; }
 QPushButton[role="unit"]:enabled:hover { background: #fff3a6; }
 QPushButton[role="unit"]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
-QPlainTextEdit { border: 1px solid #8593a3; border-radius: 3px; padding: 1px; }
+QPlainTextEdit { border: 1px solid #728194; border-radius: 3px; padding: 1px; }
 QPlainTextEdit:disabled { background: #dde2e8; color: #0000c0; border-color: #b3bdc8; }
 QPlainTextEdit:focus { border: 2px solid #0b57d0; padding: 0; }
 QLabel[role="section"] {
@@ -76,8 +79,10 @@ QIcon icon() {
 }  // namespace
 
 void applyLook(QApplication& application) {
-  QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+  QApplication::setStyle(new FocusStyle);  // the application owns it
   QApplication::setPalette(palette());
+  QToolTip::setPalette(palette());  // a tip would otherwise keep the desktop's
+  keepWindowsOnScreen(application);
   QFont font(u"Arial"_s, 10);
   font.setStyleHint(QFont::SansSerif);
   QApplication::setFont(font);
@@ -93,6 +98,13 @@ void applyLook(QApplication& application) {
     QApplication::installTranslator(german);
     return;
   }
+}
+
+void keepReadable(QWidget& field) {
+  QPalette colours = field.palette();
+  colours.setColor(QPalette::Disabled, QPalette::Base, QColor(0xdd, 0xe2, 0xe8));
+  colours.setColor(QPalette::Disabled, QPalette::Text, QColor(0x00, 0x00, 0xc0));
+  field.setPalette(colours);
 }
 
 void setRole(QWidget& control, Role role) {

@@ -21,4 +21,8 @@ void applyLook(QApplication& application);
 /// Gives a control the colours of its role; changing it later is allowed.
 void setRole(QWidget& control, Role role);
 
+/// Gives a field that has no role the colours of a computed one while it is disabled: it cannot be
+/// changed, but is there to be read.
+void keepReadable(QWidget& field);
+
 }  // namespace calvora

@@ -183,7 +183,7 @@ void Drucker::buildWindow() {
   Command1->setFocusPolicy(Qt::NoFocus);
   Command1->setAutoDefault(false);
   Command1->setStyleSheet(
-      u"background: #c0ffc0; color: #000000; border: 1px solid #8593a3; border-radius: 3px; "
+      u"background: #c0ffc0; color: #000000; border: 1px solid #728194; border-radius: 3px; "
       "font-weight: bold"_s);
   Label6 = new QLabel(this);
   Label6->setStyleSheet(u"color: #ff00ff"_s);

@@ -10,6 +10,7 @@
 #include "entry/key_filter.h"
 #include "platform/date_picker.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 #include "storage/analysis_file.h"
@@ -247,7 +248,7 @@ void Dateien::showLoadedHeader() {
 void Dateien::buildWindow() {
   setWindowTitle(u"  Daten - laden / speichern"_s);
   auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*grid);
   grid->setHorizontalSpacing(14);
   grid->setVerticalSpacing(10);
   grid->setColumnStretch(2, 1);
@@ -271,6 +272,7 @@ void Dateien::buildWindow() {
   add(Label3, u"Bezeich. Probe"_s, makeField(Text3), 2);
   add(Label4, u" Auftraggeber"_s, makeField(Text4), 2);
   DTPicker1 = new DatePicker(this);
+  keepReadable(*DTPicker1);
   DTPicker1->setMinimumHeight(twips(400));
   add(Label5, u"Probenahme Datum"_s, DTPicker1, 1);
   Label8 = new QPushButton(kRemove, this);
@@ -298,14 +300,10 @@ void Dateien::buildWindow() {
   for (QWidget* date : std::initializer_list<QWidget*>{DTPicker1, Text6}) {
     date->setFixedWidth(twips(2400));
   }
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(10);
-  Command2 = new QPushButton(u"zur Eingabemaske"_s, this);
-  Command1 = new QPushButton(u"speichern"_s, this);
-  buttons->addStretch();
-  buttons->addWidget(Command1);
-  buttons->addWidget(Command2);
-  grid->addLayout(buttons, row, 0, 1, 3);
+  Command1 = makeButton(u"speichern"_s, 2100);
+  Command2 = makeButton(u"zur Eingabemaske"_s, 2100);
+  grid->setRowMinimumHeight(row++, twips(60));
+  grid->addLayout(makeButtonRow({Command1, Command2}), row, 0, 1, 3);
   setMinimumWidth(twips(9000));
   connectFields();
 }
@@ -348,7 +346,6 @@ void Dateien::connectFields() {
 
   // Enter walks through the fields; it must not press a button on its way.
   for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);
-  for (QPushButton* button : {Command1, Command2}) button->setMinimumSize(twips(2100), twips(480));
   Label8->setFlat(true);
   Label8->setCursor(Qt::PointingHandCursor);
   Label8->setStyleSheet(u"color: #0b57d0; text-decoration: underline; padding: 2px 6px"_s);

@@ -7,6 +7,7 @@
 
 #include "dialogs/guarded.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/twips.h"
 #include "storage/line_file.h"
 #include "storage/meldungen.h"
@@ -148,7 +149,7 @@ void datenpfad::Command1_Click(int index) {
 void datenpfad::buildWindow() {
   setWindowTitle(u"    Vorgabe des Speicherpfads für Analysen-Daten"_s);
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*layout);
   layout->setSpacing(10);
   Label1 = new QLabel(
       u"Geben Sie hier den Pfad vor, in dem Ihre Analysen abgespeichert werden sollen :"_s);
@@ -168,15 +169,11 @@ void datenpfad::buildWindow() {
   bold.setBold(true);
   Label3(2).setFont(bold);
 
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
   for (const auto& [index, caption] :
        {std::pair{1, u"OK/speichern"_s}, std::pair{2, u"abbrechen"_s}}) {
-    auto& button = Command1.add(index, new QPushButton(caption));
+    auto& button = Command1.add(index, makeButton(caption, 1900));
     pressOnEnter(button);
-    button.setMinimumSize(twips(1900), twips(480));
     connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-    buttons->addWidget(&button);
   }
   Command1(1).setEnabled(false);
 
@@ -186,7 +183,7 @@ void datenpfad::buildWindow() {
   layout->addWidget(&Label3(2));
   layout->addWidget(Label2);
   layout->addWidget(&Label3(1));
-  layout->addLayout(buttons);
+  layout->addLayout(makeButtonRow({&Command1(1), &Command1(2)}));
   Dir1->viewport()->installEventFilter(this);
   // One click opens a folder, and so does Enter.
   connect(Dir1, &QListWidget::itemClicked, this, &datenpfad::Dir1_Click);

@@ -5,6 +5,7 @@
 #include "dialogs/guarded.h"
 #include "entry/key_filter.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 #include "storage/meldungen.h"
@@ -111,7 +112,7 @@ void firma::connectLine(int index) {
 void firma::buildWindow() {
   setWindowTitle(u"Ausdruck Firmendaten"_s);
   auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*grid);
   grid->setHorizontalSpacing(14);
   grid->setVerticalSpacing(10);
   grid->setColumnStretch(1, 1);
@@ -141,15 +142,13 @@ void firma::buildWindow() {
   available->setSpacing(10);
   available->addWidget(&Label3.add(0, new QLabel(u"verfügbare Zeichen"_s)));
   available->addWidget(&Label3.add(1, new QLabel));
-  available->addStretch();
   for (const auto& [index, caption] :
        {std::pair{1, u"OK/speichern"_s}, std::pair{2, u"abbrechen"_s}}) {
-    auto& button = Command1.add(index, new QPushButton(caption));
+    auto& button = Command1.add(index, makeButton(caption, 1900));
     pressOnEnter(button);
-    button.setMinimumSize(twips(1900), twips(480));
     connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-    available->addWidget(&button);
   }
+  available->addLayout(makeButtonRow({&Command1(1), &Command1(2)}), 1);
   grid->addLayout(available, 7, 0, 1, 2);
   setMinimumWidth(twips(11500));
 }

@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "dialogs/guarded.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/look.h"
 #include "platform/placement.h"
 #include "platform/twips.h"
@@ -31,7 +32,7 @@ constexpr int kInputBoxTop = 8400;
 
 QString converterLook() {
   return uR"(
-ClickLabel { border: 1px solid #8593a3; border-radius: 3px; padding: 2px 8px; color: #000000; }
+ClickLabel { border: 1px solid #728194; border-radius: 3px; padding: 2px 8px; color: #000000; }
 *[look="normal"] { background: #ffff00; }
 *[look="value"] { background: #ffffff; }
 *[look="own"] { background: #ff0080; color: #ffffff; border-color: #a80054; font-weight: bold; }
@@ -197,7 +198,7 @@ void dimum::buildWindow() {
   setWindowTitle(u"  Dimensions-Umrechnung"_s);
   setStyleSheet(converterLook());
   auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(20, 14, 20, 18);
+  setWindowMargins(*layout);
   layout->setSpacing(14);
   auto* menu = new QMenuBar;
   mnuhelp = menu->addAction(u"?"_s);
@@ -211,19 +212,12 @@ void dimum::buildWindow() {
   layout->addWidget(Label2);
   layout->addWidget(buildSlots());
 
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(10);
-  buttons->addStretch();
-  Command1 = new QPushButton(u"Eingabe übernehmen"_s);
-  Command2 = new QPushButton(u"abbrechen"_s);
-  for (QPushButton* button : {Command1, Command2}) {
-    pressOnEnter(*button);
-    button->setMinimumSize(twips(2400), twips(480));
-    buttons->addWidget(button);
-  }
+  Command1 = makeButton(u"Eingabe übernehmen"_s, 2400);
+  Command2 = makeButton(u"abbrechen"_s, 2400);
+  for (QPushButton* button : {Command1, Command2}) pressOnEnter(*button);
   connect(Command1, &QPushButton::clicked, this, &dimum::Command1_Click);
   connect(Command2, &QPushButton::clicked, this, &dimum::Command2_Click);
-  layout->addLayout(buttons);
+  layout->addLayout(makeButtonRow({Command1, Command2}));
   layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

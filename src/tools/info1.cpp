@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 
 #include "dialogs/symbols.h"
+#include "platform/form.h"
 #include "platform/twips.h"
 #include "tools/infotexte.h"
 
@@ -21,7 +22,7 @@ constexpr int kListWidth = 8900;
 info1::info1(QWidget* parent)
     : QDialog(parent),
       List1(new QListWidget),
-      Command1(new QPushButton(u"schliessen"_s)),
+      Command1(makeButton(u"schliessen"_s, 1800)),
       Label1(new QLabel(u" "_s)),
       Image4(new Picture(symbolDrawing(1), 480)) {
   setWindowTitle(u"  info"_s);
@@ -32,7 +33,6 @@ info1::info1(QWidget* parent)
   List1->setFixedWidth(twips(kListWidth));
   List1->setAccessibleName(u"Erläuterung der berechneten pH-Werte"_s);
   List1->setVisible(false);
-  Command1->setMinimumSize(twips(1800), twips(480));
   Command1->setDefault(true);
   connect(Command1, &QPushButton::clicked, this, &QWidget::close);
 

@@ -5,6 +5,7 @@
 
 #include "dialogs/guarded.h"
 #include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 #include "tools/temperaturkorrektur.h"
@@ -54,13 +55,6 @@ void varios::tempkorr() {
   });
 }
 
-/// A list shows its focus only after Tab, and forgets that when the window becomes active; here it
-/// is to be seen from the start.
-void varios::changeEvent(QEvent* event) {
-  QDialog::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) setAttribute(Qt::WA_KeyboardFocusChange);
-}
-
 void varios::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     focusNextChild();
@@ -72,7 +66,7 @@ void varios::keyPressEvent(QKeyEvent* event) {
 void varios::buildWindow() {
   setWindowTitle(u"Temperatur-Korrektion"_s);
   auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(24, 20, 24, 20);
+  setWindowMargins(*grid);
   grid->setHorizontalSpacing(24);
   grid->setVerticalSpacing(10);
   grid->setColumnStretch(0, 1);
@@ -110,9 +104,8 @@ void varios::buildWindow() {
     grid->addWidget(fields.at(at), i + 2, 1);
   }
 
-  Command1 = new QPushButton(u"<< zurück"_s);
+  Command1 = makeButton(u"<< zurück"_s, 1500);
   pressOnEnter(*Command1);
-  Command1->setMinimumSize(twips(1500), twips(480));
   connect(Command1, &QPushButton::clicked, this, &QWidget::close);
   grid->setRowMinimumHeight(6, 6);
   grid->addWidget(Command1, 7, 1);

@@ -26,7 +26,6 @@ class varios : public QDialog {
   QPushButton* Command1;
 
  protected:
-  void changeEvent(QEvent* event) override;
   /// Enter goes on to the next control, as in the input mask.
   void keyPressEvent(QKeyEvent* event) override;
 

@@ -92,9 +92,13 @@ inline QStringList cutTexts(const QWidget& window) {
     if (text.trimmed().isEmpty()) continue;
     const bool wraps = label != nullptr && label->wordWrap();
     const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
+    qsizetype blanks = 0;  // at its end, where nobody misses them
+    while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
+    const int width =
+        control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
     const QRect place(control->mapTo(&window, QPoint()), control->size());
-    bool fits = (wraps || control->width() >= control->sizeHint().width()) &&
-                control->height() >= height && window.rect().contains(place);
+    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
+                window.rect().contains(place);
     for (const QWidget* other : seen) {
       fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
     }
