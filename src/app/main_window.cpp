@@ -333,7 +333,7 @@ void main::mnu_load_Click() {
   // No entry of the analysis that was there before may decide how this one is completed.
   program_.fieldIndex = 0;
   // Nor may its temperature: where a step does not compute the constants, the next ones read them.
-  if (!program_.record.text[feld::kTemperatur].isEmpty()) subcalc_.konst_k();
+  subcalc_.konst_k();
   berechnen();
   window.exec();
 }

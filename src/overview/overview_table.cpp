@@ -77,6 +77,21 @@ void hideHeaders(QTableView& table) {
   }
 }
 
+/// Drops the blank in front of a value that only fits without it.
+class ValueDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    constexpr int kMargins = 6;
+    const int room = option->rect.width() - kMargins;
+    const bool fits = option->fontMetrics.horizontalAdvance(option->text) <= room;
+    if (!fits && option->text.startsWith(' '_L1)) option->text.remove(0, 1);
+  }
+};
+
 }  // namespace
 
 OverviewTable::OverviewTable(QWidget* parent)
@@ -93,7 +108,6 @@ OverviewTable::OverviewTable(QWidget* parent)
   hideHeaders(*this);
   makeCells();
   makeFixedColumns();
-  setTextElideMode(Qt::ElideNone);  // of a value that is a little too wide, the leading blank goes
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &OverviewTable::snap);
 }
 
@@ -106,7 +120,10 @@ void OverviewTable::makeCells() {
   }
   setColumnWidth(0, twips(kNameWidth));
   setColumnWidth(1, twips(kUnitWidth));
-  for (int column = 2; column < kColumns; ++column) setColumnWidth(column, twips(kSlotWidth));
+  for (int column = 2; column < kColumns; ++column) {
+    setColumnWidth(column, twips(kSlotWidth));
+    setItemDelegateForColumn(column, new ValueDelegate(this));
+  }
 }
 
 void OverviewTable::makeFixedColumns() {
@@ -153,20 +170,24 @@ void OverviewTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
 /// so the columns move as wholes.
 void OverviewTable::snap(int value) {
   const int width = std::max(1, columnWidth(2));
-  const int whole = (value + width - 1) / width * width;
-  if (whole != value) {
-    horizontalScrollBar()->setValue(whole);
+  const int rest = value % width;
+  if (rest != 0) {
+    horizontalScrollBar()->setValue(value > snapped_ ? value - rest + width : value - rest);
   } else {
+    snapped_ = value;
     arranged();
   }
 }
 
+/// The toolkit ends scrolling where the last column ends, which may be within another one.
 void OverviewTable::updateGeometries() {
+  const int before = snapped_;
   QTableWidget::updateGeometries();
   QScrollBar& bar = *horizontalScrollBar();
   const int width = std::max(1, columnWidth(2));
   bar.setMaximum((bar.maximum() + width - 1) / width * width);
   bar.setSingleStep(width);
+  bar.setValue(std::min(before, bar.maximum()));
 }
 
 /// All of it, without scrolling.

@@ -33,6 +33,7 @@ class OverviewTable : public QTableWidget {
   void makeFixedColumns();
   void snap(int value);
 
+  int snapped_ = 0;    ///< where the columns were last moved to
   QTableView* fixed_;  ///< lies over the columns 0 and 1, which scroll away beneath it
 };
 

@@ -9,6 +9,7 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QPushButton>
 #include <QTimer>
 #include <optional>
 
@@ -31,7 +32,7 @@ std::unique_ptr<QPrinter> makePrinter(const PrintRequest& request, const QString
   if (QPrinterInfo::availablePrinterNames().contains(name)) printer->setPrinterName(name);
   printer->setDocName(request.title);
   const QPageLayout wanted = reportPage(request.landscape);
-  const bool file = printer->outputFormat() == QPrinter::PdfFormat;
+  const bool file = name == kPdfPrinter || printer->outputFormat() == QPrinter::PdfFormat;
   QPageLayout layout = file ? wanted : printer->pageLayout();
   layout.setUnits(QPageLayout::Millimeter);
   layout.setOrientation(wanted.orientation());
@@ -57,13 +58,17 @@ void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString
   if (printer == kPdfPrinter) printers->setCurrentIndex(index);
   fileName->setText(QDir::toNativeSeparators(file));
   // The toolkit would look for a name without a folder in one place and write it in another.
-  QObject::connect(fileName, &QLineEdit::editingFinished, fileName, [fileName, file] {
+  const auto complete = [fileName, file] {
     QString typed = fileName->text().trimmed();
     if (typed.isEmpty()) return;
     if (!typed.endsWith(".pdf"_L1, Qt::CaseInsensitive)) typed += u".pdf"_s;
     const QDir folder = QFileInfo(file).absoluteDir();
     fileName->setText(QDir::toNativeSeparators(folder.absoluteFilePath(typed)));
-  });
+  };
+  QObject::connect(fileName, &QLineEdit::editingFinished, fileName, complete);
+  for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
+    QObject::connect(button, &QPushButton::pressed, fileName, complete);
+  }
 }
 
 }  // namespace

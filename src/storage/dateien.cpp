@@ -149,7 +149,10 @@ void Dateien::save() {
   const QString answer = desktop_.askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
                                                      extension, asFileName(program_.header[0])});
   const QString chosen = answer.trimmed();
-  const QString path = withExtension(chosen, extension);
+  // A file that is there and differs in capital letters only is the one that was meant.
+  const bool isThere =
+      QFileInfo(chosen).isFile() && chosen.endsWith('.'_L1 + extension, Qt::CaseInsensitive);
+  const QString path = isThere ? chosen : withExtension(chosen, extension);
   // The dialog asked about the name as it was typed.
   if (path != answer && QFileInfo::exists(path)) {
     const int replace =

@@ -60,11 +60,18 @@ void deriveCompanyLine(Settings& settings) {
 /// Saves what the next writing would lose, beside what was saved so before.
 void keepUnread(const QString& path) {
   if (!QFile::exists(path)) return;
+  const auto contentOf = [](const QString& name) {
+    QFile file(name);
+    if (!file.open(QFile::ReadOnly)) throw RuntimeError(ErrorNumber::kPathAccess, name);
+    return file.read(LineReader::kLargestFile);
+  };
+  const QByteArray content = contentOf(path);
   QString copy = path + u".alt"_s;
-  for (int number = 2; QFile::exists(copy); ++number) copy = path + u".alt%1"_s.arg(number);
-  QFile file(path);
-  if (!file.open(QFile::ReadOnly)) throw RuntimeError(ErrorNumber::kPathAccess, path);
-  writeFileSafely(copy, file.read(LineReader::kLargestFile));
+  for (int number = 2; QFile::exists(copy); ++number) {
+    if (contentOf(copy) == content) return;
+    copy = path + u".alt%1"_s.arg(number);
+  }
+  writeFileSafely(copy, content);
 }
 
 }  // namespace

@@ -444,6 +444,9 @@ class OverviewTest : public QObject {
         bar->setValue(bar->maximum() * i / 10);
         const int beside = table.columnViewportPosition(9) - table.fixedWidth();
         QCOMPARE(beside % table.columnWidth(9), 0);
+        room.window->resize(room.window->width() - 3, room.window->height());
+        Mask::settle();
+        QCOMPARE((table.columnViewportPosition(9) - table.fixedWidth()) % table.columnWidth(9), 0);
         auto* fixed = table.findChild<QTableView*>();
         QCOMPARE(fixed->rowViewportPosition(20), table.rowViewportPosition(20));
       }

@@ -143,6 +143,7 @@ void StorageWindowsTest::anotherExtensionIsReplaced_data() {
   QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << button::kJa;
   QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << button::kNein;
   QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << 0;
+  QTest::newRow("other letters of a file") << u"GROSS.CVA"_s << u"GROSS.CVA"_s << 0;
   QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << button::kNein;
 }
 
@@ -153,6 +154,7 @@ void StorageWindowsTest::anotherExtensionIsReplaced() {
   QTemporaryDir folder;
   QVERIFY(QDir(folder.path()).mkpath(u"ab.cd"_s));
   writeFile(folder.filePath(u"da.cva"_s), "alt");
+  writeFile(folder.filePath(u"GROSS.CVA"_s), "alt");
   Mask mask;
   mask.enter(1, u"420"_s);
   mask.desktop.paths = {folder.filePath(chosen)};
