@@ -16,6 +16,11 @@ ScrollingContent::ScrollingContent(QWidget* content, QWidget* parent) : QScrollA
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
 }
 
+// The controls lose their focus while they are taken down, when there is nothing left to scroll.
+ScrollingContent::~ScrollingContent() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 QSize ScrollingContent::sizeHint() const {
   QSize size = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
   if (widget()->hasHeightForWidth()) {

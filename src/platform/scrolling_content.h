@@ -11,6 +11,9 @@ class ScrollingContent : public QScrollArea {
 
  public:
   explicit ScrollingContent(QWidget* content, QWidget* parent = nullptr);
+  ScrollingContent(const ScrollingContent&) = delete;
+  ScrollingContent& operator=(const ScrollingContent&) = delete;
+  ~ScrollingContent() override;
 
   /// The room that the whole content needs, with the scroll bars beside it.
   [[nodiscard]] QSize sizeHint() const override;
