@@ -156,25 +156,25 @@ void main::Text1_KeyDown(int index, int code) {
 }
 
 void main::Text1_LostFocus(int index) {
-  bool shown = true;
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
     program_.fieldIndex = index;
     if (!program_.entryChanged) return;
-    shown = false;
     program_.entryChanged = false;
     const int status = takeOver(index, Text1(index).text().trimmed());
-    shown = true;
     if (status == kFocusBack) Text1(index).setFocus(Qt::OtherFocusReason);
   });
-  // After a fault the mask must show what the record really holds.
-  if (!shown) guarded(questions_, u" main_T1_lostfocus"_s, [this] { darstellen(); });
 }
 
 int main::takeOver(int index, const QString& text) {
   program_.record.flag[flag::kStatus] = u"1"_s;
   int status = 0;
-  subcalc_.checkeingabe(index, text, status);
-  berechnen();
+  try {
+    subcalc_.checkeingabe(index, text, status);
+    berechnen();
+  } catch (...) {
+    darstellen();  // the mask must show what the record really holds
+    throw;
+  }
   return status;
 }
 

@@ -24,8 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char* kRoleProperty = "role";
-
 QString roleName(Role role) {
   static const std::array kNames{u"input"_s, u"computed"_s, u"locked"_s, u"unit"_s, u"section"_s};
   return kNames.at(static_cast<size_t>(role));
@@ -107,12 +105,15 @@ void keepReadable(QWidget& field) {
   field.setPalette(colours);
 }
 
-void setRole(QWidget& control, Role role) {
-  const QString name = roleName(role);
-  if (control.property(kRoleProperty).toString() == name) return;
-  control.setProperty(kRoleProperty, name);
+void setStyleProperty(QWidget& control, const char* property, const QString& value) {
+  if (control.property(property).toString() == value) return;
+  control.setProperty(property, value);
   control.style()->unpolish(&control);
   control.style()->polish(&control);
+}
+
+void setRole(QWidget& control, Role role) {
+  setStyleProperty(control, "role", roleName(role));
 }
 
 }  // namespace calvora

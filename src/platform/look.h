@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class QApplication;
 class QWidget;
 
@@ -17,6 +19,9 @@ enum class Role {
 /// Gives the program its font, its colours, its icon and German texts in the toolkit's own dialogs.
 /// The colours are the program's own, so that a dark desktop never meets a light box.
 void applyLook(QApplication& application);
+
+/// Sets a property that the style sheet asks for, and lets the control follow it.
+void setStyleProperty(QWidget& control, const char* property, const QString& value);
 
 /// Gives a control the colours of its role; changing it later is allowed.
 void setRole(QWidget& control, Role role);

@@ -11,11 +11,15 @@ Picture::Picture(Drawing drawing, int side, QWidget* parent)
   setFixedSize(twips(side), twips(side));
 }
 
-void Picture::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void Picture::paint(QWidget& widget, const Drawing& drawing) {
+  QPainter painter(&widget);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(width() / 100.0, height() / 100.0);
-  drawing_(painter);
+  painter.scale(widget.width() / 100.0, widget.height() / 100.0);
+  drawing(painter);
+}
+
+void Picture::paintEvent(QPaintEvent*) {
+  paint(*this, drawing_);
 }
 
 }  // namespace calvora

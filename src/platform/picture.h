@@ -17,6 +17,9 @@ class Picture : public QWidget {
   /// `side` is the edge in twips.
   Picture(Drawing drawing, int side, QWidget* parent = nullptr);
 
+  /// Paints a drawing over a whole widget, from its paint event.
+  static void paint(QWidget& widget, const Drawing& drawing);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 

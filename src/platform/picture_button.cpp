@@ -1,7 +1,5 @@
 #include "platform/picture_button.h"
 
-#include <QPainter>
-
 #include "platform/twips.h"
 
 namespace calvora {
@@ -16,10 +14,7 @@ PictureButton::PictureButton(Picture::Drawing drawing, int side, const QString& 
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(width() / 100.0, height() / 100.0);
-  drawing_(painter);
+  Picture::paint(*this, drawing_);
 }
 
 }  // namespace calvora

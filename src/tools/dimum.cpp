@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char* kLookProperty = "look";
-
 // Twips.
 constexpr int kUnitWidth = 1950;
 constexpr int kValueWidth = 1650;
@@ -41,13 +39,6 @@ ClickLabel { border: 1px solid #728194; border-radius: 3px; padding: 2px 8px; co
 *[look="empty"] { background: transparent; border-color: #d6dde4; }
 ClickLabel:focus { border: 2px solid #1b2430; padding: 1px 7px; }
 )"_s.replace(u"ClickLabel"_s, u"calvora--ClickLabel"_s);
-}
-
-void applyLook(QWidget& label, const QString& look) {
-  if (label.property(kLookProperty).toString() == look) return;
-  label.setProperty(kLookProperty, look);
-  label.style()->unpolish(&label);
-  label.style()->polish(&label);
 }
 
 }  // namespace
@@ -97,8 +88,8 @@ void dimum::setLook(int index, Look look) {
   if (slot.massless) look = Look::kMassless;
   static const std::array kNames{u"normal"_s, u"own"_s, u"marked"_s, u"massless"_s, u"empty"_s};
   const QString& name = kNames.at(static_cast<size_t>(look));
-  applyLook(Label1(index), name);
-  applyLook(Label3(index), look == Look::kNormal ? u"value"_s : name);
+  setStyleProperty(Label1(index), "look", name);
+  setStyleProperty(Label3(index), "look", look == Look::kNormal ? u"value"_s : name);
 }
 
 void dimum::Label1_MouseMove(int index) {
@@ -131,7 +122,8 @@ void dimum::labclick(int index) {
                                                                .top = kInputBoxTop}));
       showSlots();
       converter_.melden(result, index);
-      if (result == Eingabe::kTooLarge) converter_.clearTexts();
+      if (result != Eingabe::kTooLarge) continue;
+      converter_.clearTexts();
       showSlots();
     } while (result != Eingabe::kDone);
   });
@@ -139,14 +131,9 @@ void dimum::labclick(int index) {
 
 void dimum::Command1_Click() {
   int status = kFocusBack;
-  bool shown = false;
-  guarded(questions_, u" dimum\\command1"_s, [&] {
-    status = main_.takeOver(converter_.field(), converter_.ownText());
-    shown = true;
-  });
-  // After a fault the mask must show what the record really holds.
-  if (!shown) guarded(questions_, u" dimum\\command1"_s, [this] { main_.darstellen(); });
-  if (shown && status != kFocusBack) Command2_Click();
+  guarded(questions_, u" dimum\\command1"_s,
+          [&] { status = main_.takeOver(converter_.field(), converter_.ownText()); });
+  if (status != kFocusBack) Command2_Click();
 }
 
 void dimum::Command2_Click() {

@@ -1,6 +1,5 @@
 #include <QClipboard>
 #include <QMenuBar>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 
 #include "storage/dateien.h"
@@ -13,14 +12,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
-
-/// Says OK to everything.
-class PatientQuestions : public Questions {
- public:
-  int ask(const Message&) override { return button::kOk; }
-  void reportError(const QString& text) override { errors += text; }
-  QStringList errors;
-};
 
 }  // namespace
 
@@ -52,7 +43,6 @@ class MainWindowTest : public QObject {
   void aFaultIsReportedAndTheProgramGoesOn();
   void theManualOpensOnlyWhereItExists();
   void everyBoxHasANameAndRoom();
-  void anyEntriesKeepTheRecordSound();
 };
 
 void MainWindowTest::aWholeAnalysisIsTypedOnTheNumericPad() {
@@ -474,61 +464,6 @@ void MainWindowTest::everyBoxHasANameAndRoom() {
   // At every resolution the window has its designed size, so its content fits into it.
   const double scale = mask.window.logicalDpiX() / 1440.0;
   QCOMPARE(mask.window.size(), QSize(qRound(15000 * scale), qRound(10900 * scale)));
-}
-
-void MainWindowTest::anyEntriesKeepTheRecordSound() {
-  QRandomGenerator random(20261122);
-  PatientQuestions questions;
-  RecordingDesktop desktop;
-  // What a water may have, for each field, and what nobody should type.
-  const QHash<int, QStringList> plausible{{1, {u"420"_s, u"15"_s, u"1200"_s}},
-                                          {2, {u"7,5"_s, u"6,2"_s, u"8,5"_s, u"9,7"_s, u"10,4"_s}},
-                                          {3, {u"10"_s, u"55"_s}},
-                                          {4, {u"0,05"_s, u"0,9"_s, u"0,2"_s}},
-                                          {5, {u"2,5"_s, u"2,4"_s, u"6"_s}},
-                                          {6, {u"0,25"_s, u"1,2"_s, u"-0,1"_s}}};
-  const QStringList concentrations{u"60"_s, u"10"_s, u"0,5"_s, u"20"_s};
-  const QStringList odd{u"0"_s,    u"<1"_s,  u"1,2,3"_s,   QString(), u"-1"_s,
-                        u"5000"_s, u"100"_s, u"0,00004"_s, u"12,5"_s, QString(30, u'9')};
-  const auto pick = [&](const auto& list) {
-    return list[random.bounded(static_cast<int>(list.size()))];
-  };
-  Program program;
-  calvora::main window(program, questions, desktop);
-  program.fieldIndex = 0;
-  window.show();
-  QMap<int, int> computed;
-  for (int sequence = 0; sequence < 10000; ++sequence) {
-    program.restart();
-    window.darstellen();
-    for (int entry = 0; entry < 16; ++entry) {
-      const int field = pick(kInputFields);
-      TextBox& box = window.Text1(field);
-      if (box.isReadOnly()) continue;
-      box.setFocus();
-      box.selectAll();
-      const bool isOdd = random.bounded(8) == 0;
-      box.insert(pick(isOdd ? odd : plausible.value(field, concentrations)));
-      window.finishEntry();
-    }
-    const AnalysisRecord& record = program.record;
-    for (const int index : kInputFields) {
-      if (record.text[index].isEmpty()) QCOMPARE(record.value[index], FixedPoint{});
-    }
-    if (record.value[2] >= 1_fp) QVERIFY(record.text[4].isEmpty() || record.text[6].isEmpty());
-    for (int index = 0; index < AnalysisRecord{}.text.size(); ++index) {
-      QVERIFY2(!record.text[index].contains(u"n"_s) || record.text[index] == u"n.b."_s,
-               qPrintable(record.text[index]));
-    }
-    QCOMPARE(questions.errors, QStringList{});
-    for (const int result : {7, 8, 11, 14, 15, 21, 22, 35}) {
-      computed[result] += record.text[result].isEmpty() ? 0 : 1;
-    }
-  }
-  // The entries must have reached every step.
-  for (const auto& [result, times] : computed.asKeyValueRange()) {
-    QVERIFY2(times > 200, qPrintable(u"%1: %2"_s.arg(result).arg(times)));
-  }
 }
 
 CALVORA_TEST_MAIN(MainWindowTest)

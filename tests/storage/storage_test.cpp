@@ -448,17 +448,6 @@ class StorageTest : public QObject {
     QTEST(joined(linesOfSegmentList(given)), "expected");
   }
 
-  void onlyKeysThatAFileCanHoldReachAField() {
-    for (int code = -1; code <= 70'000; ++code) {
-      const bool plain = code >= 32 && code <= 125 && code != '"';
-      const bool command = code == 3 || code == 8 || code == 22;
-      const bool umlaut = code > 125 && code < 256 && u"ÄÖÜäöü"_s.contains(QChar(code));
-      int left = code;
-      text_check(left);
-      QCOMPARE(left, plain || command || umlaut ? code : 0);
-    }
-  }
-
   void aPastedTextPassesTheSameFilter_data() {
     rows<QString>(
         "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd  Gröe   | "
