@@ -37,12 +37,19 @@ datenpfad::datenpfad(Program& program, Questions& questions, QWidget* parent)
     : QDialog(parent), program_(program), questions_(questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-    const bool holdsFiles = volume.isValid() && volume.isReady() && volume.bytesTotal() > 0;
-    if (holdsFiles) Drive1->addItem(shownPath(volume.rootPath()), volume.rootPath());
-  }
+  listDrives();
   connect(Drive1, &QComboBox::activated, this, &datenpfad::Drive1_Change);
   Label3(1).setText(proposedFolder(program_));
+}
+
+/// The root comes first whatever the system tells: not every one lists it as mounted.
+void datenpfad::listDrives() {
+  QStringList drives{QDir::rootPath()};
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const bool holdsFiles = volume.isValid() && volume.isReady() && volume.bytesTotal() > 0;
+    if (holdsFiles && !drives.contains(volume.rootPath())) drives += volume.rootPath();
+  }
+  for (const QString& drive : drives) Drive1->addItem(shownPath(drive), drive);
 }
 
 /// The proposed folder becomes the current one once the window can be seen, so that the notice that

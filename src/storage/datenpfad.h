@@ -32,6 +32,7 @@ class datenpfad : public QDialog {
 
  private:
   void buildWindow();
+  void listDrives();
   void openFolder(const QString& folder);
   void choose(const QString& folder);
   bool canBeKept(const QString& folder);
