@@ -4,7 +4,7 @@
 
 #include "app/version.h"
 #include "dialogs/runtime_error.h"
-#include "storage/safe_write.h"
+#include "platform/safe_write.h"
 
 namespace calvora {
 

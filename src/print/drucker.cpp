@@ -8,8 +8,8 @@
 #include "platform/enter_press.h"
 #include "platform/look.h"
 #include "platform/paper.h"
-#include "platform/report_printer.h"
 #include "platform/twips.h"
+#include "print/report_printer.h"
 
 namespace calvora {
 

@@ -1,7 +1,7 @@
 #include "storage/analysis_file.h"
 
+#include "platform/safe_write.h"
 #include "storage/line_file.h"
-#include "storage/safe_write.h"
 
 namespace calvora {
 

@@ -1,8 +1,8 @@
 #include "storage/project_file.h"
 
+#include "platform/safe_write.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
-#include "storage/safe_write.h"
 
 namespace calvora {
 

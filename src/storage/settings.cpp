@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+#include "platform/safe_write.h"
 #include "storage/line_file.h"
-#include "storage/safe_write.h"
 
 namespace calvora {
 

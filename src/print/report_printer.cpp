@@ -1,4 +1,4 @@
-#include "platform/report_printer.h"
+#include "print/report_printer.h"
 
 #include <QFontMetricsF>
 

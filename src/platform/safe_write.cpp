@@ -1,4 +1,4 @@
-#include "storage/safe_write.h"
+#include "platform/safe_write.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
