@@ -1,5 +1,7 @@
 #include "app/fields.h"
 
+#include <algorithm>
+
 namespace calvora {
 
 std::span<const FieldCaption> inputCaptions() {
@@ -57,6 +59,15 @@ std::span<const FieldCaption> resultCaptions() {
       FieldCaption{15, QStringLiteral("Sättigungs-Index"), QStringLiteral("SI"), {}},
   };
   return kCaptions;
+}
+
+const FieldCaption& captionOf(int field) {
+  static const FieldCaption kNone{};
+  for (const auto& captions : {inputCaptions(), resultCaptions()}) {
+    const auto found = std::ranges::find(captions, field, &FieldCaption::index);
+    if (found != captions.end()) return *found;
+  }
+  return kNone;
 }
 
 }  // namespace calvora

@@ -7,7 +7,8 @@
 namespace calvora {
 
 /// Field indices of the analysis record. Conductivity in µS/cm at 25 °C, temperature in °C,
-/// capacities and ionic strength in mmol/l, hardness in °d, everything else in mg/l.
+/// capacities and ionic strength in mmol/l, hardness in °d, pH and index without unit, everything
+/// else in mg/l.
 namespace feld {
 inline constexpr int kLeitfähigkeit = 1;
 inline constexpr int kPh = 2;
@@ -53,5 +54,14 @@ std::span<const FieldCaption> inputCaptions();
 
 /// Captions of the results 7 to 15, with the unit that each result really has.
 std::span<const FieldCaption> resultCaptions();
+
+/// What the mask says about a field; empty for one that it does not show.
+const FieldCaption& captionOf(int field);
+
+/// Whether analysis files hold the field: what is typed, what is computed from it at once, and the
+/// results.
+constexpr bool isInFile(int field) {
+  return (field >= 1 && field <= 15) || (field >= 20 && field <= 26);
+}
 
 }  // namespace calvora

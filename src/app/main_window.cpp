@@ -11,6 +11,7 @@
 #include "app/start_window.h"
 #include "chem/umrechnung.h"
 #include "dialogs/guarded.h"
+#include "dialogs/meldungen.h"
 #include "entry/key_filter.h"
 #include "overview/analysen.h"
 #include "platform/look.h"
@@ -18,7 +19,6 @@
 #include "storage/dateien.h"
 #include "storage/datenpfad.h"
 #include "storage/firma.h"
-#include "storage/meldungen.h"
 #include "tools/dimum.h"
 #include "tools/info1.h"
 #include "tools/varios.h"
@@ -240,12 +240,13 @@ void main::setLocked(int index, bool locked) {
   }
   setRole(box, locked ? Role::kLocked : Role::kInput);
   box.setReadOnly(locked);
-  box.setFocusPolicy(locked ? Qt::NoFocus : Qt::StrongFocus);
+  // A click goes in: what is then typed must not land in the box that had the focus before.
+  box.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
   if (locked && focusWidget() == &box) moveFocus(index, +1);
 }
 
 bool main::isLocked(int index) const {
-  return Text1(index).focusPolicy() == Qt::NoFocus;
+  return Text1(index).focusPolicy() == Qt::ClickFocus;
 }
 
 /// An entry that was still going on may have changed what can be converted, but not what the user
@@ -283,7 +284,8 @@ void main::Command1_Click(int index) {
   program_.fieldIndex = index;
   setEnabled(false);
   auto enable = qScopeGuard([this] { setEnabled(true); });
-  auto converter = std::make_unique<dimum>(*this, program_, questions_, desktop_);
+  const auto take = [this](int field, const QString& text) { return takeOver(field, text); };
+  auto converter = std::make_unique<dimum>(program_, questions_, desktop_, take, *this);
   connect(converter.get(), &QDialog::finished, this, [this, index] { converterClosed(index); });
   converter->show();
   converter->activateWindow();
@@ -436,7 +438,7 @@ void main::mnu2_handbuch_Click() {
   if (!QFileInfo::exists(manualPath()) || desktop_.openDocument(manualPath())) return;
   questions_.ask({.text = u" Das Handbuch konnte nicht geöffnet werden ! "_s,
                   .title = u"Handbuch"_s,
-                  .symbol = 2});
+                  .symbol = symbol::kWarning});
 }
 
 }  // namespace calvora

@@ -12,9 +12,12 @@
 #include "platform/picture_button.h"
 #include "platform/text_box.h"
 
+class QGridLayout;
+
 namespace calvora {
 
 class analysen;
+struct FieldCaption;
 
 /// The hub of the program: the input mask of one water analysis, its results, and the menus. Every
 /// finished entry is checked, stored, followed by a full calculation run and a redisplay.
@@ -129,8 +132,8 @@ class main : public QMainWindow {
   QWidget* buildResults();
   QWidget* buildCompanyArea();
   void connectInfoPictures();
-  void addInputRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
-  void addResultRow(class QGridLayout& grid, int row, const struct FieldCaption& field);
+  void addInputRow(QGridLayout& grid, int row, const FieldCaption& field);
+  void addResultRow(QGridLayout& grid, int row, const FieldCaption& field);
   void connectBox(int index);
   void connectUnit(int index);
   /// What a command does: what was typed is finished first, and a fault is reported with the

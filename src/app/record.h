@@ -5,7 +5,7 @@
 
 namespace calvora {
 
-/// Slots of the flag array that the program uses so far.
+/// Slots of the flag array that the program uses.
 namespace flag {
 inline constexpr int kNameLine = 0;  ///< name line of the file written last
 inline constexpr int kStatus = 1;    ///< "1": there are unsaved changes

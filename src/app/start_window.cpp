@@ -124,11 +124,9 @@ void start::buildContact() {
     lines->addWidget(&Label2.add(i, new QLabel(captions.at(static_cast<size_t>(i)))));
   }
   contact->addLayout(lines, 1);
-  for (const auto& [index, caption] : {std::pair{1, u"beenden"_s}, std::pair{2, u"Weiter"_s}}) {
-    auto& button = Command1.add(index, makeButton(caption, 1800));
-    connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-    contact->addWidget(&button, 0, Qt::AlignBottom);
-  }
+  addButtons(Command1, 1800, {{1, u"beenden"_s}, {2, u"Weiter"_s}},
+             [this](int index) { Command1_Click(index); });
+  for (const auto& [index, button] : Command1) contact->addWidget(button, 0, Qt::AlignBottom);
   Command1(2).setDefault(true);
   Command1(2).setFocus();
   static_cast<QVBoxLayout*>(layout())->addLayout(contact);

@@ -1,6 +1,4 @@
 // The calculation run: the order of the steps, and what they share.
-#include <cmath>
-
 #include "chem/subcalc.h"
 
 namespace calvora {

@@ -40,11 +40,8 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
   message->addWidget(new Picture(symbolDrawing(3), 720, this), 0, Qt::AlignTop);
   message->addLayout(texts, 1);
 
-  for (const auto& [index, caption] :
-       {std::pair{1, u"Programm fortsetzen"_s}, std::pair{2, u"Programm abbrechen"_s}}) {
-    auto& button = Check1.add(index, makeButton(caption, 2400));
-    connect(&button, &QPushButton::clicked, this, [this, i = index] { Check1_Click(i); });
-  }
+  addButtons(Check1, 2400, {{1, u"Programm fortsetzen"_s}, {2, u"Programm abbrechen"_s}},
+             [this](int index) { Check1_Click(index); });
   Check1(1).setDefault(true);
   Check1(1).setFocus();
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <initializer_list>
+#include <span>
 
 namespace calvora {
 
@@ -14,6 +15,16 @@ inline constexpr int kAbbrechen = 8;
 inline constexpr int kWiederholen = 16;
 }  // namespace button
 
+/// Symbols of the message dialog.
+namespace symbol {
+inline constexpr int kNone = 0;
+inline constexpr int kAttention = 1;
+inline constexpr int kWarning = 2;
+inline constexpr int kStop = 3;
+inline constexpr int kDone = 4;
+inline constexpr int kQuestion = 5;
+}  // namespace symbol
+
 /// The value of a cancelled question or save, passed between procedures.
 inline const QString kAbbruch = QStringLiteral("abbruch");
 
@@ -22,7 +33,7 @@ struct Message {
   QString text;  ///< lines separated by line feed and carriage return, in this order
   int buttons = button::kOk;
   QString title;
-  int symbol = 0;  ///< 1 attention, 2 warning, 3 stop, 4 done, 5 question; 0 none
+  int symbol = symbol::kNone;
   int left = 500;  ///< twips; 0: centred
   int top = 500;   ///< twips
   QString style = QStringLiteral("210|10");
@@ -31,6 +42,21 @@ struct Message {
 /// Joins the lines of a catalogue message with line feed and carriage return. Empty lines at the
 /// end vanish, those between texts stay.
 QString joinedLines(std::initializer_list<QString> lines);
+
+/// One message of a catalogue; %1 in its text is where the caller's text goes.
+struct CatalogueMessage {
+  int code;
+  Message message;
+};
+
+/// A message of these lines, joined.
+CatalogueMessage catalogueEntry(int code, const QString& title, int buttons, int symbol,
+                                std::initializer_list<QString> lines);
+
+/// The catalogue's message of a code with the caller's text in it; an empty one for a code that it
+/// does not have.
+Message catalogueMessage(std::span<const CatalogueMessage> catalogue, int code,
+                         const QString& extra);
 
 /// The one door through which rules ask and tell. The program answers with its message dialog, a
 /// test with a script.

@@ -30,16 +30,14 @@ enum class ErrorNumber : int {
 class RuntimeError : public std::exception {
  public:
   explicit RuntimeError(ErrorNumber number, const QString& text = {})
-      : number_(number), text_(text), utf8_(text.toUtf8()) {}
+      : number_(number), text_(text.toUtf8()) {}
 
   [[nodiscard]] int number() const { return static_cast<int>(number_); }
-  [[nodiscard]] const QString& text() const { return text_; }
-  [[nodiscard]] const char* what() const noexcept override { return utf8_.constData(); }
+  [[nodiscard]] const char* what() const noexcept override { return text_.constData(); }
 
  private:
   ErrorNumber number_;
-  QString text_;
-  QByteArray utf8_;
+  QByteArray text_;
 };
 
 }  // namespace calvora

@@ -50,8 +50,10 @@ QString signedText(bool negative, const QString& magnitude) {
   return negative ? QLatin1Char('-') + magnitude : magnitude;
 }
 
-bool isDigit(QChar c) {
-  return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+/// E, sign, at least two digits.
+QString exponentText(int exponent) {
+  return QLatin1String(exponent < 0 ? "E-" : "E+") +
+         QString::number(std::abs(exponent)).rightJustified(2, QLatin1Char('0'));
 }
 
 }  // namespace
@@ -117,8 +119,7 @@ QString Decimal::scientificText() const {
   mantissa = mantissa.rounded(2);
   const int exponent = point_ - 1 + (mantissa.point_ - 1);
   mantissa.point_ = 1;  // 9,999 became 10,0: the digit is the same, the exponent is one more
-  return mantissa.fixedText(2) + QLatin1Char('E') + QLatin1Char(exponent < 0 ? '-' : '+') +
-         QString::number(std::abs(exponent)).rightJustified(2, QLatin1Char('0'));
+  return mantissa.fixedText(2) + exponentText(exponent);
 }
 
 QString Decimal::fullText() const {
@@ -127,10 +128,7 @@ QString Decimal::fullText() const {
   if (point_ <= kSignificantDigits && decimals <= kSignificantDigits) return fixedText(decimals);
   Decimal mantissa = *this;
   mantissa.point_ = 1;
-  const int exponent = point_ - 1;
-  return mantissa.fixedText(static_cast<int>(digits_.size()) - 1) + QLatin1Char('E') +
-         QLatin1Char(exponent < 0 ? '-' : '+') +
-         QString::number(std::abs(exponent)).rightJustified(2, QLatin1Char('0'));
+  return mantissa.fixedText(static_cast<int>(digits_.size()) - 1) + exponentText(point_ - 1);
 }
 
 double readNumber(QStringView text) {
@@ -156,6 +154,10 @@ double readNumber(QStringView text) {
   }
   // QStringView::toDouble reads the C notation whatever the locale, and is infinite on overflow.
   return text.first(end).toDouble();
+}
+
+bool isDigit(QChar c) {
+  return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
 bool isNumberText(QStringView text) {

@@ -51,6 +51,9 @@ class Decimal {
 /// exponent; 0 if there is none, infinite if it is too large for a double.
 double readNumber(QStringView text);
 
+/// Whether the character is one of the ten digits that numbers are typed with.
+bool isDigit(QChar c);
+
 /// Whether the whole text is a number with digits, at most one comma or point and an optional
 /// leading minus.
 bool isNumberText(QStringView text);

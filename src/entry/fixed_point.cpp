@@ -8,10 +8,6 @@ namespace calvora {
 
 namespace {
 
-constexpr quint64 magnitude(qint64 raw) {
-  return raw < 0 ? ~static_cast<quint64>(raw) + 1 : static_cast<quint64>(raw);
-}
-
 /// a × b / 10000 with ties to even, for magnitudes whose result fits in 64 bits.
 quint64 scaledProduct(quint64 a, quint64 b) {
   constexpr quint64 kScale = FixedPoint::kScale;
@@ -53,7 +49,7 @@ FixedPoint saturatedProduct(FixedPoint a, FixedPoint b) {
   const FixedPoint end = negative ? FixedPoint::lowest() : FixedPoint::highest();
   // Below this estimate the product fits 64 bits without sign and can be compared exactly.
   if (std::abs(a.toDouble() * b.toDouble()) > 1e15) return end;
-  const quint64 product = scaledProduct(magnitude(a.raw_), magnitude(b.raw_));
+  const quint64 product = scaledProduct(a.magnitude(), b.magnitude());
   if (product > static_cast<quint64>(FixedPoint::highest().raw_)) return end;
   const auto raw = static_cast<qint64>(product);
   return FixedPoint(negative ? -raw : raw);

@@ -28,6 +28,12 @@ class FixedPoint {
   static constexpr FixedPoint highest() { return FixedPoint(std::numeric_limits<qint64>::max()); }
 
   [[nodiscard]] constexpr qint64 raw() const { return raw_; }
+
+  /// The ten-thousandths without their sign; also those of the lowest value fit.
+  [[nodiscard]] constexpr quint64 magnitude() const {
+    return raw_ < 0 ? ~static_cast<quint64>(raw_) + 1 : static_cast<quint64>(raw_);
+  }
+
   [[nodiscard]] constexpr double toDouble() const {
     return static_cast<double>(raw_) / static_cast<double>(kScale);
   }

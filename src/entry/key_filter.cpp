@@ -1,5 +1,7 @@
 #include "entry/key_filter.h"
 
+#include <QStringList>
+
 namespace calvora {
 
 using namespace Qt::StringLiterals;
@@ -39,6 +41,13 @@ QString filteredText(const QString& text) {
     if (code != 0) kept += c;
   }
   return kept;
+}
+
+QString filteredLines(QString text) {
+  text.replace("\r\n"_L1, "\n"_L1).replace('\r'_L1, '\n'_L1);
+  QStringList kept;
+  for (const QString& line : text.split('\n'_L1)) kept += filteredText(line);
+  return kept.join('\n'_L1);
 }
 
 }  // namespace calvora

@@ -28,4 +28,7 @@ void text_check(int& code);
 /// What is left of a text that comes in otherwise; a line break becomes a blank.
 QString filteredText(const QString& text);
 
+/// The same of a text whose line breaks stay.
+QString filteredLines(QString text);
+
 }  // namespace calvora

@@ -22,9 +22,6 @@ constexpr int kWorkingDecimals = 9;
 bool isSeparator(QChar c) {
   return c == kComma || c == kPoint;
 }
-bool isDigit(QChar c) {
-  return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-}
 
 /// Takes the "<" off a text whose caller allows it; returns whether there was one.
 bool takeBelowMark(QString& text, int code) {

@@ -10,9 +10,7 @@
 #include "dialogs/guarded.h"
 #include "overview/meldungen.h"
 #include "overview/overview_content.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
-#include "platform/twips.h"
 #include "print/drucker.h"
 #include "storage/dateien.h"
 
@@ -35,8 +33,7 @@ analysen::analysen(Program& program, Questions& questions, Desktop& desktop)
   buildWindow();
   enterNames(grid_);
   darstellen();
-  int count = 0;
-  countdat(count);
+  updateButtons();
 }
 
 bool analysen::event(QEvent* event) {
@@ -64,6 +61,11 @@ void analysen::countdat(int& count) {
   for (const int index : {kReset, kPrint, kSaveProject}) {
     Command1(index).setEnabled(count >= 1);
   }
+}
+
+void analysen::updateButtons() {
+  int count = 0;
+  countdat(count);
 }
 
 void analysen::message(int& code, const QString& extra) {
@@ -110,8 +112,7 @@ void analysen::loadAnalysis(int slot) {
   window.showAsRead();
   window.exec();
   flex_ein(slot + 1);
-  int count = 0;
-  countdat(count);
+  updateButtons();
 }
 
 void analysen::removeAnalysis(int slot) {
@@ -119,8 +120,7 @@ void analysen::removeAnalysis(int slot) {
   message(answer, QString::number(slot));
   if (answer == button::kJa) grid_.slot[slot] = {};
   darstellen();
-  int count = 0;
-  countdat(count);
+  updateButtons();
 }
 
 // ---- Buttons ----
@@ -144,7 +144,7 @@ void analysen::print() {
 /// Empties the grid. False, and nothing happened, if the user does not want that.
 bool analysen::emptyGrid() {
   if (filledSlots(grid_) >= 1) {
-    int answer = uebersicht::kAlleLoeschen;
+    int answer = uebersicht::kAlleLöschen;
     message(answer);
     if (answer == button::kAbbrechen) return false;
   }
@@ -174,8 +174,7 @@ void analysen::loadProject() {
   darstellen();
   window.showProjectAsRead();
   window.exec();
-  int count = 0;
-  countdat(count);
+  updateButtons();
   Command1(kReset).setEnabled(true);  // a slot that was read in part can be emptied, too
 }
 
@@ -246,14 +245,15 @@ void analysen::arrangeHead() {
 QLayout* analysen::buildButtons() {
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(10);
-  for (const auto& [index, caption] :
-       {std::pair{kClose, u" << schliessen"_s}, std::pair{kReset, u"alle Einträge  löschen"_s},
-        std::pair{kPrint, u"ausdrucken "_s}, std::pair{kSaveProject, u"speichern als Projekt"_s},
-        std::pair{kLoadProject, u"Projekt laden"_s}}) {
-    auto& button = Command1.add(index, makeButton(caption, 2250));
-    pressOnEnter(button);
-    connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-    buttons->addWidget(&button);
+  addButtons(Command1, 2250,
+             {{kClose, u" << schliessen"_s},
+              {kReset, u"alle Einträge  löschen"_s},
+              {kPrint, u"ausdrucken "_s},
+              {kSaveProject, u"speichern als Projekt"_s},
+              {kLoadProject, u"Projekt laden"_s}},
+             [this](int index) { Command1_Click(index); });
+  for (const auto& [index, button] : Command1) {
+    buttons->addWidget(button);
     if (index == kClose) buttons->addStretch();
   }
   return buttons;

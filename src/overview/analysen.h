@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <functional>
 
 #include "app/program.h"
 #include "dialogs/questions.h"
@@ -32,7 +31,7 @@ class analysen : public QWidget {
   /// the value of the pressed button in `code`.
   void message(int& code, const QString& extra = {});
 
-  /// What is shown, for the report.
+  /// What is shown.
   [[nodiscard]] const OverviewGrid& grid() const { return grid_; }
 
   OverviewTable* MSFlexGrid1;
@@ -50,6 +49,7 @@ class analysen : public QWidget {
   QLayout* buildButtons();
   void arrangeHead();
   void darstellen();
+  void updateButtons();
   void Label1_Click(int slot);
   void loadAnalysis(int slot);
   void removeAnalysis(int slot);

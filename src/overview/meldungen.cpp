@@ -1,6 +1,6 @@
 #include "overview/meldungen.h"
 
-#include "dialogs/runtime_error.h"
+#include <array>
 
 namespace calvora {
 
@@ -9,34 +9,24 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCentred = 0;
-constexpr int kAttention = 1;
-constexpr int kDone = 4;
 
-Message messageOf(int code, const QString& extra) {
-  switch (code) {
-    case uebersicht::kAlleLoeschen:
-      return {.text = u"Alle Einträge werden gelöscht !"_s,
-              .buttons = button::kOk + button::kAbbrechen,
-              .title = u"Reset"_s,
-              .symbol = kAttention};
-    case uebersicht::kEntfernen:
-      return {.text = joinedLines({u"Wasser - "_s + extra + u"  "_s, u"entfernen ?"_s}),
-              .buttons = button::kJa + button::kNein,
-              .title = u"Analysen-Übersicht"_s,
-              .symbol = kAttention};
-    case uebersicht::kProjektGespeichert:
-      return {.text = joinedLines({u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
-              .title = u"Analysen-Übersicht"_s,
-              .symbol = kDone};
-    default:
-      throw RuntimeError(ErrorNumber::kInvalidCall, QString::number(code));
-  }
+std::span<const CatalogueMessage> catalogue() {
+  using namespace uebersicht;
+  static const std::array kCatalogue{
+      catalogueEntry(kAlleLöschen, u"Reset"_s, button::kOk + button::kAbbrechen, symbol::kAttention,
+                     {u"Alle Einträge werden gelöscht !"_s}),
+      catalogueEntry(kEntfernen, u"Analysen-Übersicht"_s, button::kJa + button::kNein,
+                     symbol::kAttention, {u"Wasser - %1  "_s, u"entfernen ?"_s}),
+      catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, button::kOk, symbol::kDone,
+                     {u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
+  };
+  return kCatalogue;
 }
 
 }  // namespace
 
 int uebersichtMeldung(Questions& questions, int code, const QString& extra) {
-  Message message = messageOf(code, extra);
+  Message message = catalogueMessage(catalogue(), code, extra);
   message.left = kCentred;
   message.top = kCentred;
   message.style = u"210"_s;

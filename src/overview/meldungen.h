@@ -6,13 +6,13 @@ namespace calvora {
 
 /// Codes of the overview's messages.
 namespace uebersicht {
-inline constexpr int kAlleLoeschen = 1;
+inline constexpr int kAlleLöschen = 1;
 inline constexpr int kEntfernen = 2;
 inline constexpr int kProjektGespeichert = 3;
 }  // namespace uebersicht
 
 /// Shows the overview's message of `code` and returns the value of the pressed button. `extra` is
-/// the slot that message 2 asks about. Runtime error 5 for a code without message.
+/// the slot that message 2 asks about.
 int uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
 
 }  // namespace calvora

@@ -12,20 +12,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumns = OverviewGrid::kSlots + 2;
-
 /// Pairs of two-digit field and two-digit row.
 const auto kFieldRows =
     u"01-01,02-02,03-03,04-04,05-05,06-06,20-08,21-09,22-10,23-11,24-12,25-13,26-14,07-16,08-17,"
     "09-18,11-20,12-21,13-22,14-23,15-24,"_s;
-
-const FieldCaption& captionOf(int field) {
-  for (const auto& captions : {inputCaptions(), resultCaptions()}) {
-    const auto found = std::ranges::find(captions, field, &FieldCaption::index);
-    if (found != captions.end()) return *found;
-  }
-  throw RuntimeError(ErrorNumber::kIndex, QString::number(field));
-}
 
 /// A text as one field of tab-separated text.
 QString asField(QString text) {
@@ -94,12 +84,12 @@ QString cellText(const OverviewGrid& grid, int row, int column) {
 
 QString copyText(const OverviewGrid& grid, std::span<const std::pair<int, int>> cells) {
   std::set<std::pair<int, int>> chosen(cells.begin(), cells.end());
-  const size_t all = size_t{OverviewGrid::kRows} * kColumns;
+  const size_t all = size_t{OverviewGrid::kRows} * OverviewGrid::kColumns;
   const bool whole = chosen.empty() || chosen.size() == all;
   std::set<int> rows;
   std::set<int> columns;
   for (int row = 0; row < OverviewGrid::kRows; ++row) {
-    for (int column = 0; column < kColumns; ++column) {
+    for (int column = 0; column < OverviewGrid::kColumns; ++column) {
       if (whole) chosen.insert({row, column});
       if (!chosen.contains({row, column})) continue;
       rows.insert(row);

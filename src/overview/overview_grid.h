@@ -11,6 +11,7 @@ namespace calvora {
 struct OverviewGrid {
   static constexpr int kRows = 25;
   static constexpr int kSlots = 8;
+  static constexpr int kColumns = kSlots + 2;  ///< names, units, one of each slot
 
   /// One analysis.
   struct Slot {

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumns = OverviewGrid::kSlots + 2;
+constexpr int kColumns = OverviewGrid::kColumns;
 
 // Twips.
 constexpr int kNameWidth = 2900;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include "platform/enter_press.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -91,8 +92,7 @@ void SlotLabel::resizeEvent(QResizeEvent* event) {
 }
 
 void SlotLabel::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && !event->isAutoRepeat()) {
+  if (isEnter(*event) && !event->isAutoRepeat()) {
     click();
   } else {
     QAbstractButton::keyPressEvent(event);

@@ -14,8 +14,7 @@ class EnterPress : public QObject {
   bool eventFilter(QObject* receiver, QEvent* event) override {
     if (event->type() == QEvent::KeyPress) {
       const auto& key = *static_cast<QKeyEvent*>(event);
-      const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-      if (enter && !key.isAutoRepeat()) {
+      if (isEnter(key) && !key.isAutoRepeat()) {
         button_.click();
         return true;
       }
@@ -28,6 +27,10 @@ class EnterPress : public QObject {
 };
 
 }  // namespace
+
+bool isEnter(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
 
 void pressOnEnter(QPushButton& button) {
   button.setAutoDefault(false);

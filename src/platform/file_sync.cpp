@@ -21,30 +21,20 @@ bool syncFile(QFileDevice& file) {
 }
 
 /// Renaming is journalled there; a folder cannot be flushed.
-bool syncFolder(const QString&) {
-  return true;
-}
+void syncFolder(const QString&) {}
 
 #else
 
-namespace {
-
-bool sync(int handle) {
-  return fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
-}
-
-}  // namespace
-
 bool syncFile(QFileDevice& file) {
-  return sync(file.handle());
+  const bool done = fsync(file.handle()) == 0;
+  return done || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
 }
 
-bool syncFolder(const QString& path) {
+void syncFolder(const QString& path) {
   const int handle = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (handle < 0) return true;  // a folder that may be written but not listed
-  const bool done = sync(handle);
+  if (handle < 0) return;  // a folder that may be written but not listed
+  fsync(handle);
   close(handle);
-  return done;
 }
 
 #endif

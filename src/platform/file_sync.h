@@ -9,7 +9,7 @@ namespace calvora {
 /// there; true where the file system knows no such thing.
 bool syncFile(QFileDevice& file);
 
-/// The same for a folder, whose entries changed.
-bool syncFolder(const QString& path);
+/// Asks for the same for a folder, whose entries changed.
+void syncFolder(const QString& path);
 
 }  // namespace calvora

@@ -1,8 +1,8 @@
 #include "platform/form.h"
 
 #include <QBoxLayout>
-#include <QPushButton>
 
+#include "platform/enter_press.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -27,6 +27,16 @@ QPushButton* makeButton(const QString& caption, int width) {
   auto* button = new QPushButton(caption);
   button->setMinimumSize(twips(width), twips(kButtonHeight));
   return button;
+}
+
+void addButtons(ControlArray<QPushButton>& buttons, int width,
+                std::initializer_list<std::pair<int, QString>> captions,
+                const std::function<void(int)>& clicked) {
+  for (const auto& [index, caption] : captions) {
+    QPushButton& button = buttons.add(index, makeButton(caption, width));
+    pressOnEnter(button);
+    QObject::connect(&button, &QPushButton::clicked, [clicked, i = index] { clicked(i); });
+  }
 }
 
 QBoxLayout* makeButtonRow(std::initializer_list<QPushButton*> buttons) {

@@ -1,11 +1,14 @@
 #pragma once
 
-#include <QString>
+#include <QPushButton>
+#include <functional>
 #include <initializer_list>
+#include <utility>
+
+#include "platform/control_array.h"
 
 class QBoxLayout;
 class QLayout;
-class QPushButton;
 
 namespace calvora {
 
@@ -16,6 +19,12 @@ void setWindowMargins(QLayout& layout);
 
 /// A button of the height that all have; `width` is its least one, in twips.
 QPushButton* makeButton(const QString& caption, int width);
+
+/// Makes the buttons of an array, by index and caption. A click, or Enter while it has the focus,
+/// calls `clicked` with a button's index.
+void addButtons(ControlArray<QPushButton>& buttons, int width,
+                std::initializer_list<std::pair<int, QString>> captions,
+                const std::function<void(int)>& clicked);
 
 /// The row at the foot of a window: the buttons stand at its right, in that order.
 QBoxLayout* makeButtonRow(std::initializer_list<QPushButton*> buttons);

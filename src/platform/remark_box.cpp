@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+#include "platform/enter_press.h"
+
 namespace calvora {
 
 RemarkBox::RemarkBox(QWidget* parent) : QPlainTextEdit(parent) {
@@ -11,7 +13,7 @@ RemarkBox::RemarkBox(QWidget* parent) : QPlainTextEdit(parent) {
 }
 
 void RemarkBox::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  if (isEnter(*event)) {
     event->accept();
     enter();
     return;

@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "dialogs/guarded.h"
+#include "entry/date_text.h"
 #include "entry/key_filter.h"
 #include "platform/busy_cursor.h"
 #include "platform/enter_press.h"
@@ -19,15 +20,6 @@ namespace {
 
 constexpr int kLongestDate = 12;
 constexpr int kLongestText = 99;
-
-/// What is left of a pasted text: its lines stay, and each is filtered.
-QString filteredLines(const QString& text) {
-  QString lines = text;
-  lines.replace("\r\n"_L1, "\n"_L1).replace('\r'_L1, '\n'_L1);
-  QStringList kept;
-  for (const QString& line : lines.split('\n'_L1)) kept += filteredText(line);
-  return kept.join('\n'_L1);
-}
 
 }  // namespace
 
@@ -48,7 +40,7 @@ void Drucker::Form_Load() {
     Text1(box).setMaxLength(std::max(kLongestText, static_cast<int>(text.size())));
     Text1(box).showText(text);
   };
-  Text1(1).showText(program_.today().toString(u"dd.MM.yyyy"_s));
+  Text1(1).showText(dateText(program_.today()));
   show(2, program_.header[1]);
   show(3, program_.header[3]);
   Text4->setPlainText(program_.header[7]);
@@ -108,7 +100,7 @@ void Drucker::Command2_Click() {
   if (printed) return;
   questions_.ask({.text = u" Der Ausdruck konnte nicht erstellt werden ! "_s,
                   .title = u"Drucken"_s,
-                  .symbol = 3});
+                  .symbol = symbol::kStop});
 }
 
 /// Prints head and body. A fault in either leaves out what it hit; the rest is sent, and the user

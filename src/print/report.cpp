@@ -2,7 +2,9 @@
 #include "print/report.h"
 
 #include "app/fields.h"
-#include "storage/line_file.h"
+#include "entry/date_text.h"
+#include "entry/decimal.h"
+#include "storage/file_name.h"
 
 namespace calvora {
 
@@ -11,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kValueWidth = 8;
+constexpr int kFewerDecimals = 3;
 
 // Text columns.
 constexpr int kMargin = 13;
@@ -63,12 +66,14 @@ QString onOneLine(const QString& remark) {
   return line;
 }
 
-/// A value in its column, which keeps the last characters. Decimal zeros give way before: else
-/// "1420,0000" would lose its thousands on paper.
+/// A value in its column, which keeps the last characters. Decimal zeros give way before, and then
+/// what is finer than three decimals: else "1420,0000" would lose its thousands on paper.
 QString valueColumn(QString value) {
-  while (value.size() > kValueWidth && value.contains(','_L1) &&
-         (value.endsWith('0'_L1) || value.endsWith(','_L1))) {
-    value.chop(1);
+  const auto tooLong = [&] { return value.size() > kValueWidth && value.contains(','_L1); };
+  while (tooLong() && (value.endsWith('0'_L1) || value.endsWith(','_L1))) value.chop(1);
+  const qsizetype decimals = value.size() - 1 - value.indexOf(','_L1);
+  if (tooLong() && decimals > kFewerDecimals && isNumberText(value)) {
+    value = Decimal(readNumber(QString(value).replace(','_L1, '.'_L1))).fixedText(kFewerDecimals);
   }
   return value.rightJustified(kValueWidth).right(kValueWidth);
 }
@@ -112,7 +117,7 @@ Statements headStatements(const ReportHead& head, bool landscape) {
   portraitLines(1);
   report.size(10)
       .at(kMargin, u"Erstell-Datum:"_s)
-      .at(kHeadValue, head.today.toString(u"dd.MM.yyyy"_s))
+      .at(kHeadValue, dateText(head.today))
       .at(kProduct, u"Calvora"_s)
       .endLine();
   line(u"Projekt:"_s, head.project);

@@ -1,5 +1,6 @@
 #include "storage/analysis_file.h"
 
+#include "app/fields.h"
 #include "platform/safe_write.h"
 #include "storage/line_file.h"
 
@@ -47,8 +48,7 @@ QByteArray analysisContent(const Program& program) {
   for (int slot = 1; slot <= kHeaderSlots; ++slot) writer.text(program.header[slot]);
   writer.text(u"ende"_s);
   for (int index = 1; index <= 26; ++index) {
-    const bool stored = index <= 15 || index >= 20;
-    if (!stored || record.text[index].isEmpty()) continue;
+    if (!isInFile(index) || record.text[index].isEmpty()) continue;
     writer.fields({QString::number(index), invariantNumber(record.value[index]),
                    LineWriter::quoted(record.text[index])});
   }

@@ -1,12 +1,15 @@
 #include "storage/dateien.h"
 
 #include <QCalendarWidget>
+#include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QRegularExpression>
+#include <algorithm>
+#include <array>
 
 #include "dialogs/guarded.h"
+#include "entry/date_text.h"
 #include "entry/key_filter.h"
 #include "platform/date_picker.h"
 #include "platform/enter_press.h"
@@ -14,6 +17,7 @@
 #include "platform/look.h"
 #include "platform/twips.h"
 #include "storage/analysis_file.h"
+#include "storage/file_name.h"
 #include "storage/line_file.h"
 
 namespace calvora {
@@ -24,34 +28,15 @@ namespace {
 
 constexpr int kFileNotFound = static_cast<int>(ErrorNumber::kFileNotFound);
 constexpr int kCancelled = 1;
-const QDate kFirstDate(100, 1, 1);  // the toolkit knows no earlier one
-const auto kDateFormat = u"dd.MM.yyyy"_s;
+constexpr int kDialogCancelled = static_cast<int>(ErrorNumber::kDialogCancelled);
 const auto kRemove = u"löschen"_s;
 const auto kSet = u"setzen"_s;
-
-/// The date in a header slot, from its first two characters, the two behind the first point and its
-/// last four; not valid for blanks and for what is no date.
-QDate dateOf(const QString& slot) {
-  // Whatever parts them: the positions count.
-  static const QRegularExpression kDate(u"^([0-9]{2}).([0-9]{2}).([0-9]{4})$"_s);
-  const auto match = kDate.match(slot.trimmed());
-  const QDate date(match.captured(3).toInt(), match.captured(2).toInt(), match.captured(1).toInt());
-  return date >= kFirstDate ? date : QDate();
-}
-
-/// The path with the extension that belongs to it: its file name is cut at the first point behind
-/// its first character.
-QString withExtension(const QString& path, const QString& extension) {
-  const qsizetype name = path.lastIndexOf('/'_L1) + 1;
-  const qsizetype point = path.indexOf('.'_L1, name + 1);
-  return path.left(point) + '.'_L1 + extension;
-}
 
 /// Why a file was not written, in the user's words.
 QString reasonOf(const RuntimeError& error) {
   switch (static_cast<ErrorNumber>(error.number())) {
     case ErrorNumber::kDiskFull:
-      return u"Der Datenträger ist voll."_s;
+      return u"Der Datenträger ist voll oder gestört."_s;
     case ErrorNumber::kPathAccess:
       return u"Ordner oder Datei lassen sich nicht beschreiben."_s;
     case ErrorNumber::kInvalidCall:
@@ -71,7 +56,7 @@ Dateien::Dateien(Program& program, Questions& questions, Desktop& desktop, QWidg
 
 void Dateien::Form_Load() {
   const auto& header = program_.header;
-  Text6->showText(program_.today().toString(kDateFormat));
+  Text6->showText(dateText(program_.today()));
   Text1->showText(header[1]);
   Text2->showText(header[2]);
   Text3->showText(header[3]);
@@ -122,7 +107,7 @@ void Dateien::keepHeader() {
   header[2] = Text2->text().trimmed();
   header[3] = Text3->text().trimmed();
   header[4] = Text4->text().trimmed();
-  header[5] = dateSet_ ? DTPicker1->date().toString(kDateFormat) : QString();
+  header[5] = dateSet_ ? dateText(DTPicker1->date()) : QString();
   header[6] = Text6->text();
   header[7] = Text7->document()->toRawText().trimmed();
 }
@@ -135,7 +120,7 @@ void Dateien::Command1_Click() {
     try {
       save();
     } catch (const RuntimeError& error) {
-      if (error.number() > 32000) return;
+      if (error.number() == kDialogCancelled) return;
       failure_->setText(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
       failure_->show();
       fitHeight();
@@ -146,8 +131,8 @@ void Dateien::Command1_Click() {
 void Dateien::save() {
   keepHeader();
   const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
-  const QString answer = desktop_.askSaveFile(this, {program_.settings.slot[setting::kDataFolder],
-                                                     extension, asFileName(program_.header[0])});
+  const QString answer =
+      desktop_.askSaveFile(this, {startFolder(), extension, asFileName(program_.header[0])});
   const QString chosen = answer.trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
@@ -160,7 +145,7 @@ void Dateien::save() {
                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
                         .buttons = button::kJa + button::kNein,
                         .title = u"Datei"_s,
-                        .symbol = 5});
+                        .symbol = symbol::kQuestion});
     if (replace != button::kJa) return;
   }
   const QString title = QFileInfo(chosen).fileName();
@@ -204,10 +189,7 @@ int Dateien::readChosenFile(const QString& extension,
                             const std::function<bool(const QString&)>& read) {
   QString path;
   try {
-    path = desktop_
-               .askOpenFile(parentWidget(),
-                            {program_.settings.slot[setting::kDataFolder], extension, {}})
-               .trimmed();
+    path = desktop_.askOpenFile(parentWidget(), {startFolder(), extension, {}}).trimmed();
   } catch (const RuntimeError&) {
     return kCancelled;
   }
@@ -221,10 +203,17 @@ int Dateien::readChosenFile(const QString& extension,
   return 0;
 }
 
+/// Where a file dialog opens: the data folder; where there is none, as after the program was moved
+/// with all its files or the settings could not be read, the one beside the program.
+QString Dateien::startFolder() const {
+  const QString& chosen = program_.settings.slot[setting::kDataFolder];
+  return !chosen.isEmpty() && QDir(chosen).exists() ? chosen : defaultDataFolder(program_.programFolder);
+}
+
 void Dateien::tellIncomplete() {
   questions_.ask({.text = u" Die Datei konnte nicht vollständig gelesen werden ! "_s,
                   .title = u"Datei"_s,
-                  .symbol = 2});
+                  .symbol = symbol::kWarning});
 }
 
 /// Makes room for a text that has just come in.
@@ -242,7 +231,7 @@ void Dateien::showLoadedHeader() {
     program_.header[5].clear();
     setDate(false);
   } else {
-    program_.header[5] = DTPicker1->date().toString(kDateFormat);
+    program_.header[5] = dateText(DTPicker1->date());
   }
 }
 
@@ -255,13 +244,26 @@ void Dateien::buildWindow() {
   grid->setHorizontalSpacing(14);
   grid->setVerticalSpacing(10);
   grid->setColumnStretch(2, 1);
+  buildFields(*grid);
+  buildNotices(*grid);
+  Command1 = makeButton(u"speichern"_s, 2100);
+  Command2 = makeButton(u"zur Eingabemaske"_s, 2100);
+  const int row = grid->rowCount();
+  grid->setRowMinimumHeight(row, twips(60));
+  grid->addLayout(makeButtonRow({Command1, Command2}), row + 1, 0, 1, 3);
+  setMinimumWidth(twips(9000));
+  connectDate();
+  connectFields();
+}
+
+void Dateien::buildFields(QGridLayout& grid) {
   int row = 0;
   const auto add = [&](QLabel*& label, const QString& caption, QWidget* field, int columns) {
     label = new QLabel(caption, this);
     label->setBuddy(field);
     field->setAccessibleName(caption.trimmed());
-    grid->addWidget(label, row, 0, columns == 0 ? Qt::AlignTop : Qt::AlignVCenter);
-    grid->addWidget(field, row++, 1, 1, columns == 1 ? 1 : 2);
+    grid.addWidget(label, row, 0, columns == 0 ? Qt::AlignTop : Qt::AlignVCenter);
+    grid.addWidget(field, row++, 1, 1, columns == 1 ? 1 : 2);
   };
   const auto makeField = [this](TextBox*& field) {
     field = new TextBox(this);
@@ -279,12 +281,21 @@ void Dateien::buildWindow() {
   DTPicker1->setMinimumHeight(twips(400));
   add(Label5, u"Probenahme Datum"_s, DTPicker1, 1);
   Label8 = new QPushButton(kRemove, this);
-  grid->addWidget(Label8, row - 1, 2, Qt::AlignLeft);
+  grid.addWidget(Label8, row - 1, 2, Qt::AlignLeft);
   add(Label6, u"Erstell Datum"_s, makeField(Text6), 1);
+  Text6->setReadOnly(true);
+  setRole(*Text6, Role::kComputed);
+  Text6->setFocusPolicy(Qt::NoFocus);
+  for (QWidget* date : std::initializer_list<QWidget*>{DTPicker1, Text6}) {
+    date->setFixedWidth(twips(2400));
+  }
   Text7 = new RemarkBox(this);
   Text7->setFixedHeight(twips(1500));
   add(Label7, u"Freie Text-Eingabe/Bemerkung"_s, Text7, 0);
+}
 
+/// The note on a project, and the place for what went wrong.
+void Dateien::buildNotices(QGridLayout& grid) {
   Label9 = new QLabel(
       u"  Die Daten des Projekts entsprechen dem Zeitpunkt   des  Er-        stelldatum. Wurden "
       "Datei/en des Projekts  seither  geändert,         sollte die Übersicht  neu  angelegt  "
@@ -292,26 +303,17 @@ void Dateien::buildWindow() {
       this);
   Label9->setWordWrap(true);
   Label9->hide();
-  grid->addWidget(Label9, row++, 1, 1, 2);
+  const int row = grid.rowCount();
+  grid.addWidget(Label9, row, 1, 1, 2);
   failure_ = new QLabel(this);
   failure_->setObjectName(u"failure"_s);
   failure_->setWordWrap(true);
   failure_->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
   failure_->hide();
-  grid->addWidget(failure_, row++, 0, 1, 3);
-
-  for (QWidget* date : std::initializer_list<QWidget*>{DTPicker1, Text6}) {
-    date->setFixedWidth(twips(2400));
-  }
-  Command1 = makeButton(u"speichern"_s, 2100);
-  Command2 = makeButton(u"zur Eingabemaske"_s, 2100);
-  grid->setRowMinimumHeight(row++, twips(60));
-  grid->addLayout(makeButtonRow({Command1, Command2}), row, 0, 1, 3);
-  setMinimumWidth(twips(9000));
-  connectFields();
+  grid.addWidget(failure_, row + 1, 0, 1, 3);
 }
 
-void Dateien::connectFields() {
+void Dateien::connectDate() {
   DTPicker1->setDisplayFormat(kDateFormat);
   DTPicker1->setCalendarPopup(true);
   // Picked in the calendar or stepped with the arrow keys. Typed digits would run from one section
@@ -323,24 +325,32 @@ void Dateien::connectFields() {
   // The toolkit never forgets what it works out for a line inside another control, unless that has
   // a style of its own.
   for (auto* line : DTPicker1->findChildren<QLineEdit*>()) line->setStyleSheet(u" "_s);
-  Text6->setReadOnly(true);
-  setRole(*Text6, Role::kComputed);
-  Text6->setFocusPolicy(Qt::NoFocus);
+}
 
-  const auto connectField = [this](TextBox* field, QWidget* next, const QString& location) {
+/// The text field after one, over those that are hidden.
+QWidget* Dateien::nextField(const QWidget* field) const {
+  const std::array<QWidget*, 5> fields{Text1, Text2, Text3, Text4, Text7};
+  const auto* next = std::ranges::find(fields, field) + 1;
+  while ((*next)->isHidden()) ++next;  // the remark never is
+  return *next;
+}
+
+void Dateien::connectFields() {
+  // Enter goes to the next field that is there: a project has no sample.
+  const auto connectField = [this](TextBox* field, const QString& location) {
     field->filter = [](const QString& text, bool) { return filteredText(text); };
     field->setMaxLength(static_cast<int>(LineReader::kLongestLine));
-    field->keyDown = [next](int code) {
-      if (code == key::kEnter) next->setFocus(Qt::TabFocusReason);
+    field->keyDown = [this, field](int code) {
+      if (code == key::kEnter) nextField(field)->setFocus(Qt::TabFocusReason);
     };
     field->keyPress = [this, location](int& code) {
       guarded(questions_, location, [&code] { text_check(code); });
     };
   };
-  connectField(Text1, Text2, u" dateien\\ps_text1_keypress"_s);
-  connectField(Text2, Text3, u" dateien\\ps_t2_keypress"_s);
-  connectField(Text3, Text4, u" dateien\\ps_t3_keypress"_s);
-  connectField(Text4, Text7, u" dateien\\ps_t4_keypress"_s);
+  connectField(Text1, u" dateien\\ps_text1_keypress"_s);
+  connectField(Text2, u" dateien\\ps_t2_keypress"_s);
+  connectField(Text3, u" dateien\\ps_t3_keypress"_s);
+  connectField(Text4, u" dateien\\ps_t4_keypress"_s);
   Text7->filter = filteredText;
   Text7->enter = [this] { Command1->setFocus(Qt::TabFocusReason); };
   Text7->keyPress = [this](int& code) {

@@ -12,6 +12,8 @@
 #include "platform/remark_box.h"
 #include "platform/text_box.h"
 
+class QGridLayout;
+
 namespace calvora {
 
 /// Mode of `dateiladen` that reads for the overview instead of the main window.
@@ -83,6 +85,10 @@ class Dateien : public QDialog {
 
  private:
   void buildWindow();
+  void buildFields(QGridLayout& grid);
+  void buildNotices(QGridLayout& grid);
+  [[nodiscard]] QWidget* nextField(const QWidget* field) const;
+  void connectDate();
   void connectFields();
   void Form_Load();
   void Label8_Click();
@@ -95,6 +101,7 @@ class Dateien : public QDialog {
   void dateiladenForOverview(int& mode);
   bool showDate(const QString& text);
   void tellIncomplete();
+  [[nodiscard]] QString startFolder() const;
   void fitHeight();
   void setDate(bool given);
 

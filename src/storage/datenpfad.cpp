@@ -6,11 +6,10 @@
 #include <QStorageInfo>
 
 #include "dialogs/guarded.h"
-#include "platform/enter_press.h"
+#include "dialogs/meldungen.h"
 #include "platform/form.h"
 #include "platform/twips.h"
 #include "storage/line_file.h"
-#include "storage/meldungen.h"
 
 namespace calvora {
 
@@ -124,7 +123,7 @@ bool datenpfad::canBeKept(const QString& folder) {
       {.text = joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
                             u" gespeichert werden können. Wählen Sie einen anderen ! "_s}),
        .title = u"Datenpfad"_s,
-       .symbol = 2});
+       .symbol = symbol::kWarning});
   return false;
 }
 
@@ -176,12 +175,8 @@ void datenpfad::buildWindow() {
   bold.setBold(true);
   Label3(2).setFont(bold);
 
-  for (const auto& [index, caption] :
-       {std::pair{1, u"OK/speichern"_s}, std::pair{2, u"abbrechen"_s}}) {
-    auto& button = Command1.add(index, makeButton(caption, 1900));
-    pressOnEnter(button);
-    connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-  }
+  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+             [this](int index) { Command1_Click(index); });
   Command1(1).setEnabled(false);
 
   layout->addWidget(Label1);

@@ -3,12 +3,11 @@
 #include <QGridLayout>
 
 #include "dialogs/guarded.h"
+#include "dialogs/meldungen.h"
 #include "entry/key_filter.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
-#include "storage/meldungen.h"
 
 namespace calvora {
 
@@ -82,8 +81,8 @@ void firma::save() {
   });
   settings.slot[setting::kPrintLine] = printLine;
   settings.slot[setting::kSegmentList] = segmentList(segments);
-  settings.slot[7].clear();
-  settings.slot[8].clear();
+  // In the running program the first two slots of the segments hold line and list instead.
+  for (const int slot : {7, 8}) settings.slot[slot].clear();
   if (!saved) return;  // the window stays, to try again
   katalogMeldung(questions_, meldung::kDruckzeileGespeichert);
   state_ = 0;
@@ -142,12 +141,8 @@ void firma::buildWindow() {
   available->setSpacing(10);
   available->addWidget(&Label3.add(0, new QLabel(u"verfügbare Zeichen"_s)));
   available->addWidget(&Label3.add(1, new QLabel));
-  for (const auto& [index, caption] :
-       {std::pair{1, u"OK/speichern"_s}, std::pair{2, u"abbrechen"_s}}) {
-    auto& button = Command1.add(index, makeButton(caption, 1900));
-    pressOnEnter(button);
-    connect(&button, &QPushButton::clicked, this, [this, i = index] { Command1_Click(i); });
-  }
+  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+             [this](int index) { Command1_Click(index); });
   available->addLayout(makeButtonRow({&Command1(1), &Command1(2)}), 1);
   grid->addLayout(available, 7, 0, 1, 2);
   setMinimumWidth(twips(11500));

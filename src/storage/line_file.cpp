@@ -37,13 +37,6 @@ QString takeField(const QString& line, qsizetype& position) {
 
 }  // namespace
 
-QString asFileName(QString name) {
-  for (QChar& c : name) {
-    if (c < ' '_L1 || u"\\/:*?\"<>|"_s.contains(c)) c = '-'_L1;
-  }
-  return name;
-}
-
 bool isStorable(const QString& text) {
   return text.size() < LineReader::kLongestLine / 2 &&
          LineWriter::quoted(fromWindows1252(toWindows1252(text))) == '"'_L1 + text + '"'_L1;
@@ -121,16 +114,14 @@ QStringList LineReader::fields(int count) {
 }
 
 QString invariantNumber(FixedPoint value) {
-  const bool negative = value.raw() < 0;
-  const quint64 raw =
-      negative ? ~static_cast<quint64>(value.raw()) + 1 : static_cast<quint64>(value.raw());
+  const quint64 raw = value.magnitude();
   QString text = QString::number(raw / FixedPoint::kScale);
   if (const quint64 decimals = raw % FixedPoint::kScale; decimals != 0) {
     QString digits = QString::number(decimals).rightJustified(4, '0'_L1);
     while (digits.endsWith('0'_L1)) digits.chop(1);
     text += '.'_L1 + digits;
   }
-  return negative ? '-'_L1 + text : text;
+  return value.raw() < 0 ? '-'_L1 + text : text;
 }
 
 FixedPoint readInvariantNumber(const QString& text) {

@@ -11,10 +11,6 @@ namespace calvora {
 /// Whether a text can be written to a file and read back as it is.
 bool isStorable(const QString& text);
 
-/// A name as a file name: "-" for what would lead into another folder, part the name into several,
-/// or is not allowed in a name everywhere.
-QString asFileName(QString name);
-
 /// Builds the content of a file: lines of comma-separated fields, CR LF, Windows-1252.
 class LineWriter {
  public:

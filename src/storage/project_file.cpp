@@ -1,6 +1,5 @@
 #include "storage/project_file.h"
 
-#include "platform/safe_write.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
 

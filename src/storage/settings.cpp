@@ -35,7 +35,7 @@ void readSlots(Settings& settings, LineReader reader) {
     if (fields.isEmpty() && reader.atEnd()) return;  // a blank last line
     if (fields.size() < 2) throw RuntimeError(ErrorNumber::kEndOfFile);
     const qint64 number = readInteger(fields[0]);
-    const int slot = number < 0 || number > settings.slot.size() ? -1 : static_cast<int>(number);
+    const int slot = number < 0 || number >= settings.slot.size() ? -1 : static_cast<int>(number);
     settings.slot[slot] = fields[1];
     if (isSegment(slot)) {
       settings.segments.at(static_cast<size_t>(slot - setting::kFirstSegment)) = fields[1];
@@ -62,8 +62,11 @@ void keepUnread(const QString& path) {
   if (!QFile::exists(path)) return;
   const auto contentOf = [](const QString& name) {
     QFile file(name);
-    if (!file.open(QFile::ReadOnly)) throw RuntimeError(ErrorNumber::kPathAccess, name);
-    return file.read(LineReader::kLargestFile);
+    // What is larger than any settings are would be kept in part only.
+    if (!file.open(QFile::ReadOnly) || file.size() > LineReader::kLargestFile) {
+      throw RuntimeError(ErrorNumber::kPathAccess, name);
+    }
+    return file.readAll();
   };
   const QByteArray content = contentOf(path);
   QString copy = path + u".alt"_s;

@@ -40,7 +40,8 @@ void readSettings(Settings& settings, const QString& programFolder);
 
 /// Writes the settings file, slots 1 to 12. What was not readable in the old file is kept beside it
 /// as `cvra.ini.alt`, `.alt2` and so on. Runtime error 75 or 61, and the old file untouched, if
-/// that fails; the settings then count as unsaved.
+/// that fails or the old one is larger than any settings are (4 MiB); the settings then count as
+/// unsaved.
 void writeSettings(Settings& settings, const QString& programFolder);
 
 /// The four segments as one list: each followed by "|", and a "|" in them as "/".

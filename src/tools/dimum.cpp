@@ -3,9 +3,8 @@
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QScreen>
-#include <QStyle>
 
-#include "app/main_window.h"
+#include "chem/subcalc.h"
 #include "dialogs/guarded.h"
 #include "platform/enter_press.h"
 #include "platform/form.h"
@@ -43,17 +42,18 @@ ClickLabel:focus { border: 2px solid #1b2430; padding: 1px 7px; }
 
 }  // namespace
 
-dimum::dimum(main& mainWindow, Program& program, Questions& questions, Desktop& desktop)
+dimum::dimum(Program& program, Questions& questions, Desktop& desktop, TakeOver takeOver,
+             QWidget& mainWindow)
     : QDialog(&mainWindow),
-      main_(mainWindow),
       questions_(questions),
       desktop_(desktop),
+      takeOver_(std::move(takeOver)),
       converter_(program, questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   setEnabled(true);  // although the window below is not
   buildWindow();
   Form_Load();
-  placeOnScreen(*this, main_.pos() - main_.screen()->geometry().topLeft() +
+  placeOnScreen(*this, mainWindow.pos() - mainWindow.screen()->geometry().topLeft() +
                            QPoint(twips(kLeft), twips(kTop)));
 }
 
@@ -114,25 +114,26 @@ void dimum::moveFocusTo(int index) {
 void dimum::labclick(int index) {
   guarded(questions_, u" dimum\\labclick"_s, [&] {
     moveFocusTo(index);
-    Eingabe result = Eingabe::kDone;
+    Conversion result = Conversion::kDone;
     do {
       result = converter_.enter(index, desktop_.askText(this, {.title = u"Eingabe"_s,
                                                                .prompt = converter_.prompt(index),
                                                                .left = kInputBoxLeft,
                                                                .top = kInputBoxTop}));
       showSlots();
-      converter_.melden(result, index);
-      if (result != Eingabe::kTooLarge) continue;
-      converter_.clearTexts();
-      showSlots();
-    } while (result != Eingabe::kDone);
+      converter_.tell(result, index);
+      if (result == Conversion::kTooLarge) {
+        converter_.clearTexts();
+        showSlots();
+      }
+    } while (result != Conversion::kDone);
   });
 }
 
 void dimum::Command1_Click() {
   int status = kFocusBack;
   guarded(questions_, u" dimum\\command1"_s,
-          [&] { status = main_.takeOver(converter_.field(), converter_.ownText()); });
+          [&] { status = takeOver_(converter_.field(), converter_.ownText()); });
   if (status != kFocusBack) Command2_Click();
 }
 

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 
 #include "platform/control_array.h"
 #include "platform/desktop.h"
@@ -14,8 +15,6 @@ class QGridLayout;
 
 namespace calvora {
 
-class main;
-
 /// The unit converter: shows the current field's value in all its units, takes a value in any of
 /// them and hands it to the analysis. Not modal, deletes itself on close; the main window, which is
 /// disabled meanwhile, listens for `finished`.
@@ -23,7 +22,13 @@ class dimum : public QDialog {
   Q_OBJECT
 
  public:
-  dimum(main& mainWindow, Program& program, Questions& questions, Desktop& desktop);
+  /// Hands a field's text to the analysis as if it had been typed. Returns kFocusBack if the check
+  /// wants it to be entered again, else 0.
+  using TakeOver = std::function<int(int field, const QString& text)>;
+
+  /// Opens over the main window.
+  dimum(Program& program, Questions& questions, Desktop& desktop, TakeOver takeOver,
+        QWidget& mainWindow);
 
   ControlArray<ClickLabel> Label1;  ///< units
   ControlArray<ClickLabel> Label3;  ///< values
@@ -51,9 +56,9 @@ class dimum : public QDialog {
   void setLook(int index, Look look);
   void moveFocusTo(int index);
 
-  main& main_;
   Questions& questions_;
   Desktop& desktop_;
+  TakeOver takeOver_;
   Umrechner converter_;
 };
 

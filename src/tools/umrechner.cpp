@@ -10,11 +10,22 @@ namespace calvora {
 
 using namespace Qt::StringLiterals;
 
+/// What one of a unit measures beside its factor: an amount of substance counts by its charge, a
+/// mass by charge and molar mass.
+enum class Per { kNothing, kAmount, kMass };
+
+/// A unit: (value − shiftBefore) × scale − shiftAfter is the value in the base unit.
+struct Unit {
+  QString caption;  ///< its blanks right-align the units
+  double scale = 1;
+  Per per = Per::kNothing;
+  double shiftBefore = 0;
+  double shiftAfter = 0;
+};
+
 namespace {
 
 constexpr int kBaseSlot = 1;
-constexpr int kFirstMassSlot = 7;
-constexpr int kLastMassSlot = 10;
 constexpr int kMgPerM3Slot = 10;
 
 constexpr double kAbsoluteZero = 273.15;  // K at 0 °C
@@ -52,64 +63,48 @@ bool namesSubstance(int field) {
   return units != nullptr && units->molarMass > 0;
 }
 
-/// Captions of a group from slot 1 on; the blanks right-align the units.
-std::span<const QString> captionsOf(int field) {
-  static const std::array kConductivity{u"    uS/cm"_s,    u"    mS/cm"_s, u"      mS/m"_s,
-                                        u"         S/m"_s, u"    Mho/m"_s, u"            EC"_s};
-  static const std::array kTemperature{u"       °C  Celsius"_s, u" °F  Fahrenheit"_s,
-                                       u"     °R  Rankine"_s, u"                Kelvin"_s};
+/// The units of a field's group, from slot 1, the base, on.
+std::span<const Unit> unitsIn(int field) {
+  using enum Per;
+  static const std::array kConductivity{
+      Unit{u"    uS/cm"_s},           Unit{u"    mS/cm"_s, 1000},  Unit{u"      mS/m"_s, 10},
+      Unit{u"         S/m"_s, 10000}, Unit{u"    Mho/m"_s, 10000}, Unit{u"            EC"_s},
+  };
+  static const std::array kTemperature{
+      Unit{u"       °C  Celsius"_s},
+      Unit{.caption = u" °F  Fahrenheit"_s, .scale = 5.0 / 9.0, .shiftBefore = 32},
+      Unit{.caption = u"     °R  Rankine"_s, .scale = 5.0 / 9.0, .shiftAfter = kAbsoluteZero},
+      Unit{.caption = u"                Kelvin"_s, .shiftAfter = kAbsoluteZero},
+  };
   static const std::array kConcentration{
-      u"                 °dH"_s, u"                 °aH"_s, u"                  °fH"_s,
-      u"                 °eH"_s, u"         ppm TH"_s,      u" ppm CaCO3"_s,
-      u"                ppm"_s,  u"                mg/l"_s, u"               g/m3"_s,
-      u"            mg/m3"_s,    u"            mmol/l"_s,   u"           mol/m3"_s,
-      u"        mmol/m3"_s,      u"           mmeq/l"_s};
+      Unit{u"                 °dH"_s},
+      Unit{u"                 °aH"_s, 0.96},
+      Unit{u"                  °fH"_s, 0.56},
+      Unit{u"                 °eH"_s, 0.8},
+      Unit{u"         ppm TH"_s, 0.056},
+      Unit{u" ppm CaCO3"_s, 0.056},
+      Unit{u"                ppm"_s, kDegreesPerMeq, kMass},
+      Unit{u"                mg/l"_s, kDegreesPerMeq, kMass},
+      Unit{u"               g/m3"_s, kDegreesPerMeq, kMass},
+      Unit{u"            mg/m3"_s, kDegreesPerMeq / 1000, kMass},
+      Unit{u"            mmol/l"_s, kDegreesPerMeq, kAmount},
+      Unit{u"           mol/m3"_s, kDegreesPerMeq, kAmount},
+      Unit{u"        mmol/m3"_s, kDegreesPerMeq / 1000, kAmount},
+      Unit{u"           mmeq/l"_s, kDegreesPerMeq},
+  };
   if (unitsOf(field) == nullptr) return {};
   if (field == feld::kLeitfähigkeit) return kConductivity;
   if (field == feld::kTemperatur) return kTemperature;
   return kConcentration;
 }
 
-/// µS/cm in one unit of a slot.
-constexpr std::array kConductivityPerUnit{1.0, 1000.0, 10.0, 10000.0, 10000.0, 1.0};
-
-/// The temperature in °C of a value in a slot's unit.
-double celsiusOf(int slot, double value) {
-  switch (slot) {
-    case 2:
-      return (value - 32) * (5.0 / 9.0);
-    case 3:
-      return value * (5.0 / 9.0) - kAbsoluteZero;
-    case 4:
-      return value - kAbsoluteZero;
-    default:
-      return value;
-  }
-}
-
-/// A temperature in °C in a slot's unit.
-double ofCelsius(int slot, double celsius) {
-  switch (slot) {
-    case 2:
-      return celsius * 9 / 5 + 32;
-    case 3:
-      return (celsius + kAbsoluteZero) * 9 / 5;
-    case 4:
-      return celsius + kAbsoluteZero;
-    default:
-      return celsius;
-  }
+/// The unit of a slot that the group has.
+const Unit& unitAt(int field, int slot) {
+  return unitsIn(field)[static_cast<size_t>(slot - 1)];
 }
 
 double limitOf(int slot) {
   return slot == kMgPerM3Slot ? kLargestMgPerM3 : kLargest;
-}
-
-const FieldCaption& captionOf(int field) {
-  static const FieldCaption kNone{};
-  const auto captions = inputCaptions();
-  const auto found = std::ranges::find(captions, field, &FieldCaption::index);
-  return found == captions.end() ? kNone : *found;
 }
 
 bool isEmptyOrZero(const NumberCell& cell) {
@@ -172,18 +167,18 @@ NumberCell& Umrechner::value(int slot) const {
 }
 
 int Umrechner::lastSlot() const {
-  return static_cast<int>(captionsOf(field_).size());
+  return static_cast<int>(unitsIn(field_).size());
 }
 
 /// Captions, and which slots can be clicked.
 void Umrechner::labelcap() {
-  const auto captions = captionsOf(field_);
   for (int i = 1; i <= kUnitSlots; ++i) {
-    UnitSlot& slot = slots_[i];
-    slot.caption = i <= lastSlot() ? captions[static_cast<size_t>(i - 1)] : QString();
-    slot.massless = !slot.caption.isEmpty() && i >= kFirstMassSlot && i <= kLastMassSlot &&
-                    !namesSubstance(field_);
-    slot.enabled = !slot.caption.isEmpty() && !slot.massless;
+    slots_[i] = {};
+    if (i > lastSlot()) continue;
+    const Unit& unit = unitAt(field_, i);
+    slots_[i].caption = unit.caption;
+    slots_[i].massless = unit.per == Per::kMass && !namesSubstance(field_);
+    slots_[i].enabled = !slots_[i].massless;
   }
 }
 
@@ -217,61 +212,44 @@ void Umrechner::setBase(double value) {
 /// To the base of the conductivities.
 void Umrechner::dimumlf(int slot, double value) {
   if (field_ != feld::kLeitfähigkeit) return dimumtemp(slot, value);
-  setBase(value * kConductivityPerUnit.at(static_cast<size_t>(slot - 1)));
+  setBase(toBase(slot, value));
 }
 
 /// To the base of the temperatures.
 void Umrechner::dimumtemp(int slot, double value) {
   if (field_ != feld::kTemperatur) return dimumrest(slot, value);
-  setBase(celsiusOf(slot, value));
+  setBase(toBase(slot, value));
 }
 
 /// To the base of hardness and concentration.
 void Umrechner::dimumrest(int slot, double value) {
   if (field_ < feld::kKs82 || slot == kBaseSlot) return;
-  setBase(value * hardnessPerUnit(slot));
+  setBase(toBase(slot, value));
 }
 
-/// °dH in one unit of a slot, for the substance of the field.
-double Umrechner::hardnessPerUnit(int slot) const {
+/// Base units in one of a unit, for the substance of the field.
+double Umrechner::scaleOf(const Unit& unit) const {
   const auto constant = [this](int column) {
     return numberOf(program_.conversion[field_][column]);
   };
-  const double charge = constant(spalte::kLadung);
-  switch (slot) {
-    case 2:
-      return 0.96;
-    case 3:
-      return 0.56;
-    case 4:
-      return 0.8;
-    case 5:
-    case 6:
-      return 0.056;
-    case 7:
-    case 8:
-    case 9:
-      return kDegreesPerMeq * charge / constant(spalte::kMolmasse);
-    case 10:
-      return kDegreesPerMeq * charge / constant(spalte::kMolmasse) / 1000;
-    case 11:
-    case 12:
-      return kDegreesPerMeq * charge;
-    case 13:
-      return kDegreesPerMeq * charge / 1000;
-    case 14:
-      return kDegreesPerMeq;
+  switch (unit.per) {
+    case Per::kAmount:
+      return unit.scale * constant(spalte::kLadung);
+    case Per::kMass:
+      return unit.scale * constant(spalte::kLadung) / constant(spalte::kMolmasse);
     default:
-      return 1;
+      return unit.scale;
   }
 }
 
+double Umrechner::toBase(int slot, double value) const {
+  const Unit& unit = unitAt(field_, slot);
+  return (value - unit.shiftBefore) * scaleOf(unit) - unit.shiftAfter;
+}
+
 double Umrechner::fromBase(int slot, double base) const {
-  if (field_ == feld::kLeitfähigkeit) {
-    return base / kConductivityPerUnit.at(static_cast<size_t>(slot - 1));
-  }
-  if (field_ == feld::kTemperatur) return ofCelsius(slot, base);
-  return base / hardnessPerUnit(slot);
+  const Unit& unit = unitAt(field_, slot);
+  return (base + unit.shiftAfter) / scaleOf(unit) + unit.shiftBefore;
 }
 
 /// All other slots from the base. The slot that was typed keeps what was typed.
@@ -284,19 +262,19 @@ void Umrechner::dimumall() {
   }
 }
 
-Eingabe Umrechner::enter(int slot, const QString& typed) {
-  if (!slots_[slot].enabled) return Eingabe::kDone;
+Conversion Umrechner::enter(int slot, const QString& typed) {
+  if (!slots_[slot].enabled) return Conversion::kDone;
   QString text = typed.trimmed();
   QString maximum;
   int code = check::kValid;
   entry_.werteingabe(text, u"0"_s, maximum, code);
   const bool isNumber = code == check::kEmpty || isNumberText(text);
-  if (code == check::kInvalid || !isNumber) return Eingabe::kNotANumber;
+  if (code == check::kInvalid || !isNumber) return Conversion::kNotANumber;
   NumberCell number;
   entry_.strzahl(text, number);
   const double given = numberOf(number);
-  if (std::abs(given) > kLargestConverted) return Eingabe::kTooLarge;
-  if (given == 0 && field_ != feld::kTemperatur) return Eingabe::kDone;
+  if (std::abs(given) > kLargestConverted) return Conversion::kTooLarge;
+  if (given == 0 && field_ != feld::kTemperatur) return Conversion::kDone;
   typed_ = true;
   for (int i = 1; i <= 16; ++i) value(i) = {};
   labelcap();
@@ -304,17 +282,17 @@ Eingabe Umrechner::enter(int slot, const QString& typed) {
   dimumdar(slot, given);
   dimumlf(slot, given);
   dimumall();
-  return given > limitOf(slot) ? Eingabe::kTooLarge : Eingabe::kDone;
+  return given > limitOf(slot) ? Conversion::kTooLarge : Conversion::kDone;
 }
 
-void Umrechner::melden(Eingabe result, int slot) {
-  if (result == Eingabe::kDone) return;
+void Umrechner::tell(Conversion result, int slot) {
+  if (result == Conversion::kDone) return;
   const QString limit = QString::number(limitOf(slot));
-  const QString text = result == Eingabe::kNotANumber
+  const QString text = result == Conversion::kNotANumber
                            ? u" Bitte nur Zahlen eingeben ! "_s
                            : joinedLines({u" Der Wert ist zu groß ! "_s,
                                           u" Es sind höchstens "_s + limit + u" zulässig. "_s});
-  questions_.ask({.text = text, .title = u"Eingabe"_s, .symbol = 2});
+  questions_.ask({.text = text, .title = u"Eingabe"_s, .symbol = symbol::kWarning});
 }
 
 void Umrechner::clearTexts() {

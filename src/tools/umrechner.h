@@ -11,6 +11,8 @@ namespace calvora {
 inline constexpr int kUnitSlots = 14;
 inline constexpr int kSlotRows = 7;
 
+struct Unit;
+
 /// What a slot shows.
 struct UnitSlot {
   QString caption;        ///< the unit; its leading blanks belong to it
@@ -20,7 +22,7 @@ struct UnitSlot {
 };
 
 /// What became of a typed value.
-enum class Eingabe {
+enum class Conversion {
   kDone,        ///< converted, or an entry without value that changes nothing
   kNotANumber,  ///< nothing was changed
   kTooLarge,    ///< converted and shown, to be typed again
@@ -55,10 +57,10 @@ class Umrechner {
   /// Takes a text typed in a slot's unit and recomputes all slots. Empty and zero change nothing,
   /// except for the temperature, where both are 0 in that unit. Above 10000 (900000 mg/m3) a value
   /// is too large.
-  Eingabe enter(int slot, const QString& typed);
+  Conversion enter(int slot, const QString& typed);
 
   /// Tells why a typed value cannot stay; nothing for one that can.
-  void melden(Eingabe result, int slot);
+  void tell(Conversion result, int slot);
 
   /// Empties what the slots show, as after a value that is too large.
   void clearTexts();
@@ -84,8 +86,9 @@ class Umrechner {
 
   void setBase(double value);
   [[nodiscard]] int lastSlot() const;
+  [[nodiscard]] double toBase(int slot, double value) const;
   [[nodiscard]] double fromBase(int slot, double base) const;
-  [[nodiscard]] double hardnessPerUnit(int slot) const;
+  [[nodiscard]] double scaleOf(const Unit& unit) const;
   [[nodiscard]] NumberCell& value(int slot) const;
 
   Program& program_;

@@ -56,7 +56,7 @@ void varios::tempkorr() {
 }
 
 void varios::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  if (isEnter(*event)) {
     focusNextChild();
   } else {
     QDialog::keyPressEvent(event);

@@ -12,13 +12,6 @@ namespace calvora {
 
 using namespace Qt::StringLiterals;
 
-/// Where a label stands, in twips.
-struct LabelPlace {
-  int left;
-  int top;
-  int width;
-};
-
 namespace {
 
 // Twips. The window is flat, so that the green stays dark enough for white text up to its top.
@@ -67,7 +60,7 @@ void Version::Form_Load(const Program& program) {
 }
 
 /// A label is at least as wide as its text, so that a longer version is not cut.
-void Version::addLabel(int index, const QString& text, const LabelPlace& place) {
+void Version::addLabel(int index, const QString& text, const Place& place) {
   auto& label = Label1.add(index, new QLabel(text, this));
   label.setTextFormat(Qt::PlainText);
   const int width = qMax(twips(place.width), label.sizeHint().width());

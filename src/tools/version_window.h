@@ -26,8 +26,15 @@ class Version : public QDialog {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  /// Where a label stands, in twips.
+  struct Place {
+    int left;
+    int top;
+    int width;
+  };
+
   void Form_Load(const Program& program);
-  void addLabel(int index, const QString& text, const struct LabelPlace& place);
+  void addLabel(int index, const QString& text, const Place& place);
 };
 
 }  // namespace calvora

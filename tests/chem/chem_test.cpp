@@ -477,9 +477,6 @@ class ChemTest : public QObject {
       QCOMPARE(errorOf([&] { static_cast<void>(std::as_const(record).text[index]); }), 9);
       QCOMPARE(errorOf([&] { water.chem.checkeingabe(index, u"1"_s, number); }), 9);
     }
-    for (int missing : {0, 14, 99}) {
-      QCOMPARE(errorOf([&] { water.chem.message(missing, {}); }), 5);
-    }
     water.compare({}, {});
   }
 };

@@ -94,7 +94,7 @@ void SmallScreenTest::windows() {
       [](Mask& m) { return std::make_unique<analysen>(m.program, m.questions, m.desktop); });
   row("dimum", [](Mask& m) {
     m.program.fieldIndex = 20;
-    return std::make_unique<dimum>(m.window, m.program, m.questions, m.desktop);
+    return std::make_unique<dimum>(m.program, m.questions, m.desktop, nullptr, m.window);
   });
   row("varios", [](Mask& m) { return std::make_unique<varios>(m.questions, &m.window); });
   row("Version", [](Mask& m) { return std::make_unique<Version>(m.program, &m.window); });

@@ -35,6 +35,7 @@ AnalysisRecord recordOf(Content content) {
   if (content == kSparse) {
     record.text[1] = u"1420,0000"_s;  // the thousands outlast zeros that say nothing
     record.text[2] = u" 7,5 "_s;
+    record.text[3] = u"1234,5678"_s;  // and so do the thousands of any other entry
     record.text[9] = u">9,6"_s;
     record.text[10] = u"n.b."_s;
     record.text[15] = u"0,3"_s;

@@ -6,8 +6,8 @@
 
 #include "app/application.h"
 #include "app/start_window.h"
+#include "dialogs/meldungen.h"
 #include "dialogs/nachricht.h"
-#include "storage/meldungen.h"
 #include "support/window_support.h"
 #include "tools/dimum.h"
 #include "tools/info1.h"
@@ -71,7 +71,7 @@ void ProgramTest::theWindowsSayWhatTheyShould() {
   say(u"start Command1"_s, startWindow.Command1);
   for (const int field : {1, 3, 23}) {
     program.fieldIndex = field;
-    const dimum converter(window, program, questions, desktop);
+    const dimum converter(program, questions, desktop, {}, window);
     said += u"dimum '%1' '%2'"_s.arg(converter.windowTitle(), converter.Label2->text());
     said += u"'%1' '%2' '%3'"_s.arg(converter.Command1->text(), converter.Command2->text(),
                                     converter.mnuhelp->text());

@@ -107,7 +107,7 @@ void UmrechnerTest::everyUnitBecomesEveryOther() {
     QCOMPARE(converter.slot(typed).enabled, !massless);
     if (massless) continue;
     converter.enter(typed, u"3"_s);  // nothing of an entry before may stay
-    QCOMPARE(converter.enter(typed, german(same[typed - 1])), Eingabe::kDone);
+    QCOMPARE(converter.enter(typed, german(same[typed - 1])), Conversion::kDone);
     for (int i = 1; i <= count; ++i) {
       const NumberCell& cell = program.conversion[i][spalte::kWert];
       if (field < 23 && i >= 7 && i <= 10) {

@@ -17,7 +17,7 @@ inline constexpr int kNichtsZuDrucken = 12;
 }  // namespace meldung
 
 /// Shows the catalogue message of `code` and returns the value of the pressed button. `extra` is
-/// the fourth line of message 2. A code without message shows an empty one.
+/// the fourth line of message 2. Any other code shows an empty message.
 int katalogMeldung(Questions& questions, int code, const QString& extra = {});
 
 }  // namespace calvora

@@ -1,0 +1,52 @@
+// The messages of the main window, the data folder window and the company line window.
+#include "dialogs/meldungen.h"
+
+#include <array>
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::span<const CatalogueMessage> catalogue() {
+  using namespace meldung;
+  static const std::array kCatalogue{
+      catalogueEntry(kPfadFehlt, u"Fehler Datenpfad"_s, button::kOk, symbol::kAttention,
+                     {u"Der Voreingestellte Pfad existiert nicht !"_s,
+                      {},
+                      u"Stellen Sie einen Pfad ein, wo die Daten"_s,
+                      u"gespeichert werden sollen."_s}),
+      catalogueEntry(kPfadBestätigen, u"Datenpfad"_s, button::kOk + button::kAbbrechen,
+                     symbol::kDone,
+                     {u"folgender Pfad wird zur Ablage der                   "_s,
+                      u"Daten gespeichert:"_s,
+                      {},
+                      u"%1"_s}),
+      catalogueEntry(
+          kPfadGespeichert, u"Datenpfad"_s, button::kOk, symbol::kAttention,
+          {u" Der eingegebene Pfad wurde als künftiger "_s, u"Speicherort  gespeichert !"_s}),
+      catalogueEntry(kDruckzeileGespeichert, u"Druck-Zeile"_s, button::kOk, symbol::kAttention,
+                     {u" Daten wurden gespeichert !"_s}),
+      catalogueEntry(kVorherSpeichern, u"Daten sichern"_s,
+                     button::kJa + button::kNein + button::kAbbrechen, symbol::kAttention,
+                     {u" Daten vorher speichern ?"_s}),
+      catalogueEntry(
+          kDruckzeileZuLang, u"Druckzeile Firma"_s, button::kOk, symbol::kWarning,
+          {u"Der eingegebne Text ist zu lang"_s,
+           u" Es können max. 115 Zeichen (inkl. Leerzeichen)"_s, u"eingegeben werden !"_s}),
+      catalogueEntry(kNichtsZuSpeichern, u"Datei"_s, button::kOk, symbol::kStop,
+                     {u"Es sind keine Daten zum speichern  "_s, u" vorhanden ! "_s}),
+      catalogueEntry(kNichtsZuDrucken, u"Datei"_s, button::kOk, symbol::kStop,
+                     {u"Es sind keine Daten zum drucken  "_s, u" vorhanden ! "_s}),
+  };
+  return kCatalogue;
+}
+
+}  // namespace
+
+int katalogMeldung(Questions& questions, int code, const QString& extra) {
+  return questions.ask(catalogueMessage(catalogue(), code, extra));
+}
+
+}  // namespace calvora
