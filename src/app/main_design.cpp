@@ -247,6 +247,7 @@ void main::connectUnit(int index) {
 void main::connectBox(int index) {
   TextBox& box = Text1(index);
   box.filter = filteredNumber;
+  box.selectsOnClick = true;
   box.beforeKey = [this, index](bool edits) {
     finishLeftBoxes();
     if (edits && index == feld::kLeitfähigkeit && convertedShown_) {

@@ -7,22 +7,29 @@
 
 namespace calvora {
 
+DialogQuestions::DialogQuestions(Desktop& desktop) : desktop_(desktop) {
+  QObject::connect(qApp, &QApplication::focusChanged, &context_, [this](QWidget*, QWidget* now) {
+    if (now == nullptr) return;
+    QWidget* window = now->window();
+    while (window->parentWidget() != nullptr) window = window->parentWidget()->window();
+    lastWindow_ = window;
+  });
+}
+
 DialogQuestions::~DialogQuestions() {
   delete errorWindow_;
 }
 
-namespace {
-
-/// The window that a message belongs to. Right after another dialog has closed none may be active.
-QWidget* askingWindow() {
+/// The window that a message belongs to. Right after another dialog has closed none may be active:
+/// then it is the one that the dialog lay over.
+QWidget* DialogQuestions::askingWindow() const {
   if (QWidget* active = QApplication::activeWindow()) return active;
+  if (lastWindow_ != nullptr && lastWindow_->isVisible()) return lastWindow_;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
   }
   return nullptr;
 }
-
-}  // namespace
 
 int DialogQuestions::ask(const Message& message) {
   nachricht window(askingWindow());

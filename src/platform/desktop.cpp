@@ -3,9 +3,11 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QSettings>
+#include <QTreeView>
 #include <QUrl>
 
 #include "dialogs/runtime_error.h"
@@ -20,11 +22,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kInputBoxWidth = 5400;  // twips
+constexpr int kTypeColumn = 2;        // of the toolkit's list of files
 
 QString askFile(QFileDialog& dialog, const FileRequest& request) {
   dialog.setDirectory(request.folder);
   dialog.setNameFilter(u"Calvora-Dateien (*.%1)"_s.arg(request.extension));
   if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
+  if (auto* files = dialog.findChild<QTreeView*>(u"treeView"_s)) {  // the toolkit's own dialog
+    files->hideColumn(kTypeColumn);  // all have the same, and it is named in English
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  }
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
     throw RuntimeError(ErrorNumber::kDialogCancelled);
   }

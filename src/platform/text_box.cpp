@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QValidator>
+#include <utility>
 
 #include "entry/key_filter.h"
 
@@ -81,6 +82,16 @@ void TextBox::showText(const QString& text) {
   known_ = text;
 }
 
+void TextBox::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  clickedInto_ = selectsOnClick && event->reason() == Qt::MouseFocusReason;
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (std::exchange(clickedInto_, false) && !hasSelectedText()) selectAll();
+}
+
 /// A dropped text is typed: the box takes the focus first, and what was left by that is finished
 /// before the text comes in.
 void TextBox::dropEvent(QDropEvent* event) {
@@ -105,10 +116,10 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
   const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
                        !event->modifiers().testFlag(Qt::AltModifier);
   const int code = command ? 0 : keyCode(*event);
-  if (code != 0) keyDown(code);
+  if (code != 0 && !(isReadOnly() && code == key::kSpace)) keyDown(code);
   const QString typed = event->text();
   const bool isCharacter = !command && typed.size() == 1 && event->key() != Qt::Key_Delete;
-  if (isCharacter) {
+  if (isCharacter && !isReadOnly()) {
     int character = typed.front().unicode();
     keyPress(character);
     if (character == 0) return;

@@ -5,8 +5,9 @@
 
 namespace calvora {
 
-/// A number box with the key events that the input mask is written for: key down with a key code,
-/// key press with a character that the handler may swallow by setting it to 0.
+/// A box with the key events that the input mask is written for: key down with a key code, key
+/// press with a character that the handler may swallow by setting it to 0. Of a box that is
+/// read-only, only Enter, Up and Down are told.
 class TextBox : public QLineEdit {
   Q_OBJECT
 
@@ -27,6 +28,9 @@ class TextBox : public QLineEdit {
   std::function<QString(const QString& text, bool atStart)> filter = [](const QString& text, bool) {
     return text;
   };
+  /// Whether the click that brings the focus selects the text, as Tab does: what is typed then
+  /// replaces it and does not become a part of it.
+  bool selectsOnClick = false;
 
  signals:
   /// The user changed the text, by whatever means.
@@ -34,6 +38,8 @@ class TextBox : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
  private:
@@ -41,6 +47,7 @@ class TextBox : public QLineEdit {
 
   QString known_;
   bool showing_ = false;
+  bool clickedInto_ = false;  ///< the click that brought the focus is still going on
 };
 
 }  // namespace calvora
