@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QColor>
 #include <QDir>
-#include <QFont>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -96,6 +95,12 @@ void applyLook(QApplication& application) {
     QApplication::installTranslator(german);
     return;
   }
+}
+
+QFont monospacedFont() {
+  QFont font(u"Courier New"_s, 10);
+  font.setStyleHint(QFont::Monospace);
+  return font;
 }
 
 void keepReadable(QWidget& field) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QString>
 
 class QApplication;
@@ -19,6 +20,9 @@ enum class Role {
 /// Gives the program its font, its colours, its icon and German texts in the toolkit's own dialogs.
 /// The colours are the program's own, so that a dark desktop never meets a light box.
 void applyLook(QApplication& application);
+
+/// The font of texts whose columns stand under one another.
+QFont monospacedFont();
 
 /// Sets a property that the style sheet asks for, and lets the control follow it.
 void setStyleProperty(QWidget& control, const char* property, const QString& value);

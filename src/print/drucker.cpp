@@ -74,7 +74,7 @@ PrintRequest Drucker::request() const {
   const QString& name = program_.header[0];
   QString title = reportTitle(kind_);
   if (kind_ == bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
-  const QString& folder = program_.settings.slot[setting::kDataFolder];
+  const QString folder = dialogFolder(program_.settings, program_.programFolder);
   return {
       .title = title,
       .pdfFile =

@@ -1,7 +1,6 @@
 #include "storage/dateien.h"
 
 #include <QCalendarWidget>
-#include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -131,8 +130,9 @@ void Dateien::Command1_Click() {
 void Dateien::save() {
   keepHeader();
   const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
+  const QString folder = dialogFolder(program_.settings, program_.programFolder);
   const QString answer =
-      desktop_.askSaveFile(this, {startFolder(), extension, asFileName(program_.header[0])});
+      desktop_.askSaveFile(this, {folder, extension, asFileName(program_.header[0])});
   const QString chosen = answer.trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
@@ -187,9 +187,10 @@ void Dateien::dateiladen(int& mode) {
 /// not, the user is told. Returns 0, 1 when nothing was read or 53 when the file does not exist.
 int Dateien::readChosenFile(const QString& extension,
                             const std::function<bool(const QString&)>& read) {
+  const QString folder = dialogFolder(program_.settings, program_.programFolder);
   QString path;
   try {
-    path = desktop_.askOpenFile(parentWidget(), {startFolder(), extension, {}}).trimmed();
+    path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}}).trimmed();
   } catch (const RuntimeError&) {
     return kCancelled;
   }
@@ -201,13 +202,6 @@ int Dateien::readChosenFile(const QString& extension,
     return kCancelled;  // nothing was read: what is there stays
   }
   return 0;
-}
-
-/// Where a file dialog opens: the data folder; where there is none, as after the program was moved
-/// with all its files or the settings could not be read, the one beside the program.
-QString Dateien::startFolder() const {
-  const QString& chosen = program_.settings.slot[setting::kDataFolder];
-  return !chosen.isEmpty() && QDir(chosen).exists() ? chosen : defaultDataFolder(program_.programFolder);
 }
 
 void Dateien::tellIncomplete() {

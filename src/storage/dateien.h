@@ -101,7 +101,6 @@ class Dateien : public QDialog {
   void dateiladenForOverview(int& mode);
   bool showDate(const QString& text);
   void tellIncomplete();
-  [[nodiscard]] QString startFolder() const;
   void fitHeight();
   void setDate(bool given);
 

@@ -83,6 +83,12 @@ QString defaultDataFolder(const QString& programFolder) {
   return QDir::toNativeSeparators(programFolder + u"/daten"_s);
 }
 
+QString dialogFolder(const Settings& settings, const QString& programFolder) {
+  const QString& chosen = settings.slot[setting::kDataFolder];
+  const bool isThere = !chosen.isEmpty() && QDir(QDir::fromNativeSeparators(chosen)).exists();
+  return isThere ? chosen : defaultDataFolder(programFolder);
+}
+
 QString segmentList(const std::array<QString, 4>& segments) {
   QString list;
   for (QString segment : segments) list += segment.replace('|'_L1, '/'_L1) + '|'_L1;

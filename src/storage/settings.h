@@ -34,6 +34,10 @@ struct Settings {
 /// The folder that analyses are kept in unless another was chosen.
 QString defaultDataFolder(const QString& programFolder);
 
+/// Where file dialogs open: the data folder; where there is none, as after the program was moved
+/// with all its files or the settings could not be read, the default one.
+QString dialogFolder(const Settings& settings, const QString& programFolder);
+
 /// Reads the settings file and derives print line and segment list. Without a file, or a folder in
 /// it, the data folder is the default; a fault ends reading silently, with neither line derived.
 void readSettings(Settings& settings, const QString& programFolder);

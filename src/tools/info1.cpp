@@ -4,6 +4,7 @@
 
 #include "dialogs/symbols.h"
 #include "platform/form.h"
+#include "platform/look.h"
 #include "platform/twips.h"
 #include "tools/infotexte.h"
 
@@ -27,9 +28,7 @@ info1::info1(QWidget* parent)
       Image4(new Picture(symbolDrawing(1), 480)) {
   setWindowTitle(u"  info"_s);
   setFixedWidth(twips(kWidth));
-  QFont fixedWidth(u"Courier New"_s, 10);
-  fixedWidth.setStyleHint(QFont::Monospace);
-  List1->setFont(fixedWidth);
+  List1->setFont(monospacedFont());
   List1->setFixedWidth(twips(kListWidth));
   List1->setAccessibleName(u"Erläuterung der berechneten pH-Werte"_s);
   List1->setVisible(false);
