@@ -34,7 +34,7 @@ void clearAndReloadAProjectOfEight(benchmark::State& state) {
   analysen overview(bench.program, bench.questions, bench.desktop);
   overview.setAttribute(Qt::WA_DeleteOnClose, false);
   overview.show();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     QTimer::singleShot(0, [] {
       auto* header = qobject_cast<Dateien*>(QApplication::activeModalWidget());
       if (header != nullptr) header->reject();

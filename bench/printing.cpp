@@ -20,7 +20,7 @@ void printToPdf(benchmark::State& state) {
     grid.slot[k].filled = true;
     for (int row = 0; row < OverviewGrid::kRows; ++row) grid.slot[k].cells[row] = u"1234,5"_s;
   }
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Drucker dialog(bench.program, bench.questions, bench.desktop, &bench.window, &grid);
     dialog.druckart(static_cast<int>(state.range(0)));
     dialog.Command2->click();

@@ -47,11 +47,6 @@ class TemporaryFile {
     require(file.open(QFile::WriteOnly) && file.write(content) == content.size(), "the disk works",
             file.errorString());
   }
-  [[nodiscard]] QByteArray content() const {
-    QFile file(path());
-    require(file.open(QFile::ReadOnly), "the file is there", file.errorString());
-    return file.readAll();
-  }
   [[nodiscard]] QString folder() const { return folder_.path(); }
   [[nodiscard]] QString path() const { return folder_.filePath(name_); }
 

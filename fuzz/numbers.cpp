@@ -2,7 +2,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <string>
 
 #include "entry/decimal.h"
 #include "entry/fixed_point.h"

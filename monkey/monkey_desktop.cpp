@@ -130,7 +130,7 @@ QString MonkeyDesktop::askOpenFile(QWidget*, const FileRequest& request) {
 QString MonkeyDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
   if (dice_.percent(15)) throw RuntimeError(ErrorNumber::kDialogCancelled);
   if (dice_.percent(3)) return folder_.filePath(u"gibt/es nicht"_s);
-  const QString answer = folder_.filePath(anyName(request.extension));
+  QString answer = folder_.filePath(anyName(request.extension));
   const QString path = savedPath(answer, request.extension);
   auto* window = qobject_cast<QDialog*>(parent);
   require(window != nullptr, u"a window asks where to save"_s);

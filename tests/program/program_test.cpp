@@ -7,7 +7,6 @@
 #include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/nachricht.h"
-#include "storage/meldungen.h"
 #include "support/window_support.h"
 #include "tools/dimum.h"
 #include "tools/info1.h"
