@@ -29,8 +29,8 @@ OverviewGrid eightAnalyses() {
 void clearAndReloadAProjectOfEight(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
-  bench.desktop.file = folder.filePath(u"acht.cvp"_s);
-  writeProject(bench.program, eightAnalyses(), bench.desktop.file, u"acht.cvp"_s);
+  bench.desktop.file = folder.filePath(u"acht"_s);
+  writeProject(bench.program, eightAnalyses(), folder.filePath(u"acht.cvp"_s), u"acht.cvp"_s);
   analysen overview(bench.program, bench.questions, bench.desktop);
   overview.setAttribute(Qt::WA_DeleteOnClose, false);
   overview.show();

@@ -16,7 +16,7 @@ namespace {
 void saveFromTheConfirmedDialog(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
-  bench.desktop.file = folder.filePath(u"analyse.cva"_s);
+  bench.desktop.file = folder.filePath(u"analyse"_s);
   for ([[maybe_unused]] auto _ : state) {
     Dateien window(bench.program, bench.questions, bench.desktop, &bench.window);
     window.show();
@@ -29,7 +29,7 @@ void loadAndCompute(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
   const QString path = folder.filePath(u"analyse.cva"_s);
-  writeAnalysis(bench.program, path, u"analyse.cva"_s);
+  writeAnalysis(bench.program, path, u"analyse"_s);
   for ([[maybe_unused]] auto _ : state) {
     if (!readAnalysis(bench.program, path, [&] { bench.window.datenkill(0); })) {
       state.SkipWithError("the analysis was not read");

@@ -8,8 +8,10 @@
 
 #include "app/program.h"
 #include "dialogs/questions.h"
+#include "entry/decimal.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
+#include "support/stored_fields.h"
 
 namespace calvora::fuzz {
 
@@ -59,6 +61,11 @@ inline QByteArray bytes(const uint8_t* data, size_t size) {
   return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)};
 }
 
+/// The number that a display text shows.
+inline double shown(QString text) {
+  return readNumber(text.replace(QLatin1Char(','), QLatin1Char('.')));
+}
+
 /// What a text is after it went through a file.
 inline QString inFile(const QString& text) {
   const QString quoted = LineWriter::quoted(text);
@@ -90,8 +97,7 @@ inline void requireSameAfterSaving(Program& program, const TemporaryFile& file) 
             program.header[slot]);
   }
   for (int i = 0; i <= 40; ++i) {
-    const bool stored = (i >= 1 && i <= 15) || (i >= 20 && i <= 26);
-    const QString text = stored ? inFile(program.record.text[i]) : QString();
+    const QString text = isStored(i) ? inFile(program.record.text[i]) : QString();
     const auto value = text.isEmpty() ? FixedPoint{} : program.record.value[i];
     require(again.record.text[i] == text, "a text comes back", text);
     require(again.record.value[i] == value, "a value comes back", invariantNumber(value));

@@ -5,6 +5,7 @@
 
 #include "app/focus_order.h"
 #include "chem/subcalc.h"
+#include "support/files.h"
 #include "support/scripted_questions.h"
 #include "support/tables.h"
 
@@ -463,14 +464,6 @@ class ChemTest : public QObject {
     Water water;
     AnalysisRecord& record = water.program.record;
     int number = 99;
-    const auto errorOf = [](const std::function<void()>& access) {
-      try {
-        access();
-      } catch (const RuntimeError& error) {
-        return error.number();
-      }
-      return 0;
-    };
     for (const int index : {-1, 41}) {
       QCOMPARE(errorOf([&] { record.value[index] = 1_fp; }), 9);
       QCOMPARE(errorOf([&] { record.text[index] = u"x"_s; }), 9);

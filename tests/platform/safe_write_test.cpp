@@ -91,11 +91,7 @@ class SafeWriteTest : public QObject {
  private:
   QString at(const char* name) const { return folder_->filePath(QString::fromUtf8(name)); }
 
-  void put(const char* name, const QByteArray& bytes) const {
-    QFile file(at(name));
-    file.remove();  // truncating it instead makes some file systems wait for the disk
-    QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
-  }
+  void put(const char* name, const QByteArray& bytes) const { calvora::put(at(name), bytes); }
 
   /// All files with their bytes.
   QStringList content() const {

@@ -461,11 +461,7 @@ class StorageTest : public QObject {
  private:
   QString at(const char* name) const { return folder_->filePath(QString::fromUtf8(name)); }
 
-  void put(const char* name, const QByteArray& bytes) const {
-    QFile file(at(name));
-    file.remove();  // truncating it instead makes some file systems wait for the disk
-    QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
-  }
+  void put(const char* name, const QByteArray& bytes) const { calvora::put(at(name), bytes); }
 
   /// Reads into a program that holds another analysis: how that ended, header ("-" is still the
   /// other one's) and fields.

@@ -22,12 +22,6 @@ namespace {
 
 const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
 
-void writeFile(const QString& path, const QByteArray& content) {
-  QFile file(path);
-  QVERIFY(file.open(QFile::WriteOnly));
-  file.write(content);
-}
-
 const QByteArray kSmallFile =
     "\"brunnen\"\r\n\"Projekt A\"\r\n\"7\"\r\n\"Probe\"\r\n\"Kunde\"\r\n\"03.02.2026\"\r\n"
     "\"05.02.2026\"\r\n\"nass\"\r\n\"ende\"\r\n1,420,\"420,0000\"\r\n20,10.6868,\"10,7\"\r\n"
@@ -106,7 +100,7 @@ void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
   QFETCH(bool, told);
   QTemporaryDir folder;
   QVERIFY(QDir(folder.path()).mkpath(u"ordner.cva/darin"_s));
-  writeFile(folder.filePath(u"alt.cva"_s), "alt");
+  put(folder.filePath(u"alt.cva"_s), "alt");
   Mask mask;
   mask.enter(1, u"420"_s);
   mask.program.record.flag[flag::kNameLine] = u"vorher"_s;
@@ -153,8 +147,8 @@ void StorageWindowsTest::anotherExtensionIsReplaced() {
   QFETCH(int, answer);
   QTemporaryDir folder;
   QVERIFY(QDir(folder.path()).mkpath(u"ab.cd"_s));
-  writeFile(folder.filePath(u"da.cva"_s), "alt");
-  writeFile(folder.filePath(u"GROSS.CVA"_s), "alt");
+  put(folder.filePath(u"da.cva"_s), "alt");
+  put(folder.filePath(u"GROSS.CVA"_s), "alt");
   Mask mask;
   mask.enter(1, u"420"_s);
   mask.desktop.paths = {folder.filePath(chosen)};
@@ -204,7 +198,7 @@ void StorageWindowsTest::theSamplingDateCanBeRemovedAndSetAgain() {
 void StorageWindowsTest::aLoadedAnalysisShowsItsHeaderAndKeepsItsHardness() {
   QTemporaryDir folder;
   const QString path = folder.filePath(u"brunnen.cva"_s);
-  writeFile(path, kSmallFile);
+  put(path, kSmallFile);
   Mask mask;
   mask.focus(20);
   mask.focus(1);  // the field last left is the total hardness
@@ -242,7 +236,7 @@ void StorageWindowsTest::loadingTellsWhatItCouldNotRead_data() {
 void StorageWindowsTest::loadingTellsWhatItCouldNotRead() {
   QFETCH(QByteArray, content);
   QTemporaryDir folder;
-  writeFile(folder.filePath(u"a.cva"_s), content);
+  put(folder.filePath(u"a.cva"_s), content);
   Mask mask;
   mask.desktop.paths = {folder.filePath(u"a.cva"_s)};
   mask.questions.expect(u" Die Datei konnte nicht vollständig gelesen werden ! "_s);
@@ -254,7 +248,7 @@ void StorageWindowsTest::loadingTellsWhatItCouldNotRead() {
 void StorageWindowsTest::aLoadedAnalysisIsSavedAgainWithItsDates() {
   QTemporaryDir folder;
   const QString path = folder.filePath(u"brunnen.cva"_s);
-  writeFile(path, kSmallFile);
+  put(path, kSmallFile);
   Mask mask;
   mask.desktop.paths = {path, path};
   onNextModal<Dateien>(this, [](Dateien& window) { window.Command1->click(); });
@@ -319,7 +313,7 @@ void StorageWindowsTest::noCommandDropsChangesUnasked() {
   QTemporaryDir folder;
   const QString old = folder.filePath(u"alt.cva"_s);
   const QString saved = folder.filePath(u"neu.cva"_s);
-  writeFile(old, kSmallFile);
+  put(old, kSmallFile);
   Mask mask;
   mask.keys(u"500"_s);  // not left yet
   mask.questions.expect(kSaveQuestion, answer);
@@ -373,7 +367,7 @@ void StorageWindowsTest::headerFieldsFilterWhatBreaksAFile() {
 void StorageWindowsTest::theFileDialogsSpeakGermanAndAskBeforeReplacing() {
   QTemporaryDir folder;
   for (const auto* name : {"da.cva", "fremd.txt"}) {
-    writeFile(folder.filePath(QLatin1String(name)), "alt");
+    put(folder.filePath(QLatin1String(name)), "alt");
   }
   Mask mask;
   RealDesktop desktop;
