@@ -154,10 +154,8 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
   const auto add = [](const char* group, const QStringList& texts) {
     for (const QString& text : texts) QTest::addRow("%s %s", group, qPrintable(text)) << text;
   };
-  RecordingDesktop desktop;
-  ScriptedQuestions questions;
-  Program program;
-  main window(program, questions, desktop);
+  Mask mask;
+  auto& [questions, desktop, folder, program, window] = mask;
   for (QAction* menu : window.menuBar()->actions()) {
     for (QAction* action : menu->menu()->actions()) {
       const QString keys = action->shortcut().toString().replace("Ctrl"_L1, "Strg"_L1);
@@ -167,10 +165,10 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
   start startWindow(window, desktop);
   bb_msg report(desktop);
   Dateien files(program, questions, desktop, nullptr);
-  datenpfad folder(program, questions, nullptr);
+  datenpfad path(program, questions, nullptr);
   firma company(program, questions, nullptr);
   for (const QWidget* w :
-       std::initializer_list<QWidget*>{&startWindow, &report, &files, &folder, &company}) {
+       std::initializer_list<QWidget*>{&startWindow, &report, &files, &path, &company}) {
     for (const auto* button : w->findChildren<QPushButton*>()) add("button", {button->text()});
   }
   add("input", inputRows());

@@ -10,6 +10,8 @@
 #include "print/drucker.h"
 #include "storage/dateien.h"
 #include "storage/project_file.h"
+#include "support/files.h"
+#include "support/shown_window.h"
 #include "support/window_support.h"
 
 using namespace calvora;
@@ -23,8 +25,7 @@ const QString kClear = u"Alle Einträge werden gelöscht !"_s;
 const QString kTip = u" click -  für Analysen-Datei öffnen  "_s;
 
 QByteArray golden() {
-  QFile file(QFINDTESTDATA("overview/golden/three.cvp"));
-  return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+  return bytesOf(QFINDTESTDATA("overview/golden/three.cvp"));
 }
 
 /// Every field says its own index.
@@ -63,19 +64,13 @@ struct Room {
     program.header[5] = u"01.02.2026"_s;
     program.today = [] { return QDate(2026, 11, 22); };
     mask.window.mnu2_ana->trigger();
-    for (QWidget* open : QApplication::topLevelWidgets()) {
-      if (auto* overview = qobject_cast<analysen*>(open)) window = overview;
-    }
+    window = shownWindow<analysen>();
   }
 
   [[nodiscard]] QString at(const char* name) const {
     return folder.filePath(QString::fromLatin1(name));
   }
-  void put(const char* name, const QByteArray& content) const {
-    QFile file(at(name));
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(content);
-  }
+  void put(const char* name, const QByteArray& content) const { calvora::put(at(name), content); }
   /// The file dialog chooses that file, and the header that is shown then is left.
   void choose(
       const char* name, const std::function<void(Dateien&)>& look = [](Dateien&) {}) {
@@ -96,8 +91,8 @@ struct Room {
   void checkLabels() const;
 
   QObject context;
-  QTemporaryDir folder;
   Mask mask;
+  QTemporaryDir& folder = mask.folder;
   Program& program = mask.program;
   analysen* window = nullptr;
 };

@@ -125,7 +125,6 @@ struct Printing : Mask {
     };
   }
 
-  QTemporaryDir folder;
   QString pdf = folder.filePath(u"a.pdf"_s);
 };
 

@@ -7,6 +7,7 @@
 #include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/nachricht.h"
+#include "support/shown_window.h"
 #include "support/window_support.h"
 #include "tools/dimum.h"
 #include "tools/info1.h"
@@ -47,10 +48,8 @@ void ProgramTest::theWindowsSayWhatTheyShould() {
       said += u"%1(%2) '%3' %4"_s.arg(name).arg(index).arg(control->text(), control->toolTip());
     }
   };
-  RecordingDesktop desktop;
-  ScriptedQuestions questions;
-  Program program;
-  main window(program, questions, desktop);
+  Mask mask;
+  auto& [questions, desktop, folder, program, window] = mask;
   say(u"Label5"_s, window.Label5);
   say(u"Label6"_s, window.Label6);
   say(u"Label3"_s, window.Label3);
@@ -219,24 +218,18 @@ void ProgramTest::noMessageIsCut() {
 void ProgramTest::aRuntimeErrorIsShownAndTheUserDecides() {
   RecordingDesktop desktop;
   DialogQuestions questions(desktop);
-  const auto shownError = []() -> bb_msg* {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      auto* report = dynamic_cast<bb_msg*>(widget);
-      if (report != nullptr && report->isVisible()) return report;
-    }
-    return nullptr;
-  };
   questions.reportError(u"13 werteingabe\\formz"_s);
-  QVERIFY(shownError() != nullptr);
-  QVERIFY(!shownError()->isModal());
-  QCOMPARE(shownError()->Label1(2).text(), u"  Error-Code :   13 werteingabe\\formz    V-100"_s);
+  QVERIFY(shownWindow<bb_msg>() != nullptr);
+  QVERIFY(!shownWindow<bb_msg>()->isModal());
+  QCOMPARE(shownWindow<bb_msg>()->Label1(2).text(),
+           u"  Error-Code :   13 werteingabe\\formz    V-100"_s);
   questions.reportError(u"9 main_T1_lostfocus"_s);
-  QVERIFY(shownError()->Label1(2).text().contains(u"9 main_T1"_s));
-  QTest::mouseClick(&shownError()->Check1(1), Qt::LeftButton);
-  QCOMPARE(shownError(), nullptr);
+  QVERIFY(shownWindow<bb_msg>()->Label1(2).text().contains(u"9 main_T1"_s));
+  QTest::mouseClick(&shownWindow<bb_msg>()->Check1(1), Qt::LeftButton);
+  QCOMPARE(shownWindow<bb_msg>(), nullptr);
   QCOMPARE(desktop.ended, 0);
   questions.reportError(u"9 main_T1_lostfocus"_s);
-  QTest::mouseClick(&shownError()->Check1(2), Qt::LeftButton);
+  QTest::mouseClick(&shownWindow<bb_msg>()->Check1(2), Qt::LeftButton);
   QCOMPARE(desktop.ended, 1);
   bb_msg quiet(desktop);
   quiet.message(1, u"13"_s);

@@ -34,7 +34,6 @@ struct House {
     }
     QDir::setCurrent(folder.path());
     mask.program.settings = {};
-    mask.program.programFolder = folder.path();
   }
 
   template <class Window>
@@ -47,8 +46,8 @@ struct House {
     return *window;
   }
 
-  QTemporaryDir folder;
   Mask mask;
+  QTemporaryDir& folder = mask.folder;
 };
 
 void click(datenpfad& window, const QString& entry, bool twice = false) {
