@@ -3,7 +3,6 @@
 #include <cmath>
 #include <random>
 
-#include "app/focus_order.h"
 #include "chem/subcalc.h"
 #include "support/files.h"
 #include "support/scripted_questions.h"
@@ -222,6 +221,11 @@ class ChemTest : public QObject {
       negative ratio         | 5=0.5 6=-0.6 35=1 | 35 pH'
       result too large       | 4=1000000.0001 5=1000000 35=1 | 35 pH'
       no Ks4,3               | 6=2 35=1 | 35 pH'
+      clearRuledOutCapacity
+      Ks8,2 below pH 8.2     | 2=8.1999 4=1 6=1 7=1 8=1 11=1 12=1 13=1 14=1 15=1 21=1 | 4 7 11 12 13 14 15 21 pH'
+      Kb8,2 from pH 8.2      | 2=8.2 4=1 6=1 7=1 8=1 11=1 13=1 14=1 15=1 | 6 7 13 14 15
+      none without a pH      | 2=0.9999 4=1 6=1 7=1 11=1 |
+      none that is empty     | 2=7 7=1 11=1 |
       rechenlauf
       Ks8,2 alone            | 4=1 | only 8=11'11,00
       pH and temperature     | 2=7.3 3=10 | 9=7.15'7,15 10'n.b. pH' LF'
@@ -247,6 +251,7 @@ class ChemTest : public QObject {
         {u"khnkh"_s, {&S::khnkh}},
         {u"phaus_c"_s, {&S::phaus_c}},
         {u"ph_aus_ksr"_s, {&S::ph_aus_ksr}},
+        {u"clearRuledOutCapacity"_s, {&S::clearRuledOutCapacity}},
         {u"rechenlauf"_s, {&S::rechenlauf}},
         {u"rechenlauf twice"_s, {&S::rechenlauf, &S::rechenlauf}}};
     QFETCH(QString, group);
@@ -273,23 +278,6 @@ class ChemTest : public QObject {
       QVERIFY2(ph > 9.5 && std::abs(carbonate + hydroxide - ks82) < 0.01, qPrintable(given));
       QCOMPARE(text[7], QString::number(ph, 'f', 2).replace('.', ','));
     }
-  }
-
-  void completeWaterTypedFieldByFieldHasAllItsResults() {
-    Water water;
-    for (const QString& entry : u"1=420 2=7,5 3=10 5=2,5 6=0,25 23=60 24=10 25=20"_s.split(' ')) {
-      int status = 0;
-      water.program.fieldIndex = entry.section('=', 0, 0).toInt();
-      water.chem.checkeingabe(water.program.fieldIndex, entry.section('=', 1), status);
-      water.chem.rechenlauf();
-      QCOMPARE(status, 0);
-    }
-    water.compare(
-        {},
-        u"1=420'420,0000 2=7.5'7,5000 3=10'10,0000 5=2.5'2,5000 6=0.25'0,2500 "
-        u"7=7.44'7,44 9=7.35'7,35 10=11.2735'11,27 11=152.5425'152,5 12=0.1541'0,15 "
-        u"13=11.0025'11,0 14=7.3069'7,3 15=-0.0083'0,0 20=10.6868'10,7 21=7.0008'7,0 22=3.686'3,7 "
-        u"23=60'60,0 24=10'10,0 25=20'20,0000 31=5.3538' 35=7.5037'7,50 LF'340 pH'7,50"_s);
   }
 
   void everyMessageOfTheCatalogueIsShownInFull() {
@@ -434,30 +422,6 @@ class ChemTest : public QObject {
       const bool isPh = !text[7].isEmpty() && value[7] >= 4.5_fp && value[7] <= 14_fp;
       QVERIFY2(searched ? isPh : text[7].isEmpty(), qPrintable(before));
     }
-  }
-
-  // Locked boxes, then where each box leads forward and backward.
-  void focusWalksTheBoxesAndSkipsLockedOnes_data() {
-    addRows(
-        uR"(
-      none | | 2 3 4 5 6 20 23 24 25 26 1 | 1 1 2 3 4 5 20 20 23 24 25
-      4    | 4 | 2 3 5 5 6 20 23 24 25 26 1 | 1 1 2 3 3 5 20 20 23 24 25
-      6    | 6 | 2 3 4 5 20 20 23 24 25 26 1 | 1 1 2 3 4 5 20 20 23 24 25
-      all  | 1 2 3 4 5 6 20 23 24 25 26 | 1 2 3 4 5 6 20 23 24 25 26 | 1 2 3 4 5 6 20 23 24 25 26
-    )"_s);
-  }
-  void focusWalksTheBoxesAndSkipsLockedOnes() {
-    QFETCH(QStringList, row);
-    const QStringList locked = row[1].split(' ');
-    const auto isLocked = [&](int box) { return locked.contains(QString::number(box)); };
-    QStringList forward;
-    QStringList backward;
-    for (const int box : kInputFields) {
-      forward += QString::number(nextBox(box, 1, isLocked));
-      backward += QString::number(nextBox(box, -1, isLocked));
-    }
-    QCOMPARE(forward.join(' '), row[2]);
-    QCOMPARE(backward.join(' '), row[3]);
   }
 
   void indexOrMessageThatDoesNotExistIsARuntimeError() {
