@@ -275,6 +275,7 @@ class OverviewTest : public QObject {
     OverviewGrid packed;
     const Room room;
     QVERIFY(readProject(program, packed, room.at("three.cvp")));
+    for (int k = 1; k <= 3; ++k) QVERIFY(packed.slot[k] == threeAnalyses().slot[3 * k - 1]);
     program.record.flag[flag::kNameLine] = program.header[0];
     QCOMPARE(projectContent(program, threeAnalyses()), golden());
   }

@@ -227,6 +227,8 @@ class StorageTest : public QObject {
     row("empty", "", u"stopped ||||||| "_s);
     row("open header text", header("3'", "3"), u"stopped 0|1|2||||| "_s);
     row("other marker", header("ende", "Ende, Kopf") + kOne + kThree + kEnd, both);
+    row("blanks", header("5", " 5 ") + kOne + kThree + kEnd,
+        QString(both).replace(u"5|"_s, u" 5 |"_s));
     row("no end record", start + kThree, both);
     row("lines after the end record", start + kThree + kEnd + kOne + "x", both);
     row("line feeds only", QByteArray(start + kThree + kEnd).replace("\r", ""), both);
