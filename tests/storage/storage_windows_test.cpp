@@ -63,6 +63,7 @@ void StorageWindowsTest::anAnalysisIsSavedWithItsHeader() {
     QCOMPARE(window.focusWidget(), window.Text2);
     for (TextBox* field : {window.Text2, window.Text3, window.Text4}) {
       QTest::keyClicks(field, u" x\" "_s);
+      field->insert(u"\"€"_s);  // as pasted
       QTest::keyClick(field, Qt::Key_Enter);
     }
     QCOMPARE(window.focusWidget(), window.Text7);
