@@ -6,7 +6,7 @@
 
 #include "app/main_window.h"
 #include "platform/look.h"
-#include "platform/paper.h"
+#include "support/one_file_desktop.h"
 
 namespace calvora {
 
@@ -15,23 +15,6 @@ class SilentQuestions : public Questions {
  public:
   int ask(const Message&) override { return button::kOk; }
   void reportError(const QString& text) override { qFatal("%s", qUtf8Printable(text)); }
-};
-
-/// A desktop whose file dialogs always choose the same file.
-class SilentDesktop : public Desktop {
- public:
-  void endProgram() override {}
-  bool openDocument(const QString&) override { return false; }
-  QString askOpenFile(QWidget*, const FileRequest&) override { return file; }
-  QString askSaveFile(QWidget*, const FileRequest&) override { return file; }
-  QString askText(QWidget*, const TextRequest&) override { return {}; }
-  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
-    return std::make_unique<PdfPaper>(file, request.title, reportPage(request.landscape));
-  }
-  void showPreview(QWidget*, const PrintRequest&,
-                   const std::function<void(QPagedPaintDevice&)>&) override {}
-
-  QString file;
 };
 
 using Entries = std::vector<std::pair<int, QString>>;
@@ -67,7 +50,7 @@ struct Bench {
 
   Program program;
   SilentQuestions questions;
-  SilentDesktop desktop;
+  OneFileDesktop desktop;
   subcalc chem{program, questions};
   main window{program, questions, desktop};
 };

@@ -9,19 +9,19 @@ namespace {
 
 void stepsAlone(benchmark::State& state, const Entries& entries) {
   Bench bench(entries);
-  for (auto _ : state) bench.chem.rechenlauf();
+  for ([[maybe_unused]] auto _ : state) bench.chem.rechenlauf();
 }
 
 void berechnen(benchmark::State& state, const Entries& entries) {
   Bench bench(entries);
-  for (auto _ : state) bench.window.berechnen();
+  for ([[maybe_unused]] auto _ : state) bench.window.berechnen();
 }
 
 /// Two values in turn, so that every run really redisplays.
 void focusLostToMaskShown(benchmark::State& state) {
   Bench bench(acidWater());
   bool high = false;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     high = !high;
     bench.enter(3, high ? u"20"_s : u"10"_s);
     QCoreApplication::processEvents();

@@ -20,7 +20,8 @@ extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #include "dialogs/dialog_questions.h"
 #include "overview/analysen.h"
 #include "platform/look.h"
-#include "platform/paper.h"
+#include "support/one_file_desktop.h"
+#include "support/shown_window.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
@@ -41,37 +42,10 @@ qint64 residentMemory() {
   return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) / 1024;
 }
 
-/// File dialogs that choose one file, and the toolkit's own windows beside them.
-class OneFileDesktop final : public Desktop {
- public:
-  void endProgram() override {}
-  bool openDocument(const QString&) override { return true; }
-  QString askOpenFile(QWidget*, const FileRequest& request) override {
-    return folder + u"/a."_s + request.extension;
-  }
-  QString askSaveFile(QWidget*, const FileRequest& request) override {
-    return folder + u"/a."_s + request.extension;
-  }
-  QString askText(QWidget* parent, const TextRequest& request) override {
-    return real.askText(parent, request);
-  }
-  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
-    return std::make_unique<PdfPaper>(folder + u"/a.pdf"_s, request.title,
-                                      reportPage(request.landscape));
-  }
-  void showPreview(QWidget* parent, const PrintRequest& request,
-                   const std::function<void(QPagedPaintDevice&)>& paint) override {
-    real.showPreview(parent, request, paint);
-  }
-
-  QString folder;
-  RealDesktop real;
-};
-
 /// The program with its folder elsewhere.
 struct House {
   explicit House(const QString& folder) {
-    desktop.folder = folder;
+    desktop.file = folder + u"/a"_s;
     program.programFolder = folder;
     window.show();
     window.activateWindow();
@@ -100,11 +74,7 @@ void closeOthers(const QWidget& house, const QWidget* kept = nullptr) {
 
 analysen* openOverview(House& house) {
   house.window.mnu2_ana->trigger();
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* overview = dynamic_cast<analysen*>(window);
-    if (overview != nullptr && overview->isVisible()) return overview;
-  }
-  qFatal("the overview does not open");
+  return shownWindow<analysen>();
 }
 
 struct Way {
@@ -116,7 +86,7 @@ struct Way {
 std::vector<Way> waysIn(House& house) {
   main& window = house.window;
   RealDesktop& real = house.desktop.real;
-  const FileRequest request{house.desktop.folder, u"cva"_s, u"a"_s};
+  const FileRequest request{house.program.programFolder, u"cva"_s, u"a"_s};
   const auto cancelled = [](const std::function<void()>& ask) {
     return [ask] {
       try {
@@ -133,7 +103,7 @@ std::vector<Way> waysIn(House& house) {
     };
   };
   return {
-      {"main and start window", [&] { House(house.desktop.folder); }},
+      {"main and start window", [&] { House(house.program.programFolder); }},
       {"save", [&] { window.mnu_save->trigger(); }},
       {"load",
        [&] {

@@ -29,12 +29,12 @@ OverviewGrid eightAnalyses() {
 void clearAndReloadAProjectOfEight(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
-  bench.desktop.file = folder.filePath(u"acht.cvp"_s);
-  writeProject(bench.program, eightAnalyses(), bench.desktop.file, u"acht.cvp"_s);
+  bench.desktop.file = folder.filePath(u"acht"_s);
+  writeProject(bench.program, eightAnalyses(), folder.filePath(u"acht.cvp"_s), u"acht.cvp"_s);
   analysen overview(bench.program, bench.questions, bench.desktop);
   overview.setAttribute(Qt::WA_DeleteOnClose, false);
   overview.show();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     QTimer::singleShot(0, [] {
       auto* header = qobject_cast<Dateien*>(QApplication::activeModalWidget());
       if (header != nullptr) header->reject();

@@ -2,8 +2,6 @@
 // and redisplaying everything.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "bench_support.h"
@@ -18,8 +16,8 @@ namespace {
 void saveFromTheConfirmedDialog(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
-  bench.desktop.file = folder.filePath(u"analyse.cva"_s);
-  for (auto _ : state) {
+  bench.desktop.file = folder.filePath(u"analyse"_s);
+  for ([[maybe_unused]] auto _ : state) {
     Dateien window(bench.program, bench.questions, bench.desktop, &bench.window);
     window.show();
     window.Command1->click();
@@ -31,8 +29,8 @@ void loadAndCompute(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
   const QString path = folder.filePath(u"analyse.cva"_s);
-  writeAnalysis(bench.program, path, u"analyse.cva"_s);
-  for (auto _ : state) {
+  writeAnalysis(bench.program, path, u"analyse"_s);
+  for ([[maybe_unused]] auto _ : state) {
     if (!readAnalysis(bench.program, path, [&] { bench.window.datenkill(0); })) {
       state.SkipWithError("the analysis was not read");
     }

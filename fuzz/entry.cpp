@@ -16,10 +16,6 @@ namespace {
 const auto kNumber = QRegularExpression(QStringLiteral("^<?-?[0-9]+(,[0-9]+| )?$"));
 const auto kDisplay = QRegularExpression(QStringLiteral("^-?[0-9]*(,[0-9]+)?(E[+-][0-9]{2,})?$"));
 
-double shown(QString text) {
-  return readNumber(text.replace(u',', u'.'));
-}
-
 /// Requires of a display text that it looks like one, says the number to the digits it shows, and
 /// never says minus zero.
 void requireShows(double number, const QString& text, int kind) {
@@ -31,9 +27,9 @@ void requireShows(double number, const QString& text, int kind) {
   const qsizetype decimals = comma < 0 ? 0 : end - comma - 1;
   double unit = std::pow(10.0, -static_cast<double>(decimals));
   if (exponent >= 0) unit *= std::pow(10.0, text.mid(exponent + 1).toDouble());
-  const double error = std::abs(shown(text) - number);
+  const double error = std::abs(fuzz::shown(text) - number);
   fuzz::require(error <= unit * 0.5 + std::abs(number) * 1e-14, "a display text is right", what);
-  fuzz::require(shown(text) != 0 || !text.startsWith(u'-'), "zero has no minus", what);
+  fuzz::require(fuzz::shown(text) != 0 || !text.startsWith(u'-'), "zero has no minus", what);
 }
 
 void checkDisplays(const Werteingabe& entry, double number) {
@@ -51,7 +47,7 @@ void checkDisplays(const Werteingabe& entry, double number) {
     if (used > kind::kThreeDecimals) continue;
     QString again = text;
     entry.wertformat(again, used);
-    requireShows(shown(text), again, kind);
+    requireShows(fuzz::shown(text), again, kind);
   }
 }
 
@@ -92,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   NumberCell cell;
   entry.strzahl(text, cell);
   const double number = numberOf(cell);
-  const double expected = shown(QString(text).remove(u'<').trimmed());
+  const double expected = fuzz::shown(QString(text).remove(u'<').trimmed());
   fuzz::require(number == expected, "a text gives its number", text);
   if (std::isfinite(number)) checkDisplays(entry, number);
   return 0;

@@ -8,8 +8,10 @@
 
 #include "app/program.h"
 #include "dialogs/questions.h"
+#include "entry/decimal.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
+#include "support/stored_fields.h"
 
 namespace calvora::fuzz {
 
@@ -47,11 +49,6 @@ class TemporaryFile {
     require(file.open(QFile::WriteOnly) && file.write(content) == content.size(), "the disk works",
             file.errorString());
   }
-  [[nodiscard]] QByteArray content() const {
-    QFile file(path());
-    require(file.open(QFile::ReadOnly), "the file is there", file.errorString());
-    return file.readAll();
-  }
   [[nodiscard]] QString folder() const { return folder_.path(); }
   [[nodiscard]] QString path() const { return folder_.filePath(name_); }
 
@@ -62,6 +59,11 @@ class TemporaryFile {
 
 inline QByteArray bytes(const uint8_t* data, size_t size) {
   return {reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)};
+}
+
+/// The number that a display text shows.
+inline double shown(QString text) {
+  return readNumber(text.replace(QLatin1Char(','), QLatin1Char('.')));
 }
 
 /// What a text is after it went through a file.
@@ -95,8 +97,7 @@ inline void requireSameAfterSaving(Program& program, const TemporaryFile& file) 
             program.header[slot]);
   }
   for (int i = 0; i <= 40; ++i) {
-    const bool stored = (i >= 1 && i <= 15) || (i >= 20 && i <= 26);
-    const QString text = stored ? inFile(program.record.text[i]) : QString();
+    const QString text = isStored(i) ? inFile(program.record.text[i]) : QString();
     const auto value = text.isEmpty() ? FixedPoint{} : program.record.value[i];
     require(again.record.text[i] == text, "a text comes back", text);
     require(again.record.value[i] == value, "a value comes back", invariantNumber(value));

@@ -2,7 +2,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <string>
 
 #include "entry/decimal.h"
 #include "entry/fixed_point.h"
@@ -43,10 +42,6 @@ void checkArithmetic(FixedPoint a, FixedPoint b) {
   }
 }
 
-double shown(QString text) {
-  return readNumber(text.replace(u',', u'.'));
-}
-
 void checkDecimal(double value) {
   const QString what = QString::number(value, 'g', 17);
   if (const auto fixed = FixedPoint::tryFromDouble(value)) {
@@ -58,8 +53,8 @@ void checkDecimal(double value) {
   if (!std::isfinite(value) || std::abs(value) > 1.79e308) return;
   const Decimal number(value);
   const double tolerance = std::abs(value) * 6e-15;
-  fuzz::require(std::abs(shown(number.fullText()) - value) <= tolerance, "full text", what);
-  const double inScience = std::abs(shown(number.scientificText()) - value);
+  fuzz::require(std::abs(fuzz::shown(number.fullText()) - value) <= tolerance, "full text", what);
+  const double inScience = std::abs(fuzz::shown(number.scientificText()) - value);
   fuzz::require(inScience <= std::abs(value) * 0.00501 || std::abs(value) < 1e-300,
                 "scientific text", what + number.scientificText());
   for (int decimals = 0; decimals <= 9; ++decimals) {
@@ -67,8 +62,9 @@ void checkDecimal(double value) {
     const qsizetype after = text.contains(u',') ? text.size() - text.indexOf(u',') - 1 : 0;
     fuzz::require(after == decimals, "as many decimals as asked for", what + u' ' + text);
     const double unit = std::pow(10.0, -decimals);
-    fuzz::require(std::abs(shown(text) - value) <= 0.5 * unit + tolerance, "fixed text", text);
-    fuzz::require(shown(text) != 0 || !text.startsWith(u'-'), "zero has no minus", text);
+    fuzz::require(std::abs(fuzz::shown(text) - value) <= 0.5 * unit + tolerance, "fixed text",
+                  text);
+    fuzz::require(fuzz::shown(text) != 0 || !text.startsWith(u'-'), "zero has no minus", text);
     const Decimal once = number.rounded(decimals);
     fuzz::require(once.rounded(decimals).fullText() == once.fullText(), "rounded twice", text);
   }
@@ -77,8 +73,8 @@ void checkDecimal(double value) {
 void checkOrder(double a, double b) {
   if (!(a < b) || !std::isfinite(a) || !std::isfinite(b)) return;
   for (const int decimals : {0, 2, 4}) {
-    const double below = shown(Decimal(a).fixedText(decimals));
-    const double above = shown(Decimal(b).fixedText(decimals));
+    const double below = fuzz::shown(Decimal(a).fixedText(decimals));
+    const double above = fuzz::shown(Decimal(b).fixedText(decimals));
     fuzz::require(below <= above, "rounding keeps the order",
                   QString::number(a, 'g', 17) + u' ' + QString::number(b, 'g', 17));
   }

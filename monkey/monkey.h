@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QObject>
-#include <QPointer>
 #include <atomic>
 #include <map>
 

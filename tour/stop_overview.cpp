@@ -5,20 +5,13 @@
 #include "print/drucker.h"
 #include "stops.h"
 #include "storage/dateien.h"
+#include "support/shown_window.h"
 #include "tour.h"
 
 using namespace Qt::StringLiterals;
 using calvora::analysen;
 
 namespace {
-
-analysen* openOverview() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    auto* overview = qobject_cast<analysen*>(window);
-    if (overview != nullptr && overview->isVisible()) return overview;
-  }
-  return nullptr;
-}
 
 /// The next message is answered with that button; 1 "OK", 2 "Ja".
 void answerNext(Tour& tour, const QString& name, int button) {
@@ -40,7 +33,7 @@ void fillSlots(Tour& tour, analysen& overview) {
   for (const auto& [slot, name] :
        {std::pair{1, u"leitungswasser-fuellung"_s}, std::pair{2, u"laugendosierter-kreislauf"_s},
         std::pair{5, u"vollentsalzter-kreislauf"_s}}) {
-    tour.desktop().file = folder + name + u".cva"_s;
+    tour.desktop().file = folder + name;
     lookAtNextHeader(tour, u"overview-header-%1"_s.arg(slot));
     overview.Label1(slot).setFocus(Qt::TabFocusReason);
     QTest::keyClick(&overview.Label1(slot), Qt::Key_Enter);
@@ -51,7 +44,7 @@ void fillSlots(Tour& tour, analysen& overview) {
 
 void saveAndReload(Tour& tour, analysen& overview) {
   const calvora::OverviewGrid before = overview.grid();
-  tour.desktop().file = tour.file(u"rundgang.cvp"_s);
+  tour.desktop().file = tour.file(u"rundgang"_s);
   tour.expectModal<calvora::Dateien>(u"overview-save"_s, [&tour](calvora::Dateien& dateien) {
     tour.picture(dateien, u"overview-save"_s);
     answerNext(tour, u"overview-saved"_s, 1);
@@ -72,20 +65,20 @@ void saveAndReload(Tour& tour, analysen& overview) {
 }
 
 void printOverview(Tour& tour, analysen& overview) {
-  tour.desktop().file = tour.file(u"bericht-uebersicht.pdf"_s);
+  tour.desktop().file = tour.file(u"bericht-uebersicht"_s);
   tour.expectModal<calvora::Drucker>(u"drucker-uebersicht"_s, [&tour](calvora::Drucker& dialog) {
     tour.picture(dialog, u"drucker-uebersicht"_s);
     dialog.Command2->click();
   });
   overview.Command1(3).click();
-  tour.require(QFileInfo(tour.desktop().file).size() > 0, u"the printed overview"_s);
+  tour.require(QFileInfo(tour.desktop().file + u".pdf"_s).size() > 0, u"the printed overview"_s);
 }
 
 }  // namespace
 
 void showOverview(Tour& tour) {
   tour.window().mnu2_ana->trigger();
-  analysen* overview = openOverview();
+  analysen* overview = calvora::shownWindow<analysen>();
   tour.require(overview != nullptr, u"the overview"_s);
   if (overview == nullptr) return;
   const calvora::AnalysisRecord record = tour.program().record;

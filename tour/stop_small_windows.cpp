@@ -1,6 +1,4 @@
 // The small windows, each once by mouse and once by keyboard.
-#include <QComboBox>
-
 #include "stops.h"
 #include "tools/info1.h"
 #include "tools/varios.h"

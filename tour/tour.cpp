@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
+#include <QTemporaryFile>
 #include <QTextStream>
 
 #include "app/start_window.h"
@@ -161,7 +162,7 @@ void Tour::saveStartOverAndLoad() {
     picture(dateien, u"dateien-save"_s);
     dateien.Command1->click();
   });
-  desktop().file = file(u"rundgang.cva"_s);
+  desktop().file = file(u"rundgang"_s);
   shortcut(Qt::Key_S);
   shortcut(Qt::Key_N);
   require(program().record == calvora::AnalysisRecord{}, u"the empty mask"_s);
@@ -176,14 +177,18 @@ void Tour::saveStartOverAndLoad() {
   require(shownTexts() == before, u"the same mask after loading"_s);
 }
 
-/// The data folder is one that looks the same on every machine, so that the pictures do. It stays
-/// behind, empty: another tour may be showing it just now.
+/// The data folder is one that looks the same on every machine, so that the pictures do. The last
+/// of the tours that are showing it just now removes it.
 void Tour::showSettings() {
   const QString dataFolder = QDir::temp().filePath(u"Calvora/daten"_s);
   require(QDir().mkpath(dataFolder), dataFolder);
+  QTemporaryFile shownHere(dataFolder + u"/XXXXXX"_s);
+  require(shownHere.open(), dataFolder);
   program().settings.slot[calvora::setting::kDataFolder] = dataFolder;
   window().mnu2_pfad->trigger();
   pictureOfActive(u"datenpfad"_s);
+  shownHere.remove();
+  QDir::temp().rmpath(u"Calvora/daten"_s);
 
   window().mnu2_fatext->trigger();
   QTest::qWait(20);

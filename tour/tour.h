@@ -5,35 +5,7 @@
 #include <QTimer>
 
 #include "app/application.h"
-#include "platform/paper.h"
-
-/// A desktop whose file dialogs choose the file that the tour set.
-class TourDesktop : public calvora::Desktop {
- public:
-  void endProgram() override {}
-  bool openDocument(const QString&) override { return false; }
-  QString askOpenFile(QWidget*, const calvora::FileRequest&) override { return file; }
-  QString askSaveFile(QWidget*, const calvora::FileRequest&) override { return file; }
-  std::unique_ptr<calvora::Paper> askPrinter(QWidget*,
-                                             const calvora::PrintRequest& request) override {
-    return std::make_unique<calvora::PdfPaper>(file, request.title,
-                                               calvora::reportPage(request.landscape));
-  }
-  void showPreview(QWidget* parent, const calvora::PrintRequest& request,
-                   const std::function<void(QPagedPaintDevice&)>& paint) override {
-    calvora::showPreview(parent, request, {}, paint);
-  }
-
-  /// The real input box, so that the tour types into it.
-  QString askText(QWidget* parent, const calvora::TextRequest& request) override {
-    return real_.askText(parent, request);
-  }
-
-  QString file;  ///< with its folder
-
- private:
-  calvora::RealDesktop real_;
-};
+#include "support/one_file_desktop.h"
 
 /// A walk through the program with real events. Its stops press what a user presses, require what
 /// must be seen, and leave a picture of each window.
@@ -72,7 +44,7 @@ class Tour {
 
   calvora::main& window() { return application_.mainWindow(); }
   calvora::Program& program() { return application_.program(); }
-  TourDesktop& desktop() { return *desktop_; }
+  calvora::OneFileDesktop& desktop() { return *desktop_; }
 
  private:
   void passStartWindow();
@@ -87,7 +59,7 @@ class Tour {
   void showRuntimeError();
 
   QString folder_;
-  TourDesktop* desktop_ = new TourDesktop;  // the application owns it
+  calvora::OneFileDesktop* desktop_ = new calvora::OneFileDesktop;  // the application owns it
   calvora::Application application_;
   bool complete_ = true;
 };

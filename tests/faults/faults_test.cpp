@@ -132,6 +132,7 @@ class FaultsTest : public QObject {
     versions[0].write();
     QList<QByteArray> seen{version(), second};
     QVERIFY(seen[0] != seen[1]);
+    QSet<QByteArray> found;
     std::mt19937 random(20261123);
     for (unsigned round = 0; round < 40; ++round) {
       const pid_t child = startChild([&] {
@@ -145,8 +146,14 @@ class FaultsTest : public QObject {
       int status = 0;
       waitpid(child, &status, 0);
       QVERIFY2(WIFSIGNALED(status), "saving failed before the process was killed");
+      found += version();
       QVERIFY2(seen.contains(version()), "a part of a version");
     }
+    QCOMPARE(found.size(), 2);  // the kills came at different moments
+    const qsizetype files = content(folder.path()).size();
+    versions[0].write();
+    QCOMPARE(version(), seen[0]);
+    QCOMPARE(content(folder.path()).size(), files);
   }
 };
 

@@ -116,7 +116,6 @@ class ManualTest : public QObject {
   void itIsASoundDocument();
   void itSaysWhatTheProgramSays_data();
   void itSaysWhatTheProgramSays();
-  void itShowsEveryWindowThatTheTourPasses();
 
  private:
   QString text_ = squeezed(said(u"pdftotext"_s, {u"-raw"_s, u"MANUAL"_s, u"-"_s}));
@@ -154,10 +153,8 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
   const auto add = [](const char* group, const QStringList& texts) {
     for (const QString& text : texts) QTest::addRow("%s %s", group, qPrintable(text)) << text;
   };
-  RecordingDesktop desktop;
-  ScriptedQuestions questions;
-  Program program;
-  main window(program, questions, desktop);
+  Mask mask;
+  auto& [questions, desktop, folder, program, window] = mask;
   for (QAction* menu : window.menuBar()->actions()) {
     for (QAction* action : menu->menu()->actions()) {
       const QString keys = action->shortcut().toString().replace("Ctrl"_L1, "Strg"_L1);
@@ -167,10 +164,10 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
   start startWindow(window, desktop);
   bb_msg report(desktop);
   Dateien files(program, questions, desktop, nullptr);
-  datenpfad folder(program, questions, nullptr);
+  datenpfad path(program, questions, nullptr);
   firma company(program, questions, nullptr);
   for (const QWidget* w :
-       std::initializer_list<QWidget*>{&startWindow, &report, &files, &folder, &company}) {
+       std::initializer_list<QWidget*>{&startWindow, &report, &files, &path, &company}) {
     for (const auto* button : w->findChildren<QPushButton*>()) add("button", {button->text()});
   }
   add("input", inputRows());
@@ -181,18 +178,6 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
 void ManualTest::itSaysWhatTheProgramSays() {
   QFETCH(QString, text);
   QVERIFY2(text_.contains(squeezed(text)), qPrintable(u"The manual lacks: "_s + text));
-}
-
-/// The list of pictures holds back windows that the tour did not pass when it was written.
-void ManualTest::itShowsEveryWindowThatTheTourPasses() {
-  static const QRegularExpression kHeldBack(u"\n%\\\\Bild\\{([^}]+)\\}"_s);
-  const QString list = content(QStringLiteral(CALVORA_MANUAL_TEXT) + u"/bilder.tex"_s);
-  QVERIFY(list.contains("\n\\Bild{main}"_L1));
-  for (auto found = kHeldBack.globalMatch(list); found.hasNext();) {
-    const QString name = found.next().captured(1);
-    const QString taken = QStringLiteral(CALVORA_MANUAL_BUILD) + u"/tour/%1.png"_s.arg(name);
-    QVERIFY2(!QFile::exists(taken), qPrintable(u"bilder.tex holds back: "_s + name));
-  }
 }
 
 QTEST_MAIN(ManualTest)

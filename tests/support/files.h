@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QTest>
 #include <functional>
 
 #include "dialogs/runtime_error.h"
@@ -13,6 +14,12 @@ namespace calvora {
 inline QByteArray bytesOf(const QString& path) {
   QFile file(path);
   return file.open(QFile::ReadOnly) ? file.readAll() : "unreadable: " + path.toUtf8();
+}
+
+inline void put(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  file.remove();  // truncating it instead makes some file systems wait for the disk
+  QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
 inline int errorOf(const std::function<void()>& body) {

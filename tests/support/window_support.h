@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -119,6 +120,12 @@ struct Mask {
     settle();
   }
 
+  static Program programIn(const QTemporaryDir& folder) {
+    Program program;
+    program.programFolder = folder.path();
+    return program;
+  }
+
   /// A test that minds what was asked or reported looks itself and empties the script's record.
   ~Mask() { QCOMPARE(questions.complaints(), QString()); }
   Mask(const Mask&) = delete;
@@ -184,17 +191,21 @@ struct Mask {
 
   ScriptedQuestions questions;
   RecordingDesktop desktop;
-  Program program;
+  QTemporaryDir folder;  ///< the program's own, empty
+  Program program = programIn(folder);
   main window{program, questions, desktop};
 };
 
 }  // namespace calvora
 
-/// As QTEST_MAIN, with the program's own look.
-#define CALVORA_TEST_MAIN(TestClass)        \
-  int main(int argc, char* argv[]) {        \
-    QApplication application(argc, argv);   \
-    calvora::applyLook(application);        \
-    TestClass test;                         \
-    return QTest::qExec(&test, argc, argv); \
+/// As QTEST_MAIN, with the program's own look. What the toolkit's dialogs remember is not the
+/// developer's.
+#define CALVORA_TEST_MAIN(TestClass)            \
+  int main(int argc, char* argv[]) {            \
+    QApplication application(argc, argv);       \
+    calvora::applyLook(application);            \
+    const QTemporaryDir memory;                 \
+    calvora::keepDialogMemoryIn(memory.path()); \
+    TestClass test;                             \
+    return QTest::qExec(&test, argc, argv);     \
   }
