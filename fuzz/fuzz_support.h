@@ -6,12 +6,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "app/fields.h"
 #include "app/program.h"
 #include "dialogs/questions.h"
 #include "entry/decimal.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
-#include "support/stored_fields.h"
 
 namespace calvora::fuzz {
 
@@ -97,7 +97,7 @@ inline void requireSameAfterSaving(Program& program, const TemporaryFile& file) 
             program.header[slot]);
   }
   for (int i = 0; i <= 40; ++i) {
-    const QString text = isStored(i) ? inFile(program.record.text[i]) : QString();
+    const QString text = isShown(i) ? inFile(program.record.text[i]) : QString();
     const auto value = text.isEmpty() ? FixedPoint{} : program.record.value[i];
     require(again.record.text[i] == text, "a text comes back", text);
     require(again.record.value[i] == value, "a value comes back", invariantNumber(value));

@@ -6,13 +6,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "app/fields.h"
 #include "dialogs/runtime_error.h"
 #include "overview/analysen.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
 #include "storage/project_file.h"
 #include "support/files.h"
-#include "support/stored_fields.h"
 
 namespace calvora::monkey {
 
@@ -153,7 +153,7 @@ void MonkeyDesktop::checkAnalysis(const QString& path) {
             u"header %1 comes back: "_s.arg(slot) + program->header[slot]);
   }
   for (int i = 1; i <= 26; ++i) {
-    if (!isStored(i)) continue;
+    if (!isShown(i)) continue;
     const QString& text = program->record.text[i];
     require(sameInFile(again.record.text[i], text), u"text %1 comes back: "_s.arg(i) + text);
     require(text.isEmpty() || again.record.value[i] == program->record.value[i],

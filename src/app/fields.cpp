@@ -70,4 +70,8 @@ const FieldCaption& captionOf(int field) {
   return kNone;
 }
 
+bool isShown(int field) {
+  return captionOf(field).index != 0;
+}
+
 }  // namespace calvora

@@ -58,10 +58,7 @@ std::span<const FieldCaption> resultCaptions();
 /// What the mask says about a field; empty for one that it does not show.
 const FieldCaption& captionOf(int field);
 
-/// Whether analysis files hold the field: what is typed, what is computed from it at once, and the
-/// results.
-constexpr bool isInFile(int field) {
-  return (field >= 1 && field <= 15) || (field >= 20 && field <= 26);
-}
+/// Whether the mask shows the field; these are the fields that analysis files hold.
+bool isShown(int field);
 
 }  // namespace calvora

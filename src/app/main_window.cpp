@@ -234,6 +234,7 @@ QString main::questionAtMeasuringTemperature() const {
 /// A capacity that the pH rules out is emptied and cannot be entered.
 void main::setLocked(int index, bool locked) {
   TextBox& box = Text1(index);
+  const bool leaves = locked && !isLocked(index) && focusWidget() == &box;
   if (locked) {
     program_.record.clearField(index);
     box.showText({});
@@ -242,7 +243,7 @@ void main::setLocked(int index, bool locked) {
   box.setReadOnly(locked);
   // A click goes in: what is then typed must not land in the box that had the focus before.
   box.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
-  if (locked && focusWidget() == &box) moveFocus(index, +1);
+  if (leaves) moveFocus(index, +1);
 }
 
 bool main::isLocked(int index) const {

@@ -48,7 +48,7 @@ QByteArray analysisContent(const Program& program) {
   for (int slot = 1; slot <= kHeaderSlots; ++slot) writer.text(program.header[slot]);
   writer.text(u"ende"_s);
   for (int index = 1; index <= 26; ++index) {
-    if (!isInFile(index) || record.text[index].isEmpty()) continue;
+    if (!isShown(index) || record.text[index].isEmpty()) continue;
     writer.fields({QString::number(index), invariantNumber(record.value[index]),
                    LineWriter::quoted(record.text[index])});
   }

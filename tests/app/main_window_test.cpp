@@ -35,6 +35,7 @@ class MainWindowTest : public QObject {
   void commandsFinishTheEntryFirst_data();
   void commandsFinishTheEntryFirst();
   void thePhLocksOneCapacity();
+  void aClickSelectsABoxAndALockedOneTakesNothing();
   void theToggleConvertsTheConductivity();
   void aDroppedTextBelongsToItsBox();
   void restartEmptiesEverything();
@@ -281,6 +282,30 @@ void MainWindowTest::thePhLocksOneCapacity() {
   QCOMPARE(mask.program.record.value[4], FixedPoint{});
   mask.enter(2, QString());
   QVERIFY(!mask.window.Text1(4).isReadOnly());
+}
+
+void MainWindowTest::aClickSelectsABoxAndALockedOneTakesNothing() {
+  Mask mask;
+  mask.enter(2, u"7,5"_s);
+  const auto click = [&](int box) {
+    QTest::mouseClick(&mask.window.Text1(box), Qt::LeftButton);
+    mask.settle();
+  };
+  click(2);
+  mask.keys(u"8"_s);
+  click(4);  // ruled out
+  QCOMPARE(mask.window.Text1(2).text(), u"8,0000"_s);
+  mask.keys(u"5"_s);
+  mask.press(Qt::Key_Space);
+  QVERIFY(!mask.program.entryChanged);
+  mask.press(Qt::Key_Enter);
+  QCOMPARE(mask.focusedBox(), 5);
+  QCOMPARE(mask.window.Text1(2).text(), u"8,0000"_s);
+  QCOMPARE(mask.window.Text1(4).text(), QString());
+  // A second click sets the cursor.
+  click(2);
+  click(2);
+  QVERIFY(!mask.window.Text1(2).hasSelectedText());
 }
 
 void MainWindowTest::theToggleConvertsTheConductivity() {

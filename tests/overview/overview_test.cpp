@@ -350,6 +350,22 @@ class OverviewTest : public QObject {
     QVERIFY(room.program.dataPresent);
   }
 
+  void enterWalksThroughTheHeaderOfAProject() {
+    Room room;
+    room.run(u"l1"_s);
+    QStringList walked;
+    onNextModal<Dateien>(&room.context, [&](Dateien& header) {
+      for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(header.focusWidget(), Qt::Key_Return);
+        walked += header.focusWidget()->accessibleName();
+      }
+      header.Command2->click();
+    });
+    room.window->Command1(4).click();
+    QCOMPARE(walked,
+             (QStringList{u"ProjektNo"_s, u"Auftraggeber"_s, u"Freie Text-Eingabe/Bemerkung"_s}));
+  }
+
   void cellsAreCopiedAsTabSeparatedText() {
     Room room;
     room.run(u"p"_s);

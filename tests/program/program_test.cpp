@@ -1,6 +1,7 @@
 // The whole program, driven through its real windows: start, questions, runtime errors, end.
 #include <QDialog>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -35,6 +36,7 @@ class ProgramTest : public QObject {
   void theStartWindowLeadsIntoTheProgramOrOut();
   void keysAnswerAMessage_data();
   void keysAnswerAMessage();
+  void aMessageBelongsToTheWindowThatAsked();
   void noMessageIsCut_data();
   void noMessageIsCut();
   void aRuntimeErrorIsShownAndTheUserDecides();
@@ -163,6 +165,28 @@ void ProgramTest::keysAnswerAMessage() {
     if (key == Qt::Key_Tab) QTest::keyClick(message.focusWidget(), Qt::Key_Space);
   });
   QTEST(questions.ask(question(buttons)), "answer");
+}
+
+// Right after a dialog has closed no window need be active.
+void ProgramTest::aMessageBelongsToTheWindowThatAsked() {
+  Mask mask;
+  RecordingDesktop desktop;
+  DialogQuestions questions(desktop);
+  QWidget overview;
+  overview.show();
+  {
+    QDialog header(&overview);
+    new QLineEdit(&header);
+    header.show();
+    header.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&header));
+  }
+  QTRY_VERIFY(QApplication::activeWindow() == nullptr);
+  onNextModal<nachricht>(this, [&](nachricht& message) {
+    QCOMPARE(message.parentWidget(), &overview);
+    message.close();
+  });
+  questions.ask(question(button::kOk));
 }
 
 void ProgramTest::noMessageIsCut_data() {

@@ -300,6 +300,17 @@ class StorageTest : public QObject {
     QTEST(stateOfSettings(), "expected");
   }
 
+  void fileDialogsOpenWhereThereIsAFolder() {
+    Settings settings;
+    QString& folder = settings.slot[setting::kDataFolder];
+    for (const QString& gone : {QString(), at("gone")}) {
+      folder = gone;
+      QCOMPARE(dialogFolder(settings, folder_->path()), defaultDataFolder(folder_->path()));
+    }
+    folder = folder_->path();
+    QCOMPARE(dialogFolder(settings, at("elsewhere")), folder);
+  }
+
   void withoutASettingsFileOnlyTheDataFolderIsSet() {
     const QString folder = QDir::toNativeSeparators(at("daten"));
     QCOMPARE(stateOfSettings(), u"10="_s + folder + u"; ;;;"_s);
