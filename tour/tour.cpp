@@ -181,9 +181,10 @@ void Tour::saveStartOverAndLoad() {
 /// of the tours that are showing it just now removes it.
 void Tour::showSettings() {
   const QString dataFolder = QDir::temp().filePath(u"Calvora/daten"_s);
-  require(QDir().mkpath(dataFolder), dataFolder);
   QTemporaryFile shownHere(dataFolder + u"/XXXXXX"_s);
-  require(shownHere.open(), dataFolder);
+  bool isThere = false;  // another tour may remove it in the moment before this one is in it
+  for (int i = 0; i < 10 && !isThere; ++i) isThere = QDir().mkpath(dataFolder) && shownHere.open();
+  require(isThere, dataFolder);
   program().settings.slot[calvora::setting::kDataFolder] = dataFolder;
   window().mnu2_pfad->trigger();
   pictureOfActive(u"datenpfad"_s);

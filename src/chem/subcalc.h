@@ -39,7 +39,7 @@ class subcalc {
   void checkeingabe(int index, const QString& text, int& status);
 
   /// Shows a message of the catalogue, with `text` built in where the message has a place for it,
-  /// and writes the answer to `number`. Runtime error 5 for a number that has no message.
+  /// and writes the answer to `number`. An empty message for a number that has none.
   void message(int& number, const QString& text);
 
   /// Empties the capacity that the pH rules out, and with it what was computed from it.

@@ -21,7 +21,7 @@ DialogQuestions::~DialogQuestions() {
 }
 
 /// The window that a message belongs to. Right after another dialog has closed none may be active:
-/// then it is the one that the dialog lay over.
+/// then it is the lowest of those that the dialog lay over.
 QWidget* DialogQuestions::askingWindow() const {
   if (QWidget* active = QApplication::activeWindow()) return active;
   if (lastWindow_ != nullptr && lastWindow_->isVisible()) return lastWindow_;

@@ -89,7 +89,8 @@ void TextBox::focusInEvent(QFocusEvent* event) {
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
-  if (std::exchange(clickedInto_, false) && !hasSelectedText()) selectAll();
+  const bool click = event->button() == Qt::LeftButton && !hasSelectedText();
+  if (std::exchange(clickedInto_, false) && click) selectAll();
 }
 
 /// A dropped text is typed: the box takes the focus first, and what was left by that is finished
@@ -97,7 +98,7 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
 void TextBox::dropEvent(QDropEvent* event) {
   if (isReadOnly()) return;
   event->acceptProposedAction();
-  setFocus(Qt::MouseFocusReason);
+  setFocus(Qt::OtherFocusReason);
   const auto insertText = [this, text = event->mimeData()->text()] {
     if (window()->focusWidget() == this) insert(text);
   };

@@ -47,7 +47,7 @@ QByteArray analysisContent(const Program& program) {
   writer.text(record.flag[flag::kNameLine]);
   for (int slot = 1; slot <= kHeaderSlots; ++slot) writer.text(program.header[slot]);
   writer.text(u"ende"_s);
-  for (int index = 1; index <= 26; ++index) {
+  for (int index = 1; index < record.text.size(); ++index) {
     if (!isShown(index) || record.text[index].isEmpty()) continue;
     writer.fields({QString::number(index), invariantNumber(record.value[index]),
                    LineWriter::quoted(record.text[index])});

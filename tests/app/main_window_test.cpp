@@ -359,6 +359,8 @@ void MainWindowTest::aDroppedTextBelongsToItsBox() {
   mask.drop(5, u" 2,5 mmol/l"_s);
   QCOMPARE(mask.focusedBox(), 5);
   QCOMPARE(mask.program.record.value[1], 420_fp);
+  QTest::mouseClick(&mask.window.Text1(5), Qt::LeftButton);
+  QVERIFY(!mask.window.Text1(5).hasSelectedText());
   mask.press(Qt::Key_Enter);
   QCOMPARE(mask.program.record.value[5], 2.5_fp);
 }

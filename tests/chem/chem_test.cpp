@@ -412,15 +412,15 @@ class ChemTest : public QObject {
     }
   }
 
-  void indexOrMessageThatDoesNotExistIsARuntimeError() {
+  void anIndexThatDoesNotExistIsARuntimeError() {
     Water water;
     AnalysisRecord& record = water.program.record;
-    int number = 99;
+    int status = 0;
     for (const int index : {-1, 41}) {
       QCOMPARE(errorOf([&] { record.value[index] = 1_fp; }), 9);
       QCOMPARE(errorOf([&] { record.text[index] = u"x"_s; }), 9);
       QCOMPARE(errorOf([&] { static_cast<void>(std::as_const(record).text[index]); }), 9);
-      QCOMPARE(errorOf([&] { water.chem.checkeingabe(index, u"1"_s, number); }), 9);
+      QCOMPARE(errorOf([&] { water.chem.checkeingabe(index, u"1"_s, status); }), 9);
     }
     water.compare({}, {});
   }

@@ -134,14 +134,15 @@ class FaultsTest : public QObject {
     QVERIFY(seen[0] != seen[1]);
     QSet<QByteArray> found;
     std::mt19937 random(20261123);
-    for (unsigned round = 0; round < 40; ++round) {
+    // However long a write takes here, some of the kills come after one.
+    for (unsigned round = 0; round < 40 || (found.size() < 2 && round < 400); ++round) {
       const pid_t child = startChild([&] {
         return errorOf([&] {
           for (unsigned i = round;; ++i) versions[i % 2].write();
         });
       });
       QVERIFY(child > 0);
-      usleep(1000 + static_cast<useconds_t>(random() % 19000));
+      usleep(1000 + static_cast<useconds_t>(random() % (19000 + 1000 * round)));
       kill(child, SIGKILL);
       int status = 0;
       waitpid(child, &status, 0);

@@ -40,6 +40,12 @@ class SmallToolsTest : public QObject {
     }
   }
 
+  void theGradientEndsAtFullGreen() {
+    constexpr Farbverlauf kSteep{.start = {0, 80, 0}, .end = {0, 300, 29}};
+    const Rgb last = kSteep.colour(999, 1000);
+    QCOMPARE((QList{last.red, last.green, last.blue}), (QList{0, 255, 29}));
+  }
+
   void theBuildMonthIsThatOfTheFile() {
     const QTemporaryDir folder;
     QFile file(folder.filePath(u"programm"_s));
