@@ -91,7 +91,21 @@ void datenpfad::openFolder(const QString& folder) {
     add(here.absoluteFilePath(name), name, way.size());
   }
   Dir1->setCurrentItem(current);
-  Drive1->setCurrentIndex(Drive1->findData(QStorageInfo(folder).rootPath()));
+  Drive1->setCurrentIndex(driveOf(here.absolutePath()));
+}
+
+/// The drive that a folder lies on: the longest of those listed that its path begins with.
+int datenpfad::driveOf(const QString& folder) const {
+  int drive = -1;
+  qsizetype longest = 0;
+  for (int i = 0; i < Drive1->count(); ++i) {
+    QString root = Drive1->itemData(i).toString();
+    if (!root.endsWith('/'_L1)) root += '/'_L1;
+    if (root.size() <= longest || !(folder + '/'_L1).startsWith(root)) continue;
+    drive = i;
+    longest = root.size();
+  }
+  return drive;
 }
 
 void datenpfad::choose(const QString& folder) {

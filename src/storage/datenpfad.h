@@ -33,6 +33,7 @@ class datenpfad : public QDialog {
  private:
   void buildWindow();
   void listDrives();
+  [[nodiscard]] int driveOf(const QString& folder) const;
   void openFolder(const QString& folder);
   void choose(const QString& folder);
   bool canBeKept(const QString& folder);

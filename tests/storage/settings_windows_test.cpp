@@ -129,11 +129,13 @@ void SettingsWindowsTest::onlyFoldersThatUsersSeeAreListed() {
   click(window, QFileInfo(house.folder.path()).fileName());
   QVERIFY(!window.Dir1->findItems(u"Werte"_s, Qt::MatchEndsWith).isEmpty());
   QVERIFY(window.Dir1->findItems(u".versteckt"_s, Qt::MatchEndsWith).isEmpty());
+  QVERIFY(window.Drive1->currentIndex() >= 0);
   const int root = window.Drive1->findText(u"/"_s);
   QVERIFY(root >= 0);
   window.Drive1->setCurrentIndex(root);
   emit window.Drive1->activated(root);
   QCOMPARE(window.Label3(2).text(), u"/"_s);
+  QCOMPARE(window.Drive1->currentText(), u"/"_s);
   // A second call brings up the window that is open.
   house.mask.window.mnu2_pfad->trigger();
   const auto lists = house.mask.window.findChildren<QListWidget*>();
