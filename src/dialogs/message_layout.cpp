@@ -125,7 +125,7 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   const qsizetype bar = message.style.indexOf('|'_L1);
   if (bar >= 0) layout.fontSize = message.style.mid(bar + 1).toInt();
   layout.colours = coloursOf(bar >= 0 ? message.style.left(bar) : message.style);
-  layout.symbol = message.symbol < 0 ? 2 : message.symbol;
+  layout.symbol = message.symbol < 0 ? symbol::kWarning : message.symbol;
   layout.title = message.title + u"      "_s;
 
   Lines lines = analyse(message.text);

@@ -26,7 +26,7 @@ struct MessageLayout {
   QString text;      ///< the caption of the text label, rebuilt where a line is too long
   QString title;     ///< with the blanks that end every caption
   int fontSize = 0;  ///< points; 0: the design's font
-  int symbol = 0;    ///< 1 to 5; 0: none
+  int symbol = symbol::kNone;
   int left = 0;
   int top = 0;
   int width = 0;

@@ -33,6 +33,7 @@ class RuntimeError : public std::exception {
       : number_(number), text_(text.toUtf8()) {}
 
   [[nodiscard]] int number() const { return static_cast<int>(number_); }
+  [[nodiscard]] bool is(ErrorNumber number) const { return number_ == number; }
   [[nodiscard]] const char* what() const noexcept override { return text_.constData(); }
 
  private:

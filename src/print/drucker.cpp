@@ -93,7 +93,7 @@ void Drucker::Command2_Click() {
       printOn(*paper);
       printed = true;
     } catch (const RuntimeError& error) {
-      printed = error.number() == static_cast<int>(ErrorNumber::kDialogCancelled);
+      printed = error.is(ErrorNumber::kDialogCancelled);
     }
   });
   accept();

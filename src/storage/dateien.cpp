@@ -27,7 +27,6 @@ namespace {
 
 constexpr int kFileNotFound = static_cast<int>(ErrorNumber::kFileNotFound);
 constexpr int kCancelled = 1;
-constexpr int kDialogCancelled = static_cast<int>(ErrorNumber::kDialogCancelled);
 const auto kRemove = u"löschen"_s;
 const auto kSet = u"setzen"_s;
 
@@ -119,7 +118,7 @@ void Dateien::Command1_Click() {
     try {
       save();
     } catch (const RuntimeError& error) {
-      if (error.number() == kDialogCancelled) return;
+      if (error.is(ErrorNumber::kDialogCancelled)) return;
       failure_->setText(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
       failure_->show();
       fitHeight();
@@ -197,7 +196,7 @@ int Dateien::readChosenFile(const QString& extension,
   try {
     if (!read(path)) tellIncomplete();
   } catch (const RuntimeError& error) {
-    if (error.number() == kFileNotFound) return kFileNotFound;
+    if (error.is(ErrorNumber::kFileNotFound)) return kFileNotFound;
     tellIncomplete();
     return kCancelled;  // nothing was read: what is there stays
   }

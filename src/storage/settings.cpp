@@ -110,7 +110,7 @@ void readSettings(Settings& settings, const QString& programFolder) {
     deriveCompanyLine(settings);
     if (dataFolder.isEmpty()) dataFolder = defaultDataFolder(programFolder);
   } catch (const RuntimeError& error) {
-    settings.readInPart = error.number() != static_cast<int>(ErrorNumber::kFileNotFound);
+    settings.readInPart = !error.is(ErrorNumber::kFileNotFound);
     if (!settings.readInPart) dataFolder = defaultDataFolder(programFolder);
   }
 }
