@@ -17,8 +17,8 @@ extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #include <functional>
 
 #include "app/main_window.h"
-#include "dialogs/dialog_questions.h"
-#include "overview/analysen.h"
+#include "dialogs/windows/dialog_questions.h"
+#include "overview/windows/analysen.h"
 #include "platform/look.h"
 #include "support/one_file_desktop.h"
 #include "support/shown_window.h"

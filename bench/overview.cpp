@@ -7,9 +7,9 @@
 #include <QTimer>
 
 #include "bench_support.h"
-#include "overview/analysen.h"
-#include "storage/dateien.h"
+#include "overview/windows/analysen.h"
 #include "storage/project_file.h"
+#include "storage/windows/dateien.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

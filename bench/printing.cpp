@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 
 #include "bench_support.h"
-#include "print/drucker.h"
+#include "print/windows/drucker.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

@@ -6,7 +6,7 @@
 
 #include "bench_support.h"
 #include "storage/analysis_file.h"
-#include "storage/dateien.h"
+#include "storage/windows/dateien.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

@@ -6,10 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/fields.h"
-#include "app/program.h"
-#include "dialogs/questions.h"
+#include "base/questions.h"
 #include "entry/decimal.h"
+#include "model/fields.h"
+#include "model/program.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
 

@@ -6,7 +6,7 @@
 #include <map>
 
 #include "app/main_window.h"
-#include "dialogs/dialog_questions.h"
+#include "dialogs/windows/dialog_questions.h"
 #include "monkey_desktop.h"
 
 namespace calvora::monkey {

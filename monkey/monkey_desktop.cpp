@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/fields.h"
-#include "dialogs/runtime_error.h"
-#include "overview/analysen.h"
+#include "base/runtime_error.h"
+#include "model/fields.h"
+#include "overview/windows/analysen.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
 #include "storage/project_file.h"

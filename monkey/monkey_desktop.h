@@ -4,8 +4,8 @@
 #include <QPointer>
 #include <random>
 
-#include "app/program.h"
-#include "overview/overview_grid.h"
+#include "model/overview_grid.h"
+#include "model/program.h"
 #include "platform/desktop.h"
 #include "platform/paper.h"
 

@@ -1,8 +1,8 @@
 #include <QInputDialog>
 
-#include "dialogs/nachricht.h"
+#include "dialogs/windows/nachricht.h"
 #include "stops.h"
-#include "tools/dimum.h"
+#include "tools/windows/dimum.h"
 #include "tour.h"
 
 using namespace Qt::StringLiterals;

@@ -1,10 +1,10 @@
 #include <QFileInfo>
 
-#include "dialogs/nachricht.h"
-#include "overview/analysen.h"
-#include "print/drucker.h"
+#include "dialogs/windows/nachricht.h"
+#include "overview/windows/analysen.h"
+#include "print/windows/drucker.h"
 #include "stops.h"
-#include "storage/dateien.h"
+#include "storage/windows/dateien.h"
 #include "support/shown_window.h"
 #include "tour.h"
 

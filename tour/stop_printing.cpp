@@ -3,7 +3,7 @@
 #include <QPrintPreviewDialog>
 
 #include "platform/printer_setup.h"
-#include "print/drucker.h"
+#include "print/windows/drucker.h"
 #include "stops.h"
 #include "tour.h"
 

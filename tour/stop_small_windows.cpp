@@ -1,8 +1,8 @@
 // The small windows, each once by mouse and once by keyboard.
 #include "stops.h"
-#include "tools/info1.h"
-#include "tools/varios.h"
-#include "tools/version_window.h"
+#include "tools/windows/info1.h"
+#include "tools/windows/varios.h"
+#include "tools/windows/version_window.h"
 #include "tour.h"
 
 using namespace Qt::StringLiterals;

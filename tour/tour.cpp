@@ -9,12 +9,12 @@
 #include <QTextStream>
 
 #include "app/start_window.h"
-#include "dialogs/bb_msg.h"
-#include "dialogs/nachricht.h"
+#include "dialogs/windows/bb_msg.h"
+#include "dialogs/windows/nachricht.h"
 #include "platform/look.h"
 #include "stops.h"
-#include "storage/dateien.h"
 #include "storage/settings.h"
+#include "storage/windows/dateien.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "app/main_window.h"
-#include "app/program.h"
-#include "dialogs/dialog_questions.h"
+#include "dialogs/windows/dialog_questions.h"
+#include "model/program.h"
 #include "platform/desktop.h"
 
 namespace calvora {

@@ -5,12 +5,12 @@
 #include <QShortcut>
 
 #include "app/main_window.h"
-#include "app/pictures.h"
-#include "dialogs/guarded.h"
+#include "base/guarded.h"
 #include "entry/key_filter.h"
 #include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
+#include "platform/pictures.h"
 #include "platform/scrolling_content.h"
 #include "platform/twips.h"
 

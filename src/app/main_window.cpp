@@ -7,22 +7,23 @@
 #include <QMenuBar>
 #include <QScopeGuard>
 
-#include "app/focus_order.h"
 #include "app/start_window.h"
+#include "base/guarded.h"
 #include "chem/umrechnung.h"
-#include "dialogs/guarded.h"
 #include "dialogs/meldungen.h"
 #include "entry/key_filter.h"
-#include "overview/analysen.h"
+#include "model/focus_order.h"
+#include "overview/windows/analysen.h"
 #include "platform/look.h"
-#include "print/drucker.h"
-#include "storage/dateien.h"
-#include "storage/datenpfad.h"
-#include "storage/firma.h"
-#include "tools/dimum.h"
-#include "tools/info1.h"
-#include "tools/varios.h"
-#include "tools/version_window.h"
+#include "print/windows/drucker.h"
+#include "storage/settings.h"
+#include "storage/windows/dateien.h"
+#include "storage/windows/datenpfad.h"
+#include "storage/windows/firma.h"
+#include "tools/windows/dimum.h"
+#include "tools/windows/info1.h"
+#include "tools/windows/varios.h"
+#include "tools/windows/version_window.h"
 
 namespace calvora {
 

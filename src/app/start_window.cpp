@@ -5,8 +5,8 @@
 #include <QRegularExpression>
 
 #include "app/main_window.h"
-#include "app/pictures.h"
 #include "platform/form.h"
+#include "platform/pictures.h"
 #include "platform/twips.h"
 
 namespace calvora {

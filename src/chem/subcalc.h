@@ -4,10 +4,10 @@
 #include <array>
 #include <initializer_list>
 
-#include "app/fields.h"
-#include "app/program.h"
-#include "dialogs/questions.h"
+#include "base/questions.h"
 #include "entry/werteingabe.h"
+#include "model/fields.h"
+#include "model/program.h"
 
 namespace calvora {
 

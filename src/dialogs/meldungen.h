@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/questions.h"
+#include "base/questions.h"
 
 namespace calvora {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace calvora {
 

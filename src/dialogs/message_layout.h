@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "dialogs/questions.h"
+#include "base/questions.h"
 
 namespace calvora {
 

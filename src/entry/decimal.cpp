@@ -6,7 +6,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace calvora {
 

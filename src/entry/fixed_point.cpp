@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace calvora {
 

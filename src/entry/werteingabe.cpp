@@ -3,7 +3,7 @@
 #include <cmath>
 #include <optional>
 
-#include "dialogs/guarded.h"
+#include "base/guarded.h"
 #include "entry/decimal.h"
 
 namespace calvora {

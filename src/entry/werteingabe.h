@@ -3,7 +3,7 @@
 #include <QString>
 #include <variant>
 
-#include "dialogs/questions.h"
+#include "base/questions.h"
 
 namespace calvora {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <set>
 
-#include "app/fields.h"
+#include "model/fields.h"
 
 namespace calvora {
 

@@ -3,8 +3,8 @@
 #include <span>
 #include <utility>
 
-#include "app/program.h"
-#include "overview/overview_grid.h"
+#include "model/overview_grid.h"
+#include "model/program.h"
 
 namespace calvora {
 

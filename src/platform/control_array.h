@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace calvora {
 

@@ -10,7 +10,7 @@
 #include <QTreeView>
 #include <QUrl>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 #include "platform/paper.h"
 #include "platform/placement.h"
 #include "platform/twips.h"

@@ -2,9 +2,9 @@
 
 #include <QLibrary>
 
-#include "app/version.h"
-#include "dialogs/runtime_error.h"
-#include "platform/safe_write.h"
+#include "base/runtime_error.h"
+#include "base/safe_write.h"
+#include "base/version.h"
 
 namespace calvora {
 

@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <optional>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 #include "platform/busy_cursor.h"
 #include "platform/paper.h"
 #include "platform/twips.h"

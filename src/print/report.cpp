@@ -1,9 +1,9 @@
 // What the reports say, line by line.
 #include "print/report.h"
 
-#include "app/fields.h"
 #include "entry/date_text.h"
 #include "entry/decimal.h"
+#include "model/fields.h"
 #include "storage/file_name.h"
 
 namespace calvora {

@@ -2,8 +2,8 @@
 
 #include <QDate>
 
-#include "app/record.h"
-#include "overview/overview_grid.h"
+#include "model/overview_grid.h"
+#include "model/record.h"
 #include "print/statement.h"
 
 namespace calvora {

@@ -1,7 +1,7 @@
 #include "storage/analysis_file.h"
 
-#include "app/fields.h"
-#include "platform/safe_write.h"
+#include "base/safe_write.h"
+#include "model/fields.h"
 #include "storage/line_file.h"
 
 namespace calvora {

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <functional>
 
-#include "app/program.h"
+#include "model/program.h"
 
 namespace calvora {
 

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 #include "entry/decimal.h"
 #include "storage/windows1252.h"
 

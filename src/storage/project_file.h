@@ -2,8 +2,8 @@
 
 #include <QByteArray>
 
-#include "app/program.h"
-#include "overview/overview_grid.h"
+#include "model/overview_grid.h"
+#include "model/program.h"
 
 namespace calvora {
 

@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFile>
 
-#include "platform/safe_write.h"
+#include "base/safe_write.h"
 #include "storage/line_file.h"
 
 namespace calvora {

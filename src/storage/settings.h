@@ -2,34 +2,11 @@
 
 #include <array>
 
-#include "app/checked_array.h"
+#include "model/settings.h"
 
 namespace calvora {
 
-/// Slots of the settings array that the program uses.
-namespace setting {
-inline constexpr int kPrintLine = 5;     ///< the company line as it is printed
-inline constexpr int kSegmentList = 6;   ///< its four segments, each followed by "|"
-inline constexpr int kFirstSegment = 5;  ///< in the file: the four segments themselves
-inline constexpr int kDataFolder = 10;
-}  // namespace setting
-
 inline constexpr int kLongestPrintLine = 115;
-
-/// The program's few settings, kept in `cvra.ini` in the program folder.
-struct Settings {
-  CheckedArray<QString, 21> slot;
-
-  /// The company line's segments as last read or stored; written to the file in place of what the
-  /// slots 5 to 8 hold while the program runs.
-  std::array<QString, 4> segments;
-
-  /// They could not be written; the running program keeps them and must not read the old ones.
-  bool unsaved = false;
-
-  /// The file holds more than could be read; it must not be lost by writing it anew.
-  bool readInPart = false;
-};
 
 /// The folder that analyses are kept in unless another was chosen.
 QString defaultDataFolder(const QString& programFolder);

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "app/program.h"
-#include "dialogs/questions.h"
+#include "base/questions.h"
+#include "model/program.h"
 
 namespace calvora {
 

@@ -2,7 +2,7 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 
-#include "app/focus_order.h"
+#include "model/focus_order.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 

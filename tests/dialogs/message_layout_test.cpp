@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 #include "support/tables.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 #include "entry/decimal.h"
 #include "entry/fixed_point.h"
 #include "entry/werteingabe.h"

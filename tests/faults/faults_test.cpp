@@ -14,6 +14,7 @@
 #include "platform/paper.h"
 #include "storage/analysis_file.h"
 #include "storage/project_file.h"
+#include "storage/settings.h"
 #include "support/files.h"
 #include "support/tables.h"
 

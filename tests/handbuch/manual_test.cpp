@@ -8,10 +8,10 @@
 
 #include "app/start_window.h"
 #include "chem/subcalc.h"
-#include "dialogs/bb_msg.h"
-#include "storage/dateien.h"
-#include "storage/datenpfad.h"
-#include "storage/firma.h"
+#include "dialogs/windows/bb_msg.h"
+#include "storage/windows/dateien.h"
+#include "storage/windows/datenpfad.h"
+#include "storage/windows/firma.h"
 #include "support/window_support.h"
 
 using namespace calvora;

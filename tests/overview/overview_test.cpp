@@ -4,11 +4,11 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 
-#include "overview/analysen.h"
 #include "overview/overview_content.h"
-#include "print/drucker.h"
-#include "storage/dateien.h"
+#include "overview/windows/analysen.h"
+#include "print/windows/drucker.h"
 #include "storage/project_file.h"
+#include "storage/windows/dateien.h"
 #include "support/files.h"
 #include "support/shown_window.h"
 #include "support/window_support.h"

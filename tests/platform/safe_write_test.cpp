@@ -1,6 +1,6 @@
 // What can go wrong with one file. What every operation writes is tested against the faults of a
 // disk in ../faults.
-#include "platform/safe_write.h"
+#include "base/safe_write.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

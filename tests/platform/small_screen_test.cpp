@@ -4,18 +4,18 @@
 #include <QScreen>
 
 #include "app/start_window.h"
-#include "dialogs/bb_msg.h"
-#include "dialogs/nachricht.h"
-#include "overview/analysen.h"
-#include "print/drucker.h"
-#include "storage/dateien.h"
-#include "storage/datenpfad.h"
-#include "storage/firma.h"
+#include "dialogs/windows/bb_msg.h"
+#include "dialogs/windows/nachricht.h"
+#include "overview/windows/analysen.h"
+#include "print/windows/drucker.h"
+#include "storage/windows/dateien.h"
+#include "storage/windows/datenpfad.h"
+#include "storage/windows/firma.h"
 #include "support/window_support.h"
-#include "tools/dimum.h"
-#include "tools/info1.h"
-#include "tools/varios.h"
-#include "tools/version_window.h"
+#include "tools/windows/dimum.h"
+#include "tools/windows/info1.h"
+#include "tools/windows/varios.h"
+#include "tools/windows/version_window.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

@@ -15,8 +15,8 @@
 #include <QToolBar>
 #include <csignal>
 
-#include "print/drucker.h"
-#include "print/report_printer.h"
+#include "print/windows/drucker.h"
+#include "print/windows/report_printer.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 

@@ -7,13 +7,13 @@
 
 #include "app/application.h"
 #include "app/start_window.h"
-#include "dialogs/nachricht.h"
+#include "dialogs/windows/nachricht.h"
 #include "support/shown_window.h"
 #include "support/window_support.h"
-#include "tools/dimum.h"
-#include "tools/info1.h"
-#include "tools/varios.h"
-#include "tools/version_window.h"
+#include "tools/windows/dimum.h"
+#include "tools/windows/info1.h"
+#include "tools/windows/varios.h"
+#include "tools/windows/version_window.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

@@ -3,8 +3,9 @@
 #include <QListWidget>
 #include <QTemporaryDir>
 
-#include "storage/datenpfad.h"
-#include "storage/firma.h"
+#include "storage/settings.h"
+#include "storage/windows/datenpfad.h"
+#include "storage/windows/firma.h"
 #include "support/window_support.h"
 
 using namespace calvora;

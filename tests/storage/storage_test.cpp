@@ -13,6 +13,7 @@
 #include "storage/analysis_file.h"
 #include "storage/company_line.h"
 #include "storage/line_file.h"
+#include "storage/settings.h"
 #include "storage/windows1252.h"
 #include "support/files.h"
 #include "support/scripted_questions.h"

@@ -11,7 +11,7 @@
 #include <QWheelEvent>
 #include <csignal>
 
-#include "storage/dateien.h"
+#include "storage/windows/dateien.h"
 #include "support/files.h"
 #include "support/window_support.h"
 

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <functional>
 
-#include "dialogs/runtime_error.h"
+#include "base/runtime_error.h"
 
 namespace calvora {
 

@@ -5,7 +5,7 @@
 #include <deque>
 #include <functional>
 
-#include "dialogs/questions.h"
+#include "base/questions.h"
 
 namespace calvora {
 

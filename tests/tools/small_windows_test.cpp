@@ -1,7 +1,7 @@
 // Information and version, opened from the main window.
 #include "support/window_support.h"
-#include "tools/info1.h"
-#include "tools/version_window.h"
+#include "tools/windows/info1.h"
+#include "tools/windows/version_window.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

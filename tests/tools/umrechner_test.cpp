@@ -6,7 +6,7 @@
 
 #include "support/tables.h"
 #include "support/window_support.h"
-#include "tools/dimum.h"
+#include "tools/windows/dimum.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QDate>
+#include <functional>
+
+#include "model/record.h"
+#include "model/settings.h"
+#include "model/umrechnungstabelle.h"
+
+namespace calvora {
+
+/// Value of the current field index while the main window's first activation is pending.
+inline constexpr int kFirstActivationPending = 99;
+
+/// What the windows share. Made once at program start and handed on by reference.
+struct Program {
+  AnalysisRecord record;
+
+  /// Header of the analysis: slot 0 file name, 1 project, 2 project number, 3 sample, 4 client,
+  /// 5 sampling date, 6 creation date, 7 remark.
+  CheckedArray<QString, 11> header;
+
+  /// Display texts, by field index, of the analysis read last for the overview.
+  CheckedArray<QString, 41> overviewText;
+
+  bool entryChanged = false;  ///< a character was typed into a box that was not left since
+  int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
+  bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
+  QString programFolder;
+  Settings settings;
+  Umrechnungstabelle conversion;  ///< of the unit converter
+
+  /// The printer's page orientation; what was chosen stays in force for the next report.
+  bool landscape = false;
+
+  /// Tells what day it is; tests set their own.
+  std::function<QDate()> today = [] { return QDate::currentDate(); };
+
+  /// Captions of the two narrow displays beside the results 10 and 7.
+  QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm
+  QString phNäherung;             ///< `Label2(21)`
+
+  /// Empties record, flags, header and conversion table and forgets the entry in progress.
+  void restart() {
+    resetRecord();
+    header.clear();
+    conversion.clear();
+    fieldIndex = 0;
+  }
+
+  /// Empties record, flags and the narrow displays, as before reading a file. The header stays.
+  void resetRecord() {
+    leitfähigkeitAusIonen.clear();
+    phNäherung.clear();
+    record.clear();
+    entryChanged = false;
+    dataPresent = false;
+  }
+};
+
+}  // namespace calvora

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/checked_array.h"
+#include "entry/fixed_point.h"
+
+namespace calvora {
+
+/// Slots of the flag array that the program uses.
+namespace flag {
+inline constexpr int kNameLine = 0;  ///< name line of the file written last
+inline constexpr int kStatus = 1;    ///< "1": there are unsaved changes
+/// While a project is saved, kStatus says so; "abbruch" then means that it was not.
+inline const QString kProjekt = QStringLiteral("projekt");
+inline constexpr int kOverviewName = 4;  ///< name line of the file read for the overview
+inline constexpr int kOverviewDate = 5;  ///< its creation date
+}  // namespace flag
+
+/// The one water analysis that the program holds. An input field is empty exactly when its text is;
+/// its value is then 0. A result without text may keep the value it had.
+struct AnalysisRecord {
+  CheckedArray<FixedPoint, 41> value;
+  CheckedArray<QString, 41> text;
+  CheckedArray<QString, 11> flag;
+
+  /// Empties one field: value 0 and empty text.
+  void clearField(int index) {
+    value[index] = {};
+    text[index].clear();
+  }
+
+  void clear() {
+    value.clear();
+    text.clear();
+    flag.clear();
+  }
+
+  friend bool operator==(const AnalysisRecord&, const AnalysisRecord&) = default;
+};
+
+}  // namespace calvora

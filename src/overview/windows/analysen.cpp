@@ -1,0 +1,262 @@
+#include "overview/windows/analysen.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QScopeGuard>
+#include <QScreen>
+
+#include "base/guarded.h"
+#include "overview/meldungen.h"
+#include "overview/overview_content.h"
+#include "platform/form.h"
+#include "print/windows/drucker.h"
+#include "storage/windows/dateien.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Button { kClose = 1, kReset, kPrint, kSaveProject, kLoadProject };
+
+const auto kEmptyCaption = u"   Analyse   laden"_s;
+
+}  // namespace
+
+// No parent: it would always lie over the main window, which stays in use beside it.
+analysen::analysen(Program& program, Questions& questions, Desktop& desktop)
+    : program_(program), questions_(questions), desktop_(desktop) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  buildWindow();
+  enterNames(grid_);
+  darstellen();
+  updateButtons();
+}
+
+bool analysen::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) {
+    enterNames(grid_);
+    darstellen();
+  }
+  return QWidget::event(event);
+}
+
+void analysen::closeEvent(QCloseEvent* event) {
+  program_.overviewText.clear();
+  QWidget::closeEvent(event);
+}
+
+// ---- Rules of the window ----
+
+void analysen::flex_ein(int column) {
+  enterAnalysis(grid_, column - 1, program_);
+  darstellen();
+}
+
+void analysen::countdat(int& count) {
+  count = filledSlots(grid_);
+  for (const int index : {kReset, kPrint, kSaveProject}) {
+    Command1(index).setEnabled(count >= 1);
+  }
+}
+
+void analysen::updateButtons() {
+  int count = 0;
+  countdat(count);
+}
+
+void analysen::message(int& code, const QString& extra) {
+  code = uebersichtMeldung(questions_, code, extra);
+}
+
+void analysen::darstellen() {
+  for (int row = 0; row < OverviewGrid::kRows; ++row) {
+    for (int column = 0; column < MSFlexGrid1->columnCount(); ++column) {
+      MSFlexGrid1->item(row, column)->setText(cellText(grid_, row, column));
+    }
+  }
+  for (const auto& [k, label] : Label1) {
+    const OverviewGrid::Slot& slot = grid_.slot[k];
+    const bool empty = !slot.filled && slot.caption.isEmpty();
+    label->showSlot(empty ? kEmptyCaption : slot.caption, slot.filled);
+  }
+}
+
+void analysen::forgetAnalysisRead() {
+  program_.overviewText.clear();
+  program_.record.flag[flag::kOverviewName].clear();
+  program_.record.flag[flag::kOverviewDate].clear();
+}
+
+// ---- Analyses ----
+
+void analysen::Label1_Click(int slot) {
+  guarded(questions_, u" analysen\\L1_click"_s, [this, slot] {
+    if (grid_.slot[slot].filled) {
+      removeAnalysis(slot);
+    } else {
+      loadAnalysis(slot);
+    }
+  });
+}
+
+void analysen::loadAnalysis(int slot) {
+  forgetAnalysisRead();
+  Dateien window(program_, questions_, desktop_, this);
+  int mode = kOverviewMode;
+  window.dateiladen(mode);
+  if (mode > 0) return;
+  window.showAsRead();
+  window.exec();
+  flex_ein(slot + 1);
+  updateButtons();
+}
+
+void analysen::removeAnalysis(int slot) {
+  int answer = uebersicht::kEntfernen;
+  message(answer, QString::number(slot));
+  if (answer == button::kJa) grid_.slot[slot] = {};
+  darstellen();
+  updateButtons();
+}
+
+// ---- Buttons ----
+
+void analysen::Command1_Click(int index) {
+  guarded(questions_, u" analysen\\C1_click"_s, [this, index] {
+    if (index == kClose) close();
+    if (index == kReset) emptyGrid();
+    if (index == kPrint) print();
+    if (index == kSaveProject) saveProject();
+    if (index == kLoadProject) loadProject();
+  });
+}
+
+void analysen::print() {
+  Drucker window(program_, questions_, desktop_, this, &grid_);
+  window.druckart(bericht::kÜbersicht);
+  window.exec();
+}
+
+/// Empties the grid. False, and nothing happened, if the user does not want that.
+bool analysen::emptyGrid() {
+  if (filledSlots(grid_) >= 1) {
+    int answer = uebersicht::kAlleLöschen;
+    message(answer);
+    if (answer == button::kAbbrechen) return false;
+  }
+  forgetAnalysisRead();
+  for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) grid_.slot[k] = {};
+  darstellen();
+  return true;
+}
+
+void analysen::saveProject() {
+  const auto done = qScopeGuard([this] { program_.record.flag[flag::kStatus].clear(); });
+  Dateien window(program_, questions_, desktop_, this);
+  window.saveAsProject(grid_);
+  window.exec();
+  if (program_.record.flag[flag::kStatus] == kAbbruch) return;
+  int code = uebersicht::kProjektGespeichert;
+  message(code);
+}
+
+void analysen::loadProject() {
+  if (!emptyGrid()) return;
+  Dateien window(program_, questions_, desktop_, this);
+  int result = 0;
+  window.projektladen(result, grid_);
+  if (result > 0) return;
+  darstellen();
+  window.showProjectAsRead();
+  window.exec();
+  updateButtons();
+  Command1(kReset).setEnabled(true);  // a slot that was read in part can be emptied, too
+}
+
+void analysen::copy() {
+  QList<std::pair<int, int>> cells;
+  for (const QModelIndex& cell : MSFlexGrid1->selectionModel()->selectedIndexes()) {
+    cells += {cell.row(), cell.column()};
+  }
+  QGuiApplication::clipboard()->setText(copyText(grid_, cells));
+}
+
+// ---- Design ----
+
+void analysen::buildWindow() {
+  setWindowTitle(u"      Analysen-Übersicht     "_s);
+  MSFlexGrid1 = new OverviewTable;
+  MSFlexGrid1->setAccessibleName(u"Analysen-Übersicht"_s);
+  auto* layout = new QVBoxLayout(this);
+  setWindowMargins(*layout);
+  layout->setSpacing(4);
+  layout->addWidget(buildHead());
+  layout->addWidget(MSFlexGrid1, 1);
+  layout->addSpacing(10);
+  layout->addLayout(buildButtons());
+  MSFlexGrid1->arranged = [this] { arrangeHead(); };
+
+  auto* copyCells = new QAction(u"&Kopieren"_s, this);
+  copyCells->setShortcut(QKeySequence::Copy);
+  connect(copyCells, &QAction::triggered, this, &analysen::copy);
+  addAction(copyCells);
+  MSFlexGrid1->addAction(copyCells);
+  MSFlexGrid1->setContextMenuPolicy(Qt::ActionsContextMenu);
+
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  resize(screen == nullptr ? sizeHint() : sizeHint().boundedTo(screen->availableSize()));
+}
+
+QWidget* analysen::buildHead() {
+  head_ = new QWidget;
+  Label4 = new QLabel(u"Analysen-Übersicht"_s, head_);
+  QFont heading = font();
+  heading.setPointSize(14);
+  heading.setBold(true);
+  Label4->setFont(heading);
+  slotLabels_ = new QWidget(head_);
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+    auto& label = Label1.add(k, new SlotLabel(slotLabels_));
+    connect(&label, &SlotLabel::clicked, this, [this, k] { Label1_Click(k); });
+    label.entered = [this, k] { MSFlexGrid1->scrollTo(MSFlexGrid1->model()->index(0, k + 1)); };
+  }
+  head_->setFixedHeight(Label1(1).sizeHint().height());
+  return head_;
+}
+
+/// Puts every label over its column.
+void analysen::arrangeHead() {
+  const int height = head_->height();
+  const int fixed = MSFlexGrid1->fixedWidth();
+  const QWidget* viewport = MSFlexGrid1->viewport();
+  Label4->setGeometry(0, 0, fixed, height);
+  slotLabels_->setGeometry(viewport->x() + fixed, 0, viewport->width() - fixed, height);
+  for (const auto& [k, label] : Label1) {
+    const int left = MSFlexGrid1->columnViewportPosition(k + 1) - fixed;
+    label->setGeometry(left + 1, 0, MSFlexGrid1->columnWidth(k + 1) - 3, height);
+  }
+}
+
+QLayout* analysen::buildButtons() {
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(10);
+  addButtons(Command1, 2250,
+             {{kClose, u" << schliessen"_s},
+              {kReset, u"alle Einträge  löschen"_s},
+              {kPrint, u"ausdrucken "_s},
+              {kSaveProject, u"speichern als Projekt"_s},
+              {kLoadProject, u"Projekt laden"_s}},
+             [this](int index) { Command1_Click(index); });
+  for (const auto& [index, button] : Command1) {
+    buttons->addWidget(button);
+    if (index == kClose) buttons->addStretch();
+  }
+  return buttons;
+}
+
+}  // namespace calvora

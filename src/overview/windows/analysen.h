@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "base/questions.h"
+#include "model/overview_grid.h"
+#include "model/program.h"
+#include "overview/windows/overview_table.h"
+#include "overview/windows/slot_label.h"
+#include "platform/control_array.h"
+#include "platform/desktop.h"
+
+namespace calvora {
+
+/// Up to eight saved analyses side by side. Not modal, deletes itself on close. What it shows lives
+/// as long as the window; the analysis of the main window stays as it is.
+class analysen : public QWidget {
+  Q_OBJECT
+
+ public:
+  analysen(Program& program, Questions& questions, Desktop& desktop);
+
+  /// Enters the analysis that was read last into a column, 2 to 9.
+  void flex_ein(int column);
+
+  /// Counts the filled slots and enables the buttons that need one.
+  void countdat(int& count);
+
+  /// Shows the overview's message of `code`; `extra` is the slot that message 2 asks about. Returns
+  /// the value of the pressed button in `code`.
+  void message(int& code, const QString& extra = {});
+
+  /// What is shown.
+  [[nodiscard]] const OverviewGrid& grid() const { return grid_; }
+
+  OverviewTable* MSFlexGrid1;
+  ControlArray<SlotLabel> Label1;
+  QLabel* Label4;
+  ControlArray<QPushButton> Command1;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildWindow();
+  QWidget* buildHead();
+  QLayout* buildButtons();
+  void arrangeHead();
+  void darstellen();
+  void updateButtons();
+  void Label1_Click(int slot);
+  void loadAnalysis(int slot);
+  void removeAnalysis(int slot);
+  void Command1_Click(int index);
+  void print();
+  bool emptyGrid();
+  void saveProject();
+  void loadProject();
+  void copy();
+  void forgetAnalysisRead();
+
+  Program& program_;
+  Questions& questions_;
+  Desktop& desktop_;
+  OverviewGrid grid_;
+  QWidget* head_;        ///< heading and slot labels
+  QWidget* slotLabels_;  ///< clips the labels to the columns that scroll
+};
+
+}  // namespace calvora

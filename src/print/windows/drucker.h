@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+
+#include "base/questions.h"
+#include "model/program.h"
+#include "platform/control_array.h"
+#include "platform/desktop.h"
+#include "platform/remark_box.h"
+#include "platform/text_box.h"
+#include "print/report.h"
+
+namespace calvora {
+
+class ReportPrinter;
+
+/// The print dialog: shows what heads a report, lets the user correct it, sets up the printer and
+/// prints. Constructing it is loading it; the caller then sets the kind of report and shows it
+/// modally.
+class Drucker : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `overview` is what the overview report shows, read when it is printed; without one it is
+  /// empty.
+  Drucker(Program& program, Questions& questions, Desktop& desktop, QWidget* parent,
+          const OverviewGrid* overview = nullptr);
+
+  /// Prepares the dialog for a kind of report. The overview turns the printer's page to landscape.
+  void druckart(int kind);
+
+  QPushButton* Command1;  ///< shows the title; does nothing
+  QLabel* Label1;
+  QLabel* Label2;
+  QLabel* Label3;
+  QLabel* Label4;
+  QLabel* Label6;
+  ControlArray<TextBox> Text1;  ///< 1 creation date, 2 project, 3 sample designation
+  RemarkBox* Text4;
+  QPushButton* Command2;
+  QPushButton* Command3;
+  QPushButton* Command4;
+
+ private:
+  void buildWindow();
+  void buildFields();
+  void limitRemark();
+  void Form_Load();
+  void Command2_Click();
+  void Command3_Click();
+  void Command4_Click();
+  void keepHeader();
+  void printOn(Paper& paper);
+  void druckkopf(ReportPrinter& printer, bool landscape);
+  bool papier(ReportPrinter& printer, int kind);
+  [[nodiscard]] QString remark() const;
+  [[nodiscard]] PrintRequest request() const;
+
+  Program& program_;
+  Questions& questions_;
+  Desktop& desktop_;
+  const OverviewGrid* overview_;
+  int kind_ = 0;
+};
+
+}  // namespace calvora

@@ -1,0 +1,210 @@
+#include "storage/windows/datenpfad.h"
+#include "storage/settings.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QGridLayout>
+#include <QStorageInfo>
+
+#include "base/guarded.h"
+#include "dialogs/meldungen.h"
+#include "platform/form.h"
+#include "platform/twips.h"
+#include "storage/line_file.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPathRole = Qt::UserRole;
+constexpr int kLongestBareDrive = 3;
+
+QString shownPath(const QString& path) {
+  return QDir::toNativeSeparators(path);
+}
+
+/// The folder that the window proposes: the chosen one, unless it is a bare drive.
+QString proposedFolder(const Program& program) {
+  const QString& chosen = program.settings.slot[setting::kDataFolder];
+  return chosen.size() > kLongestBareDrive ? chosen : defaultDataFolder(program.programFolder);
+}
+
+}  // namespace
+
+datenpfad::datenpfad(Program& program, Questions& questions, QWidget* parent)
+    : QDialog(parent), program_(program), questions_(questions) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  buildWindow();
+  listDrives();
+  connect(Drive1, &QComboBox::activated, this, &datenpfad::Drive1_Change);
+  Label3(1).setText(proposedFolder(program_));
+}
+
+/// The root comes first whatever the system tells: not every one lists it as mounted.
+void datenpfad::listDrives() {
+  QStringList drives{QDir::rootPath()};
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const bool holdsFiles = volume.isValid() && volume.isReady() && volume.bytesTotal() > 0;
+    if (holdsFiles && !drives.contains(volume.rootPath())) drives += volume.rootPath();
+  }
+  for (const QString& drive : drives) Drive1->addItem(shownPath(drive), drive);
+}
+
+/// The proposed folder becomes the current one once the window can be seen, so that the notice that
+/// it does not exist comes over it.
+void datenpfad::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (std::exchange(shown_, true)) return;
+  const bool exists = QDir::setCurrent(QDir::fromNativeSeparators(Label3(1).text()));
+  const QString current = QDir::currentPath();
+  openFolder(QDir(current).exists() ? current : QDir::homePath());
+  if (exists) return;
+  QMetaObject::invokeMethod(
+      this, [this] { katalogMeldung(questions_, meldung::kPfadFehlt); }, Qt::QueuedConnection);
+}
+
+/// Lists the way down to a folder and the folders in it.
+void datenpfad::openFolder(const QString& folder) {
+  Dir1->clear();
+  QStringList way;
+  for (QDir above(folder);;) {
+    way.prepend(above.absolutePath());
+    if (!above.cdUp()) break;
+  }
+  QListWidgetItem* current = nullptr;
+  const auto add = [this](const QString& path, const QString& name, qsizetype depth) {
+    auto* entry = new QListWidgetItem(QString(3 * depth, ' '_L1) + name, Dir1);
+    entry->setData(kPathRole, path);
+    return entry;
+  };
+  for (qsizetype depth = 0; depth < way.size(); ++depth) {
+    const QString name = QDir(way[depth]).dirName();
+    current = add(way[depth], name.isEmpty() ? shownPath(way[depth]) : name, depth);
+  }
+  if (current == nullptr) return;
+  QFont font = current->font();
+  font.setBold(true);
+  current->setFont(font);
+  const QDir here(folder);
+  for (const QString& name : here.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+    add(here.absoluteFilePath(name), name, way.size());
+  }
+  Dir1->setCurrentItem(current);
+  Drive1->setCurrentIndex(driveOf(here.absolutePath()));
+}
+
+/// The drive that a folder lies on: the longest of those listed that its path begins with.
+int datenpfad::driveOf(const QString& folder) const {
+  int drive = -1;
+  qsizetype longest = 0;
+  for (int i = 0; i < Drive1->count(); ++i) {
+    QString root = Drive1->itemData(i).toString();
+    if (!root.endsWith('/'_L1)) root += '/'_L1;
+    if (root.size() <= longest || !(folder + '/'_L1).startsWith(root)) continue;
+    drive = i;
+    longest = root.size();
+  }
+  return drive;
+}
+
+void datenpfad::choose(const QString& folder) {
+  if (!QDir(folder).exists()) {
+    katalogMeldung(questions_, meldung::kPfadFehlt);
+    return;
+  }
+  openFolder(folder);
+  Label3(2).setText(shownPath(folder));
+  Command1(1).setEnabled(true);
+}
+
+void datenpfad::Drive1_Change(int index) {
+  choose(Drive1->itemData(index).toString());
+}
+
+void datenpfad::Dir1_Click(QListWidgetItem* entry) {
+  choose(entry->data(kPathRole).toString());
+}
+
+/// A folder that is gone by now, or whose name the settings file would change, is refused.
+bool datenpfad::canBeKept(const QString& folder) {
+  if (!QDir(QDir::fromNativeSeparators(folder)).exists()) {
+    katalogMeldung(questions_, meldung::kPfadFehlt);
+    return false;
+  }
+  if (isStorable(folder)) return true;
+  questions_.ask(
+      {.text = joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
+                            u" gespeichert werden können. Wählen Sie einen anderen ! "_s}),
+       .title = u"Datenpfad"_s,
+       .symbol = symbol::kWarning});
+  return false;
+}
+
+/// The second click of a double click would open an entry of the list that the first one built.
+bool datenpfad::eventFilter(QObject* watched, QEvent* event) {
+  return event->type() == QEvent::MouseButtonDblClick || QDialog::eventFilter(watched, event);
+}
+
+void datenpfad::Command1_Click(int index) {
+  if (index == 2) {
+    close();
+    return;
+  }
+  const QString folder = Label3(2).text().trimmed();
+  if (folder.isEmpty() || !canBeKept(folder)) return;
+  if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == button::kAbbrechen) return;
+  Label3(1).setText(folder);
+  program_.settings.slot[setting::kDataFolder] = folder;
+  bool saved = false;
+  guarded(questions_, u" dateien\\inispeichern"_s, [&] {
+    writeSettings(program_.settings, program_.programFolder);
+    saved = true;
+  });
+  if (!saved) return;
+  katalogMeldung(questions_, meldung::kPfadGespeichert);
+  close();
+}
+
+void datenpfad::buildWindow() {
+  setWindowTitle(u"    Vorgabe des Speicherpfads für Analysen-Daten"_s);
+  auto* layout = new QVBoxLayout(this);
+  setWindowMargins(*layout);
+  layout->setSpacing(10);
+  Label1 = new QLabel(
+      u"Geben Sie hier den Pfad vor, in dem Ihre Analysen abgespeichert werden sollen :"_s);
+  Drive1 = new QComboBox;
+  Drive1->setAccessibleName(u"Laufwerk"_s);
+  Dir1 = new QListWidget;
+  Dir1->setAccessibleName(u"Ordner"_s);
+  Dir1->setMinimumSize(twips(7500), twips(4200));
+  Label2 = new QLabel(u"voreingestellter Pfad :"_s);
+  for (const int index : {1, 2}) {
+    auto& label = Label3.add(index, new QLabel);
+    label.setTextFormat(Qt::PlainText);
+    label.setWordWrap(true);
+    label.setMinimumHeight(twips(300));
+  }
+  QFont bold = font();
+  bold.setBold(true);
+  Label3(2).setFont(bold);
+
+  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+             [this](int index) { Command1_Click(index); });
+  Command1(1).setEnabled(false);
+
+  layout->addWidget(Label1);
+  layout->addWidget(Drive1);
+  layout->addWidget(Dir1, 1);
+  layout->addWidget(&Label3(2));
+  layout->addWidget(Label2);
+  layout->addWidget(&Label3(1));
+  layout->addLayout(makeButtonRow({&Command1(1), &Command1(2)}));
+  Dir1->viewport()->installEventFilter(this);
+  // One click opens a folder, and so does Enter.
+  connect(Dir1, &QListWidget::itemClicked, this, &datenpfad::Dir1_Click);
+  connect(Dir1, &QListWidget::itemActivated, this, &datenpfad::Dir1_Click);
+}
+
+}  // namespace calvora

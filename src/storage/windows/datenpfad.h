@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "base/questions.h"
+#include "model/program.h"
+#include "platform/control_array.h"
+
+namespace calvora {
+
+/// Chooses the folder in which analyses are kept. Not modal, deletes itself on close.
+class datenpfad : public QDialog {
+  Q_OBJECT
+
+ public:
+  datenpfad(Program& program, Questions& questions, QWidget* parent);
+
+  QComboBox* Drive1;
+  QListWidget* Dir1;
+  QLabel* Label1;
+  QLabel* Label2;
+  ControlArray<QLabel> Label3;
+  ControlArray<QPushButton> Command1;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void buildWindow();
+  void listDrives();
+  [[nodiscard]] int driveOf(const QString& folder) const;
+  void openFolder(const QString& folder);
+  void choose(const QString& folder);
+  bool canBeKept(const QString& folder);
+  void Drive1_Change(int index);
+  void Dir1_Click(QListWidgetItem* entry);
+  void Command1_Click(int index);
+
+  Program& program_;
+  Questions& questions_;
+  bool shown_ = false;
+};
+
+}  // namespace calvora

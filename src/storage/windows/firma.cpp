@@ -1,0 +1,152 @@
+#include "storage/windows/firma.h"
+#include "storage/settings.h"
+
+#include <QGridLayout>
+
+#include "base/guarded.h"
+#include "dialogs/meldungen.h"
+#include "entry/key_filter.h"
+#include "platform/form.h"
+#include "platform/look.h"
+#include "platform/twips.h"
+
+namespace calvora {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLines = 4;
+constexpr int kPreview = 4;
+constexpr int kLoading = 6;
+constexpr int kKeyPressed = 99;
+
+}  // namespace
+
+firma::firma(Program& program, Questions& questions, QWidget* parent)
+    : QDialog(parent), program_(program), questions_(questions) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  buildWindow();
+  Form_Load();
+}
+
+void firma::Form_Load() {
+  state_ = kLoading;
+  const QString& printLine = program_.settings.slot[setting::kPrintLine];
+  Text1(kPreview).showText(printLine.trimmed());
+  showAvailable(printLine.size());
+  const CompanyLines shown = linesOfSegmentList(program_.settings.slot[setting::kSegmentList]);
+  for (int i = 0; i < kLines; ++i) Text1(i).showText(shown.at(static_cast<size_t>(i)));
+  state_ = 0;
+  Command1(1).setEnabled(false);
+}
+
+void firma::showAvailable(qsizetype length) {
+  Label3(1).setText(QString::number(kLongestPrintLine - length));
+}
+
+CompanyLines firma::lines() const {
+  return {Text1(0).text(), Text1(1).text(), Text1(2).text(), Text1(3).text()};
+}
+
+void firma::Text1_Change() {
+  if (state_ == kLoading) return;
+  const QString preview = companyPreview(lines());
+  Text1(kPreview).showText(preview);
+  showAvailable(preview.size());
+  Command1(1).setEnabled(true);
+}
+
+void firma::Command1_Click(int index) {
+  if (index == 2) {
+    close();
+    return;
+  }
+  save();
+}
+
+void firma::save() {
+  const CompanyLines segments = storedSegments(lines());
+  const QString printLine = joinedSegments(segments);
+  if (printLine.size() > kLongestPrintLine) {
+    katalogMeldung(questions_, meldung::kDruckzeileZuLang);
+    return;
+  }
+  if (state_ != kKeyPressed) return;
+  Settings& settings = program_.settings;
+  settings.segments = segments;
+  bool saved = false;
+  guarded(questions_, u" dateien\\inispeichern"_s, [&] {
+    writeSettings(settings, program_.programFolder);
+    saved = true;
+  });
+  settings.slot[setting::kPrintLine] = printLine;
+  settings.slot[setting::kSegmentList] = segmentList(segments);
+  // In the running program the first two slots of the segments hold line and list instead.
+  for (const int slot : {7, 8}) settings.slot[slot].clear();
+  if (!saved) return;  // the window stays, to try again
+  katalogMeldung(questions_, meldung::kDruckzeileGespeichert);
+  state_ = 0;
+  close();
+}
+
+void firma::connectLine(int index) {
+  TextBox& line = Text1(index);
+  line.filter = [](const QString& text, bool) { return filteredText(text); };
+  // A key counts even where it is swallowed, and so does pasting with the keyboard.
+  line.beforeKey = [this](bool edits) {
+    if (edits) state_ = kKeyPressed;
+  };
+  line.keyPress = [this](int& code) {
+    text_check(code);
+    state_ = kKeyPressed;
+  };
+  line.keyDown = [this, index](int code) {
+    const bool forward = code == key::kEnter || code == key::kDown;
+    if (!forward && code != key::kUp) return;
+    Text1((index + (forward ? 1 : kLines - 1)) % kLines).setFocus(Qt::TabFocusReason);
+  };
+  connect(&line, &QLineEdit::textChanged, this, &firma::Text1_Change);
+}
+
+void firma::buildWindow() {
+  setWindowTitle(u"Ausdruck Firmendaten"_s);
+  auto* grid = new QGridLayout(this);
+  setWindowMargins(*grid);
+  grid->setHorizontalSpacing(14);
+  grid->setVerticalSpacing(10);
+  grid->setColumnStretch(1, 1);
+  grid->addWidget(&Label2.add(0, new QLabel(u"Geben Sie hier den Text ein, für die Ausdrucke !"_s)),
+                  0, 0, 1, 2);
+  const std::array captions{u"Firmen-Name"_s, u"Zeile-2"_s, u"Zeile-3"_s, u"Zeile-4"_s};
+  for (int i = 0; i <= kPreview; ++i) {
+    auto& box = Text1.add(i, new TextBox);
+    box.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    box.setMinimumHeight(twips(400));
+    setRole(box, i == kPreview ? Role::kComputed : Role::kInput);
+    if (i == kPreview) continue;
+    const QString& caption = captions.at(static_cast<size_t>(i));
+    box.setAccessibleName(caption);
+    grid->addWidget(&Label1.add(i + 1, new QLabel(caption)), i + 1, 0);
+    grid->addWidget(&box, i + 1, 1);
+    connectLine(i);
+  }
+  grid->addWidget(&Label2.add(1, new QLabel(u"Druck-Zeile / Vorschau"_s)), 5, 0, 1, 2);
+  TextBox& preview = Text1(kPreview);
+  preview.setAccessibleName(u"Vorschau"_s);
+  preview.setReadOnly(true);
+  preview.setFocusPolicy(Qt::ClickFocus);
+  grid->addWidget(&preview, 6, 0, 1, 2);
+
+  auto* available = new QHBoxLayout;
+  available->setSpacing(10);
+  available->addWidget(&Label3.add(0, new QLabel(u"verfügbare Zeichen"_s)));
+  available->addWidget(&Label3.add(1, new QLabel));
+  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+             [this](int index) { Command1_Click(index); });
+  available->addLayout(makeButtonRow({&Command1(1), &Command1(2)}), 1);
+  grid->addLayout(available, 7, 0, 1, 2);
+  setMinimumWidth(twips(11500));
+}
+
+}  // namespace calvora
