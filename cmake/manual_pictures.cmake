@@ -6,7 +6,7 @@ unset(ENV{QT_QPA_PLATFORM})
 set(ENV{QT_SCALE_FACTOR} 2)
 set(ENV{LC_ALL} C.UTF-8)
 execute_process(COMMAND ${TOUR} ${walked} RESULT_VARIABLE result OUTPUT_VARIABLE said
-                ERROR_VARIABLE said TIMEOUT 300)
+                ERROR_VARIABLE said TIMEOUT 60)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "The tour that takes the manual's pictures failed (${result}):\n${said}")
 endif()
