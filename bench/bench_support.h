@@ -13,7 +13,7 @@ namespace calvora {
 /// Takes notice of every message; a runtime error ends the benchmark.
 class SilentQuestions : public Questions {
  public:
-  int ask(const Message&) override { return button::kOk; }
+  Button ask(const Message&) override { return Button::kOk; }
   void reportError(const QString& text) override { qFatal("%s", qUtf8Printable(text)); }
 };
 
@@ -51,7 +51,7 @@ struct Bench {
   Program program;
   SilentQuestions questions;
   OneFileDesktop desktop;
-  subcalc chem{program, questions};
+  subcalc chem{program.record, program.fieldIndex, program.narrow, questions};
   main window{program, questions, desktop};
 };
 

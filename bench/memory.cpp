@@ -121,7 +121,8 @@ std::vector<Way> waysIn(House& house) {
       {"overview, print", inOverview(3)},
       {"overview, save", inOverview(4)},
       {"overview, load", inOverview(5)},
-      {"message", [&] { house.questions.ask({.text = u"?"_s, .title = u"?"_s, .symbol = 2}); }},
+      {"message",
+       [&] { house.questions.ask({.text = u"?"_s, .title = u"?"_s, .symbol = Symbol::kWarning}); }},
       {"runtime error", [&] { house.questions.reportError(u"13 hier"_s); }},
       {"input box",
        [&] {

@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
   fuzz::requireSameAfterSaving(program, file);
 
-  subcalc calculation(program, questions);
+  subcalc calculation(program.record, program.fieldIndex, program.narrow, questions);
   calculation.clearRuledOutCapacity();
   calculation.rechenlauf();
   fuzz::requireSameAfterSaving(program, file);

@@ -30,7 +30,7 @@ inline void require(bool holds, const char* what, const QString& details = {}) {
 /// Answers every question and takes no runtime error.
 class AnyQuestions final : public Questions {
  public:
-  int ask(const Message& message) override {
+  Button ask(const Message& message) override {
     require(!message.text.contains("%1"_L1), "a message has its place filled", message.text);
     return message.buttons & -message.buttons;
   }

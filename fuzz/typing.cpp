@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const fuzz::TemporaryFile file(QStringLiteral("typed.cva"));
   static fuzz::AnyQuestions questions;
   Program program;
-  subcalc calculation(program, questions);
+  subcalc calculation(program.record, program.fieldIndex, program.narrow, questions);
   const QList<QByteArray> lines = fuzz::bytes(data, size).split('\n');
   for (const QByteArray& line : lines.first(std::min<qsizetype>(lines.size(), 40))) {
     if (line.isEmpty()) continue;

@@ -16,7 +16,7 @@ namespace calvora::monkey {
 class MonkeyQuestions final : public Questions {
  public:
   explicit MonkeyQuestions(Desktop& desktop) : dialogs_(desktop) {}
-  int ask(const Message& message) override { return dialogs_.ask(message); }
+  Button ask(const Message& message) override { return dialogs_.ask(message); }
   void reportError(const QString& numberAndLocation) override {
     require(false, QStringLiteral("runtime error ") + numberAndLocation);
   }

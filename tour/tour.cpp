@@ -232,9 +232,10 @@ void Tour::showMessages() {
   for (int symbol = 1; symbol <= 5; ++symbol) {
     calvora::nachricht message(&window());
     message.messein({.text = u" So sieht das Symbol Nummer %1 aus. "_s.arg(symbol),
-                     .buttons = symbol == 5 ? 6 : 1,
+                     .buttons = symbol == 5 ? calvora::Button::kJa | calvora::Button::kNein
+                                            : calvora::Buttons(calvora::Button::kOk),
                      .title = u"Symbol"_s,
-                     .symbol = symbol});
+                     .symbol = static_cast<calvora::Symbol>(symbol)});
     message.show();
     picture(message, u"message-symbol-%1"_s.arg(symbol));
   }

@@ -55,7 +55,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
     : program_(program),
       questions_(questions),
       desktop_(desktop),
-      subcalc_(program, questions),
+      subcalc_(program.record, program.fieldIndex, program.narrow, questions),
       entry_(questions) {
   buildMenus();
   buildMask();
@@ -209,8 +209,8 @@ void main::darstellen() {
   const int ruledOut = ruledOutCapacity(record);
   for (const int capacity : {feld::kKs82, feld::kKb82}) setLocked(capacity, capacity == ruledOut);
 
-  showText(Label2(20), program_.leitfähigkeitAusIonen);
-  showText(Label2(21), program_.phNäherung);
+  showText(Label2(20), program_.narrow.leitfähigkeitAusIonen);
+  showText(Label2(21), program_.narrow.phNäherung);
   showConductivityAt25();
 }
 
@@ -314,9 +314,9 @@ void main::datenkill(int number) {
 
 QString main::datensich() {
   if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
-  const int answer = katalogMeldung(questions_, meldung::kVorherSpeichern);
-  if (answer == button::kJa) showSaveWindow();
-  return answer == button::kNein ? QString() : kAbbruch;
+  const Button answer = katalogMeldung(questions_, meldung::kVorherSpeichern);
+  if (answer == Button::kJa) showSaveWindow();
+  return answer == Button::kNein ? QString() : kAbbruch;
 }
 
 void main::showSaveWindow() {
@@ -440,7 +440,7 @@ void main::mnu2_handbuch_Click() {
   if (!QFileInfo::exists(manualPath()) || desktop_.openDocument(manualPath())) return;
   questions_.ask({.text = u" Das Handbuch konnte nicht geöffnet werden ! "_s,
                   .title = u"Handbuch"_s,
-                  .symbol = symbol::kWarning});
+                  .symbol = Symbol::kWarning});
 }
 
 }  // namespace calvora

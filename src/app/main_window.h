@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "chem/subcalc.h"
+#include "model/program.h"
 #include "platform/control_array.h"
 #include "platform/desktop.h"
 #include "platform/picture_button.h"

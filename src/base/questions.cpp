@@ -15,7 +15,7 @@ QString joinedLines(std::initializer_list<QString> lines) {
   return text;
 }
 
-CatalogueMessage catalogueEntry(int code, const QString& title, int buttons, int symbol,
+CatalogueMessage catalogueEntry(int code, const QString& title, Buttons buttons, Symbol symbol,
                                 std::initializer_list<QString> lines) {
   return {code, {.text = joinedLines(lines), .buttons = buttons, .title = title, .symbol = symbol}};
 }

@@ -1,29 +1,25 @@
 #pragma once
 
+#include <QFlags>
 #include <QString>
 #include <initializer_list>
 #include <span>
 
 namespace calvora {
 
-/// Values of the message dialog's buttons. A caller asks for their sum and reads one of them back.
-namespace button {
-inline constexpr int kOk = 1;
-inline constexpr int kJa = 2;
-inline constexpr int kNein = 4;
-inline constexpr int kAbbrechen = 8;
-inline constexpr int kWiederholen = 16;
-}  // namespace button
+/// The buttons of the message dialog. A caller asks for some of them and gets one back.
+enum class Button {
+  kOk = 1,
+  kJa = 2,
+  kNein = 4,
+  kAbbrechen = 8,
+  kWiederholen = 16,
+};
+Q_DECLARE_FLAGS(Buttons, Button)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Buttons)
 
-/// Symbols of the message dialog.
-namespace symbol {
-inline constexpr int kNone = 0;
-inline constexpr int kAttention = 1;
-inline constexpr int kWarning = 2;
-inline constexpr int kStop = 3;
-inline constexpr int kDone = 4;
-inline constexpr int kQuestion = 5;
-}  // namespace symbol
+/// The symbols of the message dialog.
+enum class Symbol { kNone, kAttention, kWarning, kStop, kDone, kQuestion };
 
 /// The value of a cancelled question or save, passed between procedures.
 inline const QString kAbbruch = QStringLiteral("abbruch");
@@ -31,9 +27,9 @@ inline const QString kAbbruch = QStringLiteral("abbruch");
 /// One question or notice, as the message dialog shows it.
 struct Message {
   QString text;  ///< lines separated by line feed and carriage return, in this order
-  int buttons = button::kOk;
+  Buttons buttons = Button::kOk;
   QString title;
-  int symbol = symbol::kNone;
+  Symbol symbol = Symbol::kNone;
   int left = 500;  ///< twips; 0: centred
   int top = 500;   ///< twips
   QString style = QStringLiteral("210|10");
@@ -50,7 +46,7 @@ struct CatalogueMessage {
 };
 
 /// A message of these lines, joined.
-CatalogueMessage catalogueEntry(int code, const QString& title, int buttons, int symbol,
+CatalogueMessage catalogueEntry(int code, const QString& title, Buttons buttons, Symbol symbol,
                                 std::initializer_list<QString> lines);
 
 /// The catalogue's message of a code with the caller's text in it; an empty one for a code that it
@@ -67,8 +63,8 @@ class Questions {
   Questions& operator=(const Questions&) = delete;
   virtual ~Questions() = default;
 
-  /// Shows the message, waits for the user and returns the value of the pressed button.
-  virtual int ask(const Message& message) = 0;
+  /// Shows the message, waits for the user and returns the button that was pressed.
+  virtual Button ask(const Message& message) = 0;
 
   /// Reports a runtime error: its number as text, directly followed by the location text.
   virtual void reportError(const QString& numberAndLocation) = 0;

@@ -51,7 +51,7 @@ int ruledOutCapacity(const AnalysisRecord& record) {
 }
 
 void subcalc::clearRuledOutCapacity() {
-  const int capacity = ruledOutCapacity(program_.record);
+  const int capacity = ruledOutCapacity(record_);
   if (capacity == 0 || isEmpty(capacity)) return;
   if (capacity == feld::kKs82) return resetKs82();
   clear({feld::kKb82, feld::kPhAusKapazitäten});
@@ -59,13 +59,12 @@ void subcalc::clearRuledOutCapacity() {
 }
 
 void subcalc::checkeingabe(int index, const QString& text, int& status) {
-  AnalysisRecord& record = program_.record;
   QString typed = text;
   int code = check::kValid;
   entry_.wertprüf(typed, code);
   status = code == check::kEmpty ? kFocusBack : 0;
   bool representable = true;
-  record.clearField(index);
+  record_.clearField(index);
   if (code == check::kValid) {
     NumberCell number;
     entry_.strzahl(typed, number);
@@ -74,9 +73,9 @@ void subcalc::checkeingabe(int index, const QString& text, int& status) {
       // The value is that of the text shown, so that a file gives back what was computed with.
       entry_.formstr(typed, 4);
       entry_.strzahl(typed, number);
-      record.value[index] = FixedPoint::fromDouble(numberOf(number));
+      record_.value[index] = FixedPoint::fromDouble(numberOf(number));
     }
-    record.text[index] = typed;
+    record_.text[index] = typed;
   }
   const bool rejected = !isEmpty(index) && rejectOutOfRange(index, representable, status);
   // Only a rejected pH clears what depends on it at once.
@@ -88,9 +87,9 @@ void subcalc::checkeingabe(int index, const QString& text, int& status) {
 bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
   const RangeRule* rule = rangeRule(index);
   if (rule == nullptr) return false;
-  const FixedPoint value = program_.record.value[index];
+  const FixedPoint value = record_.value[index];
   if (representable && value >= rule->minimum && value <= rule->maximum) return false;
-  program_.record.clearField(index);
+  record_.clearField(index);
   if (rule->focusBack) status = kFocusBack;
   show(rule->message, rule->range);
   return true;
@@ -118,12 +117,12 @@ void subcalc::checkAgainstOthers(int index, int& status) {
 void subcalc::checkLeitfähigkeit() {
   if (!isEmpty(feld::kLeitfähigkeit)) return;
   clear({feld::kPhAusLf});
-  program_.leitfähigkeitAusIonen.clear();
+  narrow_.leitfähigkeitAusIonen.clear();
 }
 
 void subcalc::checkPh() {
-  if (!isEmpty(feld::kPh) && program_.record.value[feld::kKs82] > 0_fp && phExceedsKs82()) {
-    program_.record.clearField(feld::kPh);
+  if (!isEmpty(feld::kPh) && record_.value[feld::kKs82] > 0_fp && phExceedsKs82()) {
+    record_.clearField(feld::kPh);
   }
   if (isEmpty(feld::kPh)) {
     clear({feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei, feld::kCo2Überschüssig});
@@ -135,14 +134,13 @@ void subcalc::checkTemperatur() {
 }
 
 void subcalc::checkKs82(int& status) {
-  AnalysisRecord& record = program_.record;
   if (isEmpty(feld::kKs82)) return resetKs82();
-  if (record.value[feld::kPh] > 0_fp && ks82TooSmallForPh()) return resetKs82();
-  if (record.value[feld::kKb82] > 0_fp) {
+  if (record_.value[feld::kPh] > 0_fp && ks82TooSmallForPh()) return resetKs82();
+  if (record_.value[feld::kKb82] > 0_fp) {
     show(13);
     return resetKs82();
   }
-  if (record.value[feld::kKs43].isZero()) return;
+  if (record_.value[feld::kKs43].isZero()) return;
   if (2 * value(feld::kKs82) > value(feld::kKs43)) {
     show(4);
     status = kFocusBack;
@@ -151,11 +149,10 @@ void subcalc::checkKs82(int& status) {
 }
 
 void subcalc::checkKs43(int& status) {
-  AnalysisRecord& record = program_.record;
   // A negative capacity can only be pasted; it is refused like the zero that it cannot exceed.
-  if (!isEmpty(feld::kKs43) && record.value[feld::kKs43] <= 0_fp) {
+  if (!isEmpty(feld::kKs43) && record_.value[feld::kKs43] <= 0_fp) {
     show(2, QStringLiteral("Ks4,3"));
-    record.clearField(feld::kKs43);
+    record_.clearField(feld::kKs43);
   }
   if (isEmpty(feld::kKs43)) {
     clear({feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei,
@@ -165,15 +162,15 @@ void subcalc::checkKs43(int& status) {
   const double minimum = 2 * value(feld::kKs82);
   if (isEmpty(feld::kKs82) || value(feld::kKs43) >= minimum) return;
   show(5, entry_.formz(minimum, minimum < 0.009 ? kind::kThreeDecimals : kind::kTwoDecimals));
-  record.clearField(feld::kKs43);
+  record_.clearField(feld::kKs43);
   status = kFocusBack;
 }
 
 void subcalc::checkKb82() {
   if (isEmpty(feld::kKb82)) return clearFromKb82();
-  if (program_.record.value[feld::kKs82] <= 0_fp) return;
+  if (record_.value[feld::kKs82] <= 0_fp) return;
   show(13);
-  program_.record.clearField(feld::kKb82);
+  record_.clearField(feld::kKb82);
   clearFromKb82();
 }
 
@@ -185,7 +182,7 @@ void subcalc::clearFromKb82() {
 /// the highest pH that it admits.
 bool subcalc::phExceedsKs82() {
   const double ks82 = value(feld::kKs82);
-  if (ks82 >= hydroxideAt(program_.record.value[feld::kPh])) return false;
+  if (ks82 >= hydroxideAt(record_.value[feld::kPh])) return false;
   const double limit = (std::log10(ks82) - 3) + 14;
   show(11, entry_.formz(limit, kind::kOneDecimal));
   return true;
@@ -196,7 +193,7 @@ bool subcalc::phExceedsKs82() {
 bool subcalc::ks82TooSmallForPh() {
   constexpr double kFixedTolerance = 0.06;    // mmol/l
   constexpr double kRelativeTolerance = 0.2;  // of the hydroxide, from pH 9.9
-  const FixedPoint ph = program_.record.value[feld::kPh];
+  const FixedPoint ph = record_.value[feld::kPh];
   const double needed = hydroxideAt(ph);
   const double tolerance = ph >= 9.9_fp ? kRelativeTolerance * needed : kFixedTolerance;
   if (value(feld::kKs82) + tolerance >= needed) return false;
@@ -208,7 +205,7 @@ bool subcalc::ks82TooSmallForPh() {
 void subcalc::resetKs82() {
   clear({feld::kKs82, feld::kPhAusKapazitäten, feld::kHydrogencarbonat, feld::kCarbonat,
          feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex, feld::kKarbonathärte});
-  program_.phNäherung.clear();
+  narrow_.phNäherung.clear();
 }
 
 }  // namespace calvora

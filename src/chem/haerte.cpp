@@ -76,7 +76,7 @@ void completeHardness(HardnessSet& set) {
 }  // namespace
 
 void subcalc::ionstrong() {
-  double strength = program_.record.value[feld::kGesamthärte].isZero()
+  double strength = record_.value[feld::kGesamthärte].isZero()
                         ? value(feld::kCalcium) / 20.04 + value(feld::kMagnesium) / 12.15
                         : 2 * value(feld::kGesamthärte) / kDegreePerMmol;
   strength += value(feld::kNatrium) / 45.98 + value(feld::kChlorid) / 70.906 +
@@ -92,10 +92,10 @@ void subcalc::co2agg() {
   const double t = value(feld::kTemperatur);                         // °C
   const bool incomplete = hydrogencarbonate == 0 || t == 0 || calcium == 0 || ionicStrength == 0;
   if (incomplete || isEmpty(feld::kKb82)) {
-    program_.record.clearField(feld::kCo2Überschüssig);
+    record_.clearField(feld::kCo2Überschüssig);
     return;
   }
-  if (program_.record.value[feld::kPh] > 9.4_fp) {
+  if (record_.value[feld::kPh] > 9.4_fp) {
     hydrogencarbonate += value(feld::kCarbonat) / 30.0;  // counts twice
   }
   const double strength = ionicStrength / 1000;  // mol/l
@@ -109,18 +109,17 @@ void subcalc::co2agg() {
 }
 
 void subcalc::secamg() {
-  AnalysisRecord& record = program_.record;
-  HardnessSet set{record.value[feld::kGesamthärte], record.value[feld::kCalcium],
-                  record.value[feld::kMagnesium]};
-  const int message = contradiction(program_.fieldIndex, set);
+  HardnessSet set{record_.value[feld::kGesamthärte], record_.value[feld::kCalcium],
+                  record_.value[feld::kMagnesium]};
+  const int message = contradiction(lastField_, set);
   if (message != 0) {
     show(message);
   } else {
     completeHardness(set);
   }
   const auto writeBack = [&](int index, FixedPoint value) {
-    record.value[index] = value;
-    record.text[index] =
+    record_.value[index] = value;
+    record_.text[index] =
         value.isZero() ? QString() : entry_.formz(value.toDouble(), kind::kOneDecimal);
   };
   writeBack(feld::kGesamthärte, set.total);
@@ -129,20 +128,19 @@ void subcalc::secamg() {
 }
 
 void subcalc::khnkh() {
-  AnalysisRecord& record = program_.record;
   clear({feld::kNichtkarbonathärte});
-  if (record.value[feld::kHydrogencarbonat].isZero()) {
+  if (record_.value[feld::kHydrogencarbonat].isZero()) {
     clear({feld::kKarbonathärte});
     return;
   }
-  const FixedPoint total = record.value[feld::kGesamthärte];
+  const FixedPoint total = record_.value[feld::kGesamthärte];
   store(feld::kKarbonathärte, value(feld::kHydrogencarbonat) * 2.8 / 61.01, kind::kOneDecimal);
-  if (record.value[feld::kKarbonathärte] > total) {
-    record.value[feld::kKarbonathärte] = total;
-    record.text[feld::kKarbonathärte] = record.text[feld::kGesamthärte];
+  if (record_.value[feld::kKarbonathärte] > total) {
+    record_.value[feld::kKarbonathärte] = total;
+    record_.text[feld::kKarbonathärte] = record_.text[feld::kGesamthärte];
   }
   if (total.isZero()) return;
-  const FixedPoint rest = saturatedDifference(total, record.value[feld::kKarbonathärte]);
+  const FixedPoint rest = saturatedDifference(total, record_.value[feld::kKarbonathärte]);
   store(feld::kNichtkarbonathärte, rest.toDouble(), kind::kOneDecimal);
 }
 

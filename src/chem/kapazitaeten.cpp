@@ -117,17 +117,16 @@ double evaluate(const Polynomial& coefficients, double x) {
 }  // namespace
 
 void subcalc::phaus_c() {
-  const AnalysisRecord& record = program_.record;
-  if (record.value[feld::kKs43].isZero() || record.value[feld::kTemperatur].isZero()) return;
+  if (record_.value[feld::kKs43].isZero() || record_.value[feld::kTemperatur].isZero()) return;
   if (isEmpty(feld::kKb82) && isEmpty(feld::kKs82)) return;
   Search search{};
-  if (record.value[feld::kKb82] > 0_fp) {
-    const FixedPoint ph = record.value[feld::kPh];
+  if (record_.value[feld::kKb82] > 0_fp) {
+    const FixedPoint ph = record_.value[feld::kPh];
     const bool acid = ph > 0_fp && ph < 6.6_fp;
     search = acid ? Search{.ph = 650, .kb82Tolerance = kCoarse}
                   : Search{.ph = 700, .kb82Tolerance = 0.025};
   } else {
-    if (record.value[feld::kKs82] < 0_fp) return;
+    if (record_.value[feld::kKs82] < 0_fp) return;
     search = {.ph = kKb82Regime, .ks82Tolerance = 0.003};
   }
   konst_k();
@@ -137,15 +136,14 @@ void subcalc::phaus_c() {
 }
 
 void subcalc::ph_aus_ksr() {
-  AnalysisRecord& record = program_.record;
-  const FixedPoint ph = record.value[feld::kPh];
-  const FixedPoint ks43 = record.value[feld::kKs43];
-  const FixedPoint ks82 = record.value[feld::kKs82];
-  const FixedPoint kb82 = record.value[feld::kKb82];
+  const FixedPoint ph = record_.value[feld::kPh];
+  const FixedPoint ks43 = record_.value[feld::kKs43];
+  const FixedPoint ks82 = record_.value[feld::kKs82];
+  const FixedPoint kb82 = record_.value[feld::kKb82];
   // An estimate that no longer belongs to the water must not stay on the screen either.
   const auto clearEstimate = [&] {
-    record.clearField(feld::kPhNäherung);
-    program_.phNäherung.clear();
+    record_.clearField(feld::kPhNäherung);
+    narrow_.phNäherung.clear();
   };
   if (ph > 0_fp && ph < 4.5_fp) return clearEstimate();
   if (ks43.isZero() || (ks82.isZero() && kb82.isZero())) return clearEstimate();
@@ -155,13 +153,13 @@ void subcalc::ph_aus_ksr() {
   const double ratio = ks43.toDouble() / denominator.toDouble();
   if (ratio <= 0) return clearEstimate();  // more base than acid capacity: no water has that
   if (ratio > 1.21) {
-    record.text[feld::kPhNäherung] = u">9,6"_s;
+    record_.text[feld::kPhNäherung] = u">9,6"_s;
     return;
   }
-  const bool saltPoor = record.value[feld::kLeitfähigkeit] <= 1000_fp;
+  const bool saltPoor = record_.value[feld::kLeitfähigkeit] <= 1000_fp;
   const double estimate = evaluate(saltPoor ? kSaltPoor : kSaltRich, ratio);
   if (!store(feld::kPhNäherung, estimate, kind::kTwoDecimals)) return clearEstimate();
-  program_.phNäherung = record.text[feld::kPhNäherung];
+  narrow_.phNäherung = record_.text[feld::kPhNäherung];
 }
 
 }  // namespace calvora

@@ -50,28 +50,27 @@ void subcalc::konst_k() {
 /// Hydrogencarbonate in mmol/l from the titrated alkalinity: what carbonate and, in caustic water,
 /// hydroxide took of the acid does not count.
 double subcalc::hydrogencarbonateEquivalent() const {
-  const FixedPoint ph = program_.record.value[feld::kPh];
+  const FixedPoint ph = record_.value[feld::kPh];
   if (ph < 8.2_fp) return value(feld::kKs43);
   const double equivalent = value(feld::kKs43) - 2 * value(feld::kKs82);
   return ph > 9.5_fp ? equivalent + hydroxideAt(ph.toDouble()) : equivalent;
 }
 
 void subcalc::c_formen() {
-  AnalysisRecord& record = program_.record;
-  const FixedPoint ph = record.value[feld::kPh];
+  const FixedPoint ph = record_.value[feld::kPh];
   const bool belowSwitch = ph < 8.2_fp;
   const auto clearResults = [&] {
     clear({feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei, feld::kCo2Überschüssig});
   };
-  if (record.value[feld::kTemperatur].isZero() || ph.isZero()) return;
+  if (record_.value[feld::kTemperatur].isZero() || ph.isZero()) return;
   // A typed zero means a capacity below what titration resolves, not a missing one.
-  if (record.value[feld::kKs82].isZero() && !isEmpty(feld::kKs82)) {
-    record.value[feld::kKs82] = 0.001_fp;
+  if (record_.value[feld::kKs82].isZero() && !isEmpty(feld::kKs82)) {
+    record_.value[feld::kKs82] = 0.001_fp;
   }
-  if (record.value[feld::kKs43].isZero()) return;
-  if (belowSwitch && record.value[feld::kKb82].isZero()) return;
+  if (record_.value[feld::kKs43].isZero()) return;
+  if (belowSwitch && record_.value[feld::kKb82].isZero()) return;
   konst_k();
-  if (!belowSwitch && record.value[feld::kKs82].isZero()) return clearResults();
+  if (!belowSwitch && record_.value[feld::kKs82].isZero()) return clearResults();
 
   const double equivalent = hydrogencarbonateEquivalent();
   const double hco3 = kHydrogencarbonat * equivalent;
@@ -82,31 +81,29 @@ void subcalc::c_formen() {
                       store(feld::kCarbonat, co3, kind::kTwoDecimals) &&
                       store(feld::kCo2Frei, co2, kind::kOneDecimal);
   if (!stored) return clearResults();
-  if (hco3 < 0) record.clearField(feld::kHydrogencarbonat);
-  if (co3 < 0.01) record.text[feld::kCarbonat] = u"<0,01"_s;
-  if (co2 < 0.1) record.text[feld::kCo2Frei] = u"<0,1"_s;
+  if (hco3 < 0) record_.clearField(feld::kHydrogencarbonat);
+  if (co3 < 0.01) record_.text[feld::kCarbonat] = u"<0,01"_s;
+  if (co2 < 0.1) record_.text[feld::kCo2Frei] = u"<0,1"_s;
   if (ph < 8.21_fp) {
     store(feld::kCo2Frei, value(feld::kKb82) * kKohlendioxid, kind::kOneDecimal);
   }
 }
 
 void subcalc::ph_beit() {
-  AnalysisRecord& record = program_.record;
-  if (record.value[feld::kPh].isZero() || record.value[feld::kTemperatur].isZero()) {
-    record.text[feld::kPhBei25].clear();
+  if (record_.value[feld::kPh].isZero() || record_.value[feld::kTemperatur].isZero()) {
+    record_.text[feld::kPhBei25].clear();
     return;
   }
-  const FixedPoint difference = saturatedDifference(record.value[feld::kTemperatur], 25_fp);
+  const FixedPoint difference = saturatedDifference(record_.value[feld::kTemperatur], 25_fp);
   store(feld::kPhBei25, value(feld::kPh) + 0.01 * difference.toDouble(), kind::kTwoDecimals);
 }
 
 void subcalc::s_index() {
-  AnalysisRecord& record = program_.record;
   const FixedPoint product = saturatedProduct(
-      saturatedProduct(record.value[feld::kCalcium], record.value[feld::kHydrogencarbonat]),
-      record.value[feld::kPh]);
+      saturatedProduct(record_.value[feld::kCalcium], record_.value[feld::kHydrogencarbonat]),
+      record_.value[feld::kPh]);
   if (product < 0.01_fp) {
-    record.clearField(feld::kSättigungsindex);
+    record_.clearField(feld::kSättigungsindex);
     return;
   }
   const double a = std::pow(10.0, -value(feld::kPh));

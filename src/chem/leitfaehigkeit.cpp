@@ -34,24 +34,23 @@ struct subcalc::IonConductivity {
 };
 
 void subcalc::ph_aus_lf() {
-  AnalysisRecord& record = program_.record;
-  if (record.value[feld::kLeitfähigkeit] < 0.5_fp || record.value[feld::kPh].isZero()) {
-    record.clearField(feld::kPhAusLf);
-    record.text[feld::kPhAusLf] = u"n.b."_s;
-    program_.leitfähigkeitAusIonen.clear();
+  if (record_.value[feld::kLeitfähigkeit] < 0.5_fp || record_.value[feld::kPh].isZero()) {
+    record_.clearField(feld::kPhAusLf);
+    record_.text[feld::kPhAusLf] = u"n.b."_s;
+    narrow_.leitfähigkeitAusIonen.clear();
     minimumConductivity(kFactorWithoutConductivity);
     return;
   }
   const double conductivity = value(feld::kLeitfähigkeit);
   const double factor = conductivityFactor(conductivity);
-  if (record.value[feld::kPh] <= 7_fp) {
+  if (record_.value[feld::kPh] <= 7_fp) {
     const double ph = 3 - std::log10(conductivity / (kLambdaH * factor));
     store(feld::kPhAusLf, ph, kind::kTwoDecimals);
-    if (ph < 4) record.text[feld::kPhAusLf] = u"<4,0"_s;
+    if (ph < 4) record_.text[feld::kPhAusLf] = u"<4,0"_s;
   } else {
     const double ph = 11 + std::log10(conductivity / (kLambdaNaOH * factor));
     store(feld::kPhAusLf, ph, kind::kTwoDecimals);
-    if (ph > 12.5) record.text[feld::kPhAusLf] = u">12,5"_s;
+    if (ph > 12.5) record_.text[feld::kPhAusLf] = u">12,5"_s;
   }
   conductivityFromIons(minimumConductivity(factor), factor);
 }
@@ -59,14 +58,13 @@ void subcalc::ph_aus_lf() {
 /// The least conductivity that the measured pH implies, reported if the measured one is below it,
 /// and the sodium that balances its hydroxide. Returns what hydrogen and hydroxide contribute.
 subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
-  AnalysisRecord& record = program_.record;
-  const FixedPoint ph = record.value[feld::kPh];
+  const FixedPoint ph = record_.value[feld::kPh];
   if (ph < 1_fp) return {};
   const double hydrogen = 1000 * std::pow(10.0, -ph.toDouble());  // mmol/l
   const double hydroxide = hydroxideAt(ph.toDouble());            // mmol/l
   const IonConductivity ions{factor * kLambdaH * hydrogen, factor * kLambdaOH * hydroxide};
   if (ph < 8.3_fp) {
-    record.value[feld::kNatrium] = {};
+    record_.value[feld::kNatrium] = {};
     return ions;
   }
   storeValue(feld::kNatrium, kMolarMassNa * hydroxide);
@@ -87,26 +85,25 @@ void subcalc::conductivityFromIons(const IonConductivity& ions, double factor) {
                      value(feld::kChlorid) * 76.3 / 35.5 +        //
                      value(feld::kNatrium) * kLambdaNa / kMolarMassNa;
   const double conductivity = factor * sum;
-  program_.leitfähigkeitAusIonen =
+  narrow_.leitfähigkeitAusIonen =
       std::isfinite(conductivity) ? entry_.formz(conductivity, kind::kWhole) : QString();
 }
 
 void subcalc::phausks82() {
-  AnalysisRecord& record = program_.record;
-  const FixedPoint ks82 = record.value[feld::kKs82];
+  const FixedPoint ks82 = record_.value[feld::kKs82];
   if (ks82.isZero()) {
-    record.text[feld::kPhAusKs82].clear();
+    record_.text[feld::kPhAusKs82].clear();
     return;
   }
   if (ks82 < 0.002_fp) {
-    record.text[feld::kPhAusKs82] = u"<8,2"_s;
-    record.value[feld::kPhAusKs82] = 8.2_fp;
+    record_.text[feld::kPhAusKs82] = u"<8,2"_s;
+    record_.value[feld::kPhAusKs82] = 8.2_fp;
     return;
   }
   constexpr double kHighest = 12.5;
   const double ph = 14 + std::log10(ks82.toDouble() / 1000);
   store(feld::kPhAusKs82, std::min(ph, kHighest), kind::kTwoDecimals);
-  if (ph > kHighest) record.text[feld::kPhAusKs82].prepend('>'_L1);
+  if (ph > kHighest) record_.text[feld::kPhAusKs82].prepend('>'_L1);
 }
 
 }  // namespace calvora

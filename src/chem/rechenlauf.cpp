@@ -3,8 +3,13 @@
 
 namespace calvora {
 
-subcalc::subcalc(Program& program, Questions& questions)
-    : program_(program), questions_(questions), entry_(questions) {}
+subcalc::subcalc(AnalysisRecord& record, const int& lastField, NarrowTexts& narrow,
+                 Questions& questions)
+    : record_(record),
+      lastField_(lastField),
+      narrow_(narrow),
+      questions_(questions),
+      entry_(questions) {}
 
 void subcalc::rechenlauf() {
   // The order is part of the behaviour: step 1 uses the carbonate species of the previous run,
@@ -18,22 +23,22 @@ void subcalc::rechenlauf() {
 }
 
 void subcalc::clear(std::initializer_list<int> indices) {
-  for (const int index : indices) program_.record.clearField(index);
+  for (const int index : indices) record_.clearField(index);
 }
 
 bool subcalc::store(int index, double result, int kind) {
   const auto value = FixedPoint::tryFromDouble(result);
   if (!value) {
-    program_.record.clearField(index);
+    record_.clearField(index);
     return false;
   }
-  program_.record.value[index] = *value;
-  program_.record.text[index] = entry_.formz(result, kind);
+  record_.value[index] = *value;
+  record_.text[index] = entry_.formz(result, kind);
   return true;
 }
 
 void subcalc::storeValue(int index, double result) {
-  program_.record.value[index] = FixedPoint::tryFromDouble(result).value_or(FixedPoint{});
+  record_.value[index] = FixedPoint::tryFromDouble(result).value_or(FixedPoint{});
 }
 
 }  // namespace calvora

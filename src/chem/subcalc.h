@@ -7,7 +7,7 @@
 #include "base/questions.h"
 #include "entry/werteingabe.h"
 #include "model/fields.h"
-#include "model/program.h"
+#include "model/record.h"
 
 namespace calvora {
 
@@ -30,7 +30,8 @@ int ruledOutCapacity(const AnalysisRecord& record);
 /// ends a step in a runtime error: a result that is no number or does not fit is cleared.
 class subcalc {
  public:
-  subcalc(Program& program, Questions& questions);
+  /// `lastField` is the field that was left last, `narrow` what the two narrow displays show.
+  subcalc(AnalysisRecord& record, const int& lastField, NarrowTexts& narrow, Questions& questions);
 
   /// Stores a typed text (trimmed) in field `index` and checks it against its range and the other
   /// entries. A rejected value is deleted and the user told why. On return `status` is kFocusBack
@@ -125,8 +126,8 @@ class subcalc {
   void conductivityFromIons(const IonConductivity& ions, double factor);
   [[nodiscard]] double hydrogencarbonateEquivalent() const;
 
-  double value(int index) const { return program_.record.value[index].toDouble(); }
-  bool isEmpty(int index) const { return program_.record.text[index].isEmpty(); }
+  double value(int index) const { return record_.value[index].toDouble(); }
+  bool isEmpty(int index) const { return record_.text[index].isEmpty(); }
   void clear(std::initializer_list<int> indices);
 
   /// Stores a result with its display text. False, and the field cleared, if it is no number or
@@ -136,7 +137,9 @@ class subcalc {
   /// Stores only the value, the text stays; 0 if it is no number or does not fit.
   void storeValue(int index, double result);
 
-  Program& program_;
+  AnalysisRecord& record_;
+  const int& lastField_;
+  NarrowTexts& narrow_;
   Questions& questions_;
   Werteingabe entry_;
   std::array<double, 6> constants_{};

@@ -12,32 +12,32 @@ namespace {
 std::span<const CatalogueMessage> catalogue() {
   using namespace meldung;
   static const std::array kCatalogue{
-      catalogueEntry(kPfadFehlt, u"Fehler Datenpfad"_s, button::kOk, symbol::kAttention,
+      catalogueEntry(kPfadFehlt, u"Fehler Datenpfad"_s, Button::kOk, Symbol::kAttention,
                      {u"Der Voreingestellte Pfad existiert nicht !"_s,
                       {},
                       u"Stellen Sie einen Pfad ein, wo die Daten"_s,
                       u"gespeichert werden sollen."_s}),
-      catalogueEntry(kPfadBestätigen, u"Datenpfad"_s, button::kOk + button::kAbbrechen,
-                     symbol::kDone,
+      catalogueEntry(kPfadBestätigen, u"Datenpfad"_s, Button::kOk | Button::kAbbrechen,
+                     Symbol::kDone,
                      {u"folgender Pfad wird zur Ablage der                   "_s,
                       u"Daten gespeichert:"_s,
                       {},
                       u"%1"_s}),
       catalogueEntry(
-          kPfadGespeichert, u"Datenpfad"_s, button::kOk, symbol::kAttention,
+          kPfadGespeichert, u"Datenpfad"_s, Button::kOk, Symbol::kAttention,
           {u" Der eingegebene Pfad wurde als künftiger "_s, u"Speicherort  gespeichert !"_s}),
-      catalogueEntry(kDruckzeileGespeichert, u"Druck-Zeile"_s, button::kOk, symbol::kAttention,
+      catalogueEntry(kDruckzeileGespeichert, u"Druck-Zeile"_s, Button::kOk, Symbol::kAttention,
                      {u" Daten wurden gespeichert !"_s}),
       catalogueEntry(kVorherSpeichern, u"Daten sichern"_s,
-                     button::kJa + button::kNein + button::kAbbrechen, symbol::kAttention,
+                     Button::kJa | Button::kNein | Button::kAbbrechen, Symbol::kAttention,
                      {u" Daten vorher speichern ?"_s}),
       catalogueEntry(
-          kDruckzeileZuLang, u"Druckzeile Firma"_s, button::kOk, symbol::kWarning,
+          kDruckzeileZuLang, u"Druckzeile Firma"_s, Button::kOk, Symbol::kWarning,
           {u"Der eingegebne Text ist zu lang"_s,
            u" Es können max. 115 Zeichen (inkl. Leerzeichen)"_s, u"eingegeben werden !"_s}),
-      catalogueEntry(kNichtsZuSpeichern, u"Datei"_s, button::kOk, symbol::kStop,
+      catalogueEntry(kNichtsZuSpeichern, u"Datei"_s, Button::kOk, Symbol::kStop,
                      {u"Es sind keine Daten zum speichern  "_s, u" vorhanden ! "_s}),
-      catalogueEntry(kNichtsZuDrucken, u"Datei"_s, button::kOk, symbol::kStop,
+      catalogueEntry(kNichtsZuDrucken, u"Datei"_s, Button::kOk, Symbol::kStop,
                      {u"Es sind keine Daten zum drucken  "_s, u" vorhanden ! "_s}),
   };
   return kCatalogue;
@@ -45,7 +45,7 @@ std::span<const CatalogueMessage> catalogue() {
 
 }  // namespace
 
-int katalogMeldung(Questions& questions, int code, const QString& extra) {
+Button katalogMeldung(Questions& questions, int code, const QString& extra) {
   return questions.ask(catalogueMessage(catalogue(), code, extra));
 }
 

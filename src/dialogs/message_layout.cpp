@@ -81,12 +81,10 @@ void shorten(Lines& lines) {
 }
 
 /// The marked buttons in the order of their index; their places follow once the width is known.
-std::vector<MessageLayout::Button> requestedButtons(int sum) {
-  std::vector<MessageLayout::Button> buttons;
-  for (int index = 5; index >= 1; --index) {
-    if (sum < buttonValue(index)) continue;
-    sum -= buttonValue(index);
-    buttons.insert(buttons.begin(), {index, 0});
+std::vector<MessageLayout::PlacedButton> requestedButtons(Buttons requested) {
+  std::vector<MessageLayout::PlacedButton> buttons;
+  for (int index = 1; index <= 5; ++index) {
+    if (requested.testFlag(buttonOf(index))) buttons.push_back({index, 0});
   }
   return buttons;
 }
@@ -104,7 +102,7 @@ void placeButtons(MessageLayout& layout) {
     left = 400;
     gap = (layout.width - kWidth * count - 2 * left) / (count - 1);
   }
-  for (MessageLayout::Button& button : layout.buttons) {
+  for (MessageLayout::PlacedButton& button : layout.buttons) {
     button.left = left;
     left += kWidth + gap;
   }
@@ -125,7 +123,7 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   const qsizetype bar = message.style.indexOf('|'_L1);
   if (bar >= 0) layout.fontSize = message.style.mid(bar + 1).toInt();
   layout.colours = coloursOf(bar >= 0 ? message.style.left(bar) : message.style);
-  layout.symbol = message.symbol < 0 ? symbol::kWarning : message.symbol;
+  layout.symbol = message.symbol;
   layout.title = message.title + u"      "_s;
 
   Lines lines = analyse(message.text);
@@ -133,14 +131,14 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   layout.text = lines.text;
   layout.textHeight = 250 * lines.count;
 
-  layout.buttons = requestedButtons(std::max(message.buttons, button::kOk));
+  layout.buttons = requestedButtons(message.buttons ? message.buttons : Button::kOk);
   const int buttonCount = static_cast<int>(layout.buttons.size());
   if (buttonCount > 3) throw RuntimeError(ErrorNumber::kInvalidCall, u"more than three buttons"_s);
   layout.width = std::max({1000 + message_design::kButtonWidth * buttonCount, 4000,
                            800 + 105 * static_cast<int>(lines.longest)});
   layout.height = std::max(1500 + 200 * lines.count, 2700);
 
-  layout.textLeft = message_design::kTextLeft - (layout.symbol == 0 ? 700 : 0);
+  layout.textLeft = message_design::kTextLeft - (layout.symbol == Symbol::kNone ? 700 : 0);
   int needed = 0;
   if (measure) {
     const int text = measure(layout.text, layout.fontSize);
@@ -154,7 +152,7 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
     layout.left = (15200 - layout.width) / 2;
     layout.top = (10700 - layout.height) / 2;
   }
-  if (layout.symbol == 0) {
+  if (layout.symbol == Symbol::kNone) {
     // Narrower, but never so narrow that the text is cut or the buttons cover one another.
     const int row = 800 + message_design::kButtonWidth * buttonCount;
     layout.width = std::max({layout.width - 2000, row, needed});
@@ -165,14 +163,14 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   return layout;
 }
 
-int closeAnswer(const MessageLayout& layout) {
-  for (const int value : {button::kAbbrechen, button::kNein}) {
-    const bool offered = std::ranges::any_of(layout.buttons, [&](const MessageLayout::Button& b) {
-      return buttonValue(b.index) == value;
-    });
-    if (offered) return value;
+Button closeAnswer(const MessageLayout& layout) {
+  for (const auto button : {Button::kAbbrechen, Button::kNein}) {
+    const auto isThat = [&](const MessageLayout::PlacedButton& b) {
+      return buttonOf(b.index) == button;
+    };
+    if (std::ranges::any_of(layout.buttons, isThat)) return button;
   }
-  return buttonValue(layout.buttons.front().index);
+  return buttonOf(layout.buttons.front().index);
 }
 
 }  // namespace calvora

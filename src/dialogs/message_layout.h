@@ -12,7 +12,7 @@ namespace calvora {
 
 /// Everything about a message window that follows from its text and style. Lengths in twips.
 struct MessageLayout {
-  struct Button {
+  struct PlacedButton {
     int index;  ///< 1 "OK", 2 "Ja", 3 "Nein", 4 "abbrechen", 5 "wiederholen"
     int left;
   };
@@ -26,7 +26,7 @@ struct MessageLayout {
   QString text;      ///< the caption of the text label, rebuilt where a line is too long
   QString title;     ///< with the blanks that end every caption
   int fontSize = 0;  ///< points; 0: the design's font
-  int symbol = symbol::kNone;
+  Symbol symbol = Symbol::kNone;
   int left = 0;
   int top = 0;
   int width = 0;
@@ -35,7 +35,7 @@ struct MessageLayout {
   int textTop = 0;
   int textHeight = 0;
   int buttonTop = 0;
-  std::vector<Button> buttons;
+  std::vector<PlacedButton> buttons;
   std::optional<Colours> colours;
 };
 
@@ -58,13 +58,13 @@ using TextWidth = std::function<int(const QString& text, int fontSize)>;
 /// buttons fit the row: with more requested, runtime error 5.
 MessageLayout layoutMessage(const Message& message, const TextWidth& measure = nullptr);
 
-/// The value of a button index: 2^(index − 1).
-constexpr int buttonValue(int index) {
-  return 1 << (index - 1);
+/// The button of an index, whose value is 2^(index − 1).
+constexpr Button buttonOf(int index) {
+  return static_cast<Button>(1 << (index - 1));
 }
 
 /// What closing the window without a button means: "abbrechen" where it is offered, else "Nein",
 /// else the first button offered.
-int closeAnswer(const MessageLayout& layout);
+Button closeAnswer(const MessageLayout& layout);
 
 }  // namespace calvora

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <functional>
 
+#include "model/header.h"
 #include "model/record.h"
 #include "model/settings.h"
 #include "model/umrechnungstabelle.h"
@@ -16,9 +17,7 @@ inline constexpr int kFirstActivationPending = 99;
 struct Program {
   AnalysisRecord record;
 
-  /// Header of the analysis: slot 0 file name, 1 project, 2 project number, 3 sample, 4 client,
-  /// 5 sampling date, 6 creation date, 7 remark.
-  CheckedArray<QString, 11> header;
+  AnalysisHeader header;
 
   /// Display texts, by field index, of the analysis read last for the overview.
   CheckedArray<QString, 41> overviewText;
@@ -36,9 +35,7 @@ struct Program {
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
 
-  /// Captions of the two narrow displays beside the results 10 and 7.
-  QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm
-  QString phNäherung;             ///< `Label2(21)`
+  NarrowTexts narrow;
 
   /// Empties record, flags, header and conversion table and forgets the entry in progress.
   void restart() {
@@ -50,8 +47,7 @@ struct Program {
 
   /// Empties record, flags and the narrow displays, as before reading a file. The header stays.
   void resetRecord() {
-    leitfähigkeitAusIonen.clear();
-    phNäherung.clear();
+    narrow = {};
     record.clear();
     entryChanged = false;
     dataPresent = false;

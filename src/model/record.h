@@ -37,4 +37,10 @@ struct AnalysisRecord {
   friend bool operator==(const AnalysisRecord&, const AnalysisRecord&) = default;
 };
 
+/// Captions of the two narrow displays beside the results 10 and 7.
+struct NarrowTexts {
+  QString leitfähigkeitAusIonen;  ///< `Label2(20)`, µS/cm
+  QString phNäherung;             ///< `Label2(21)`
+};
+
 }  // namespace calvora

@@ -13,11 +13,11 @@ constexpr int kCentred = 0;
 std::span<const CatalogueMessage> catalogue() {
   using namespace uebersicht;
   static const std::array kCatalogue{
-      catalogueEntry(kAlleLöschen, u"Reset"_s, button::kOk + button::kAbbrechen, symbol::kAttention,
+      catalogueEntry(kAlleLöschen, u"Reset"_s, Button::kOk | Button::kAbbrechen, Symbol::kAttention,
                      {u"Alle Einträge werden gelöscht !"_s}),
-      catalogueEntry(kEntfernen, u"Analysen-Übersicht"_s, button::kJa + button::kNein,
-                     symbol::kAttention, {u"Wasser - %1  "_s, u"entfernen ?"_s}),
-      catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, button::kOk, symbol::kDone,
+      catalogueEntry(kEntfernen, u"Analysen-Übersicht"_s, Button::kJa | Button::kNein,
+                     Symbol::kAttention, {u"Wasser - %1  "_s, u"entfernen ?"_s}),
+      catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kDone,
                      {u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
   };
   return kCatalogue;
@@ -25,7 +25,7 @@ std::span<const CatalogueMessage> catalogue() {
 
 }  // namespace
 
-int uebersichtMeldung(Questions& questions, int code, const QString& extra) {
+Button uebersichtMeldung(Questions& questions, int code, const QString& extra) {
   Message message = catalogueMessage(catalogue(), code, extra);
   message.left = kCentred;
   message.top = kCentred;

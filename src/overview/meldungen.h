@@ -11,8 +11,8 @@ inline constexpr int kEntfernen = 2;
 inline constexpr int kProjektGespeichert = 3;
 }  // namespace uebersicht
 
-/// Shows the overview's message of `code` and returns the value of the pressed button. `extra` is
+/// Shows the overview's message of `code` and returns the pressed button. `extra` is
 /// the slot that message 2 asks about.
-int uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
+Button uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
 
 }  // namespace calvora

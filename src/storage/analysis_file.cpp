@@ -92,8 +92,8 @@ bool readForOverview(Program& program, const QString& path, AnalysisHeader& head
       program.overviewText[field] = text;
     });
   });
-  program.record.flag[flag::kOverviewName] = header[0];
-  program.record.flag[flag::kOverviewDate] = header[6];
+  program.record.flag[flag::kOverviewName] = header[kopf::kDateiname];
+  program.record.flag[flag::kOverviewDate] = header[kopf::kErstellt];
   return complete;
 }
 

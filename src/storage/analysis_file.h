@@ -7,8 +7,6 @@
 
 namespace calvora {
 
-using AnalysisHeader = decltype(Program::header);
-
 /// Name line of a file: its title without blanks at the ends and without the extension.
 QString nameLine(const QString& title, const QString& extension);
 

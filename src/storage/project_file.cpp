@@ -57,9 +57,9 @@ bool readProject(Program& program, OverviewGrid& grid, const QString& path) {
   return LineReader::readFile(path, [&](LineReader& reader) {
     auto& header = program.header;
     // No header of the main window's analysis may stay beside this one.
-    header[0].clear();
+    header[kopf::kDateiname].clear();
     for (const int slot : kHeaderSlots) header[slot].clear();
-    header[0] = reader.text();
+    header[kopf::kDateiname] = reader.text();
     for (const int slot : kHeaderSlots) header[slot] = reader.text();
     reader.skipLine();  // the marker, whatever it says
     for (int k = 1;; ++k) {

@@ -292,7 +292,7 @@ void Umrechner::tell(Conversion result, int slot) {
                            ? u" Bitte nur Zahlen eingeben ! "_s
                            : joinedLines({u" Der Wert ist zu groß ! "_s,
                                           u" Es sind höchstens "_s + limit + u" zulässig. "_s});
-  questions_.ask({.text = text, .title = u"Eingabe"_s, .symbol = symbol::kWarning});
+  questions_.ask({.text = text, .title = u"Eingabe"_s, .symbol = Symbol::kWarning});
 }
 
 void Umrechner::clearTexts() {

@@ -253,7 +253,7 @@ void MainWindowTest::commandsFinishTheEntryFirst() {
   mask.focus(3);
   mask.keys(u"99"_s);
   mask.questions.expect(says(u"3 1-90 °C"_s));
-  mask.questions.expect(kSaveQuestion, button::kAbbrechen);
+  mask.questions.expect(kSaveQuestion, Button::kAbbrechen);
   if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
   if (command == "menu"_L1) mask.window.mnu_ende->trigger();
   if (command == "button"_L1) QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
@@ -374,7 +374,7 @@ void MainWindowTest::restartEmptiesEverything() {
   mask.program.conversion[1][spalte::kWert] = 420.0;
   mask.program.settings.slot[setting::kDataFolder] = u"/gibt/es/nicht"_s;  // is read again
   QVERIFY(mask.window.eincheck());
-  mask.questions.expect(kSaveQuestion, button::kNein);
+  mask.questions.expect(kSaveQuestion, Button::kNein);
   mask.focus(20);
   mask.press(Qt::Key_N, Qt::ControlModifier);
   QCOMPARE(mask.program.record, AnalysisRecord{});

@@ -23,8 +23,8 @@ QString linesOf(const QString& lengths) {
 Message messageOf(const QStringList& parts) {
   Message message;
   message.text = linesOf(parts.at(0));
-  message.buttons = parts.at(1).toInt();
-  message.symbol = parts.at(2).toInt();
+  message.buttons = Buttons::fromInt(parts.at(1).toInt());
+  message.symbol = static_cast<Symbol>(parts.at(2).toInt());
   message.title = u"Titel"_s;
   return message;
 }
@@ -61,8 +61,8 @@ class MessageLayoutTest : public QObject {
     const MessageLayout layout =
         layoutMessage(messageOf(given), given.at(3).isEmpty() ? TextWidth() : measured);
     QStringList shown;
-    for (const int number :
-         {layout.width, layout.height, layout.textLeft, layout.textHeight, layout.symbol})
+    for (const int number : {layout.width, layout.height, layout.textLeft, layout.textHeight,
+                             static_cast<int>(layout.symbol)})
       shown += QString::number(number);
     for (const auto& [index, left] : layout.buttons) shown += u"%1@%2"_s.arg(index).arg(left);
     QTEST(shown.join(u' '), "expected");
@@ -94,7 +94,7 @@ class MessageLayoutTest : public QObject {
     QString answer;
     try {
       const Message message = messageOf({u"1"_s, given.at(0), u"5"_s});
-      answer = QString::number(closeAnswer(layoutMessage(message)));
+      answer = QString::number(static_cast<int>(closeAnswer(layoutMessage(message))));
     } catch (const RuntimeError& error) {
       answer = u"error %1"_s.arg(error.number());
     }

@@ -71,7 +71,8 @@ QStringList inputRows() {
     Program program;
     ScriptedQuestions questions;
     int status = 0;
-    subcalc(program, questions).checkeingabe(field.index, u"99999"_s, status);
+    subcalc(program.record, program.fieldIndex, program.narrow, questions)
+        .checkeingabe(field.index, u"99999"_s, status);
     const QString range = questions.asked.front().text.section(u"Eingabe-Bereich: "_s, 1);
     rows += field.caption.section(u"  "_s, 0, field.index == feld::kKb82 ? 0 : -1) +
             field.shortLabel + field.unit + range.section('\n'_L1, 0, 0);
@@ -83,7 +84,7 @@ QStringList inputRows() {
 QStringList exampleRows() {
   Program program;
   ScriptedQuestions questions;
-  subcalc chemistry(program, questions);
+  subcalc chemistry(program.record, program.fieldIndex, program.narrow, questions);
   const std::pair<int, QString> inputs[] = {{1, u"420"_s}, {2, u"7,5"_s},  {3, u"10"_s},
                                             {5, u"2,5"_s}, {6, u"0,25"_s}, {23, u"60"_s},
                                             {24, u"10"_s}, {25, u"20"_s},  {26, u"0,05"_s}};
@@ -94,8 +95,8 @@ QStringList exampleRows() {
     chemistry.rechenlauf();
   }
   const AnalysisRecord& record = program.record;
-  QStringList rows{u"Näherung daneben"_s + program.phNäherung,
-                   u"Leitfähigkeit aus den Ionen"_s + program.leitfähigkeitAusIonen};
+  QStringList rows{u"Näherung daneben"_s + program.narrow.phNäherung,
+                   u"Leitfähigkeit aus den Ionen"_s + program.narrow.leitfähigkeitAusIonen};
   for (const FieldCaption& result : resultCaptions()) {
     if (record.text[result.index].isEmpty()) continue;
     rows +=

@@ -52,9 +52,9 @@ Window& open(const std::unique_ptr<Window>& window) {
 Made makeMessage(Mask& mask) {
   auto message = std::make_unique<nachricht>(&mask.window);
   message->messein({.text = u"eine Frage mit drei Antworten"_s,
-                    .buttons = button::kJa + button::kNein + button::kAbbrechen,
+                    .buttons = Button::kJa | Button::kNein | Button::kAbbrechen,
                     .title = u"Titel"_s,
-                    .symbol = 5});
+                    .symbol = Symbol::kQuestion});
   return message;
 }
 

@@ -20,9 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Message question(int buttons) {
-  return {
-      .text = u"erste Zeile\n\rzweite Zeile"_s, .buttons = buttons, .title = u"T"_s, .symbol = 5};
+Message question(Buttons buttons) {
+  return {.text = u"erste Zeile\n\rzweite Zeile"_s,
+          .buttons = buttons,
+          .title = u"T"_s,
+          .symbol = Symbol::kQuestion};
 }
 
 }  // namespace
@@ -141,12 +143,12 @@ void ProgramTest::keysAnswerAMessage_data() {
   QTest::addColumn<int>("buttons");
   QTest::addColumn<Qt::Key>("key");
   QTest::addColumn<int>("answer");
-  QTest::newRow("Enter presses the first") << 14 << Qt::Key_Enter << button::kJa;
-  QTest::newRow("Space presses the first") << 14 << Qt::Key_Space << button::kJa;
-  QTest::newRow("Escape cancels") << 14 << Qt::Key_Escape << button::kAbbrechen;
-  QTest::newRow("Escape says no") << 6 << Qt::Key_Escape << button::kNein;
-  QTest::newRow("Escape takes notice") << 1 << Qt::Key_Escape << button::kOk;
-  QTest::newRow("Tab reaches the second") << 14 << Qt::Key_Tab << button::kNein;
+  QTest::newRow("Enter presses the first") << 14 << Qt::Key_Enter << Button::kJa;
+  QTest::newRow("Space presses the first") << 14 << Qt::Key_Space << Button::kJa;
+  QTest::newRow("Escape cancels") << 14 << Qt::Key_Escape << Button::kAbbrechen;
+  QTest::newRow("Escape says no") << 6 << Qt::Key_Escape << Button::kNein;
+  QTest::newRow("Escape takes notice") << 1 << Qt::Key_Escape << Button::kOk;
+  QTest::newRow("Tab reaches the second") << 14 << Qt::Key_Tab << Button::kNein;
 }
 
 void ProgramTest::keysAnswerAMessage() {
@@ -159,12 +161,13 @@ void ProgramTest::keysAnswerAMessage() {
     QCOMPARE(message.Label6->text(), u"erste Zeile\nzweite Zeile"_s);
     QVERIFY(message.Image1(5).isVisible() && !message.Image1(1).isVisible());
     for (int index = 1; index <= 5; ++index) {
-      QCOMPARE(message.Command1(index).isVisible(), (buttons & buttonValue(index)) != 0);
+      QCOMPARE(message.Command1(index).isVisible(),
+               Buttons::fromInt(buttons).testFlag(buttonOf(index)));
     }
     QTest::keyClick(message.focusWidget(), key);
     if (key == Qt::Key_Tab) QTest::keyClick(message.focusWidget(), Qt::Key_Space);
   });
-  QTEST(questions.ask(question(buttons)), "answer");
+  QTEST(static_cast<int>(questions.ask(question(Buttons::fromInt(buttons)))), "answer");
 }
 
 // Right after a dialog has closed no window need be active.
@@ -186,7 +189,7 @@ void ProgramTest::aMessageBelongsToTheWindowThatAsked() {
     QCOMPARE(message.parentWidget(), &overview);
     message.close();
   });
-  questions.ask(question(button::kOk));
+  questions.ask(question(Button::kOk));
 }
 
 void ProgramTest::noMessageIsCut_data() {
@@ -201,7 +204,7 @@ void ProgramTest::noMessageIsCut_data() {
 void ProgramTest::noMessageIsCut() {
   QFETCH(QString, text);
   nachricht window;
-  Message message = question(14);
+  Message message = question(Button::kJa | Button::kNein | Button::kAbbrechen);
   message.text = text;
   window.messein(message);
   window.show();

@@ -90,7 +90,7 @@ void SettingsWindowsTest::theDataFolderIsChosenAndKept() {
   click(window, u"Werte"_s, true);  // not on into the folder that the first click brought there
   const QString chosen = house.folder.filePath(u"Werte"_s);
   QCOMPARE(window.Label3(2).text(), chosen);
-  house.mask.questions.expect(confirmation(chosen), button::kAbbrechen);
+  house.mask.questions.expect(confirmation(chosen), Button::kAbbrechen);
   window.Command1(1).click();
   QCOMPARE(house.mask.program.settings.slot[setting::kDataFolder], QString());
   house.mask.questions.expect(confirmation(chosen));

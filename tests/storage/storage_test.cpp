@@ -155,7 +155,7 @@ class StorageTest : public QObject {
     for (int round = 0; round < 1000; ++round) {
       ScriptedQuestions questions;  // answers all; contradictions are part of typing
       Program typed;
-      subcalc typing(typed, questions);
+      subcalc typing(typed.record, typed.fieldIndex, typed.narrow, questions);
       QString entries;
       for (const int index : kInputFields) {
         if (below(4) == 0) continue;
@@ -172,9 +172,9 @@ class StorageTest : public QObject {
       typing.rechenlauf();
       Program read;
       QVERIFY(readAnalysis(read, at("typed.cva"), [] {}));
-      subcalc(read, questions).rechenlauf();
+      subcalc(read.record, read.fieldIndex, read.narrow, questions).rechenlauf();
       const auto results = [&](const Program& program) {
-        QStringList texts{program.leitfähigkeitAusIonen, program.phNäherung};
+        QStringList texts{program.narrow.leitfähigkeitAusIonen, program.narrow.phNäherung};
         for (int i = 0; i <= 40; ++i) texts += program.record.text[i];
         return texts.join(u';') + entries;
       };

@@ -135,11 +135,11 @@ void StorageWindowsTest::anotherExtensionIsReplaced_data() {
   QTest::newRow("none") << u"probe"_s << u"probe.cva"_s << 0;
   QTest::newRow("another") << u"probe.txt.alt"_s << u"probe.cva"_s << 0;
   QTest::newRow("a folder with a point") << u"ab.cd/probe"_s << u"ab.cd/probe.cva"_s << 0;
-  QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << button::kJa;
-  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << button::kNein;
+  QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << Button::kJa;
+  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << Button::kNein;
   QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << 0;
   QTest::newRow("other letters of a file") << u"GROSS.CVA"_s << u"GROSS.CVA"_s << 0;
-  QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << button::kNein;
+  QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << Button::kNein;
 }
 
 void StorageWindowsTest::anotherExtensionIsReplaced() {
@@ -155,7 +155,8 @@ void StorageWindowsTest::anotherExtensionIsReplaced() {
   mask.desktop.paths = {folder.filePath(chosen)};
   if (answer != 0) {
     mask.questions.expect(
-        u" Die Datei \n\r da.cva\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s, answer);
+        u" Die Datei \n\r da.cva\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
+        static_cast<Button>(answer));
   }
   onNextModal<Dateien>(this, [](Dateien& window) {
     window.Command1->click();
@@ -291,14 +292,14 @@ void StorageWindowsTest::theExamplesLoadWithoutAMessage() {
 
 void StorageWindowsTest::noCommandDropsChangesUnasked_data() {
   QTest::addColumn<QString>("command");
-  QTest::addColumn<int>("answer");
+  QTest::addColumn<Button>("answer");
   QTest::addColumn<bool>("cancelled");
   for (const QString& command : {u"load"_s, u"restart"_s, u"close"_s}) {
-    for (const int answer : {button::kJa, button::kNein, button::kAbbrechen}) {
+    for (const Button answer : {Button::kJa, Button::kNein, Button::kAbbrechen}) {
       for (const bool cancelled : {false, true}) {
-        const bool hasDialog = answer == button::kJa || command == "load"_L1;
-        if (cancelled && (!hasDialog || answer == button::kAbbrechen)) continue;
-        QTest::addRow("%s %d %d", qPrintable(command), answer, cancelled ? 1 : 0)
+        const bool hasDialog = answer == Button::kJa || command == "load"_L1;
+        if (cancelled && (!hasDialog || answer == Button::kAbbrechen)) continue;
+        QTest::addRow("%s %d %d", qPrintable(command), static_cast<int>(answer), cancelled ? 1 : 0)
             << command << answer << cancelled;
       }
     }
@@ -309,7 +310,7 @@ void StorageWindowsTest::noCommandDropsChangesUnasked_data() {
 /// be cancelled too.
 void StorageWindowsTest::noCommandDropsChangesUnasked() {
   QFETCH(QString, command);
-  QFETCH(int, answer);
+  QFETCH(Button, answer);
   QFETCH(bool, cancelled);
   QTemporaryDir folder;
   const QString old = folder.filePath(u"alt.cva"_s);
@@ -318,8 +319,8 @@ void StorageWindowsTest::noCommandDropsChangesUnasked() {
   Mask mask;
   mask.keys(u"500"_s);  // not left yet
   mask.questions.expect(kSaveQuestion, answer);
-  const bool saves = answer == button::kJa;
-  const bool loads = answer == button::kNein && command == "load"_L1 && !cancelled;
+  const bool saves = answer == Button::kJa;
+  const bool loads = answer == Button::kNein && command == "load"_L1 && !cancelled;
   if (!cancelled && (saves || loads)) mask.desktop.paths = {saves ? saved : old};
   if (saves || loads) {
     onNextModal<Dateien>(this, [&](Dateien& window) {
@@ -328,13 +329,13 @@ void StorageWindowsTest::noCommandDropsChangesUnasked() {
       window.Command2->click();
     });
   }
-  const bool ends = command == "close"_L1 && answer == button::kNein;
+  const bool ends = command == "close"_L1 && answer == Button::kNein;
   if (command == "load"_L1) mask.press(Qt::Key_O, Qt::ControlModifier);
   if (command == "restart"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
   if (command == "close"_L1) QCOMPARE(mask.window.close(), ends);
   QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
   QCOMPARE(bytesOf(saved).contains("1,500,"), saves && !cancelled);
-  const bool gone = loads || (command == "restart"_L1 && answer == button::kNein);
+  const bool gone = loads || (command == "restart"_L1 && answer == Button::kNein);
   const bool unsaved = !gone && (!saves || cancelled);
   QCOMPARE(mask.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());
   const QString other = loads ? u"420,0000"_s : QString();

@@ -14,20 +14,20 @@ namespace calvora {
 class ScriptedQuestions : public Questions {
  public:
   /// Expects a message with exactly this text next, and presses that button.
-  void expect(const QString& text, int answer = button::kOk) {
+  void expect(const QString& text, Button answer = Button::kOk) {
     script_.push_back({text, answer, nullptr});
   }
 
   /// As `expect`, but raises a fault of the test's choice instead of answering.
   void expectAndRaise(const QString& text, std::function<void()> raise) {
-    script_.push_back({text, button::kOk, std::move(raise)});
+    script_.push_back({text, Button::kOk, std::move(raise)});
   }
 
-  int ask(const Message& message) override {
+  Button ask(const Message& message) override {
     asked.push_back(message);
     if (script_.empty()) {
       unexpected_ += message.text;
-      return button::kOk;
+      return Button::kOk;
     }
     const Step step = script_.front();
     script_.pop_front();
@@ -54,7 +54,7 @@ class ScriptedQuestions : public Questions {
  private:
   struct Step {
     QString text;
-    int answer;
+    Button answer;
     std::function<void()> raise;
   };
   std::deque<Step> script_;

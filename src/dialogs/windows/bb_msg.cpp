@@ -37,7 +37,7 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
 
   auto* message = new QHBoxLayout;
   message->setSpacing(18);
-  message->addWidget(new Picture(symbolDrawing(symbol::kStop), 720, this), 0, Qt::AlignTop);
+  message->addWidget(new Picture(symbolDrawing(Symbol::kStop), 720, this), 0, Qt::AlignTop);
   message->addLayout(texts, 1);
 
   addButtons(Check1, 2400, {{1, u"Programm fortsetzen"_s}, {2, u"Programm abbrechen"_s}},

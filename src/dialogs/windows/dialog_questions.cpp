@@ -31,7 +31,7 @@ QWidget* DialogQuestions::askingWindow() const {
   return nullptr;
 }
 
-int DialogQuestions::ask(const Message& message) {
+Button DialogQuestions::ask(const Message& message) {
   nachricht window(askingWindow());
   window.messein(message);
   window.exec();

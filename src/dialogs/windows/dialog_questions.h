@@ -13,7 +13,7 @@ class DialogQuestions final : public Questions {
   explicit DialogQuestions(Desktop& desktop);
   ~DialogQuestions() override;
 
-  int ask(const Message& message) override;
+  Button ask(const Message& message) override;
   void reportError(const QString& numberAndLocation) override;
 
  private:

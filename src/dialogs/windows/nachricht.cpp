@@ -44,8 +44,8 @@ nachricht::nachricht(QWidget* parent)
     button.hide();
     button.installEventFilter(this);
     connect(&button, &QPushButton::clicked, this, [this, index] { Command1_Click(index); });
-    auto& picture =
-        Image1.add(index, new Picture(symbolDrawing(index), message_design::kSymbolSize, this));
+    auto& picture = Image1.add(index, new Picture(symbolDrawing(static_cast<Symbol>(index)),
+                                                  message_design::kSymbolSize, this));
     picture.move(twips(message_design::kSymbolLeft), twips(message_design::kSymbolTop));
     picture.hide();
   }
@@ -77,7 +77,7 @@ void nachricht::place(const MessageLayout& layout) {
   Label6->setFixedHeight(std::max(Label6->height(), Label6->heightForWidth(Label6->width())));
   Shape1->setGeometry(twips(130), twips(260), twips(layout.width - 260),
                       twips(layout.height - 520) + extra);
-  if (layout.symbol > 0) Image1(layout.symbol).show();
+  if (layout.symbol != Symbol::kNone) Image1(static_cast<int>(layout.symbol)).show();
   for (const auto& [index, left] : layout.buttons) {
     QPushButton& button = Command1(index);
     button.setGeometry(twips(left), twips(layout.buttonTop) + extra,
@@ -111,7 +111,7 @@ void nachricht::colour(const MessageLayout& layout) {
 }
 
 void nachricht::Command1_Click(int index) {
-  answer_ = buttonValue(index);
+  answer_ = buttonOf(index);
   accept();
 }
 

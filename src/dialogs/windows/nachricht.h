@@ -22,8 +22,8 @@ class nachricht : public QDialog {
   /// buttons.
   void messein(const Message& message);
 
-  /// The value of the pressed button; what closing stands for when none was pressed.
-  [[nodiscard]] int answer() const { return answer_; }
+  /// The pressed button; what closing stands for when none was pressed.
+  [[nodiscard]] Button answer() const { return answer_; }
 
   /// Keys that repeat because they are held down must not answer a message unseen.
   bool eventFilter(QObject* receiver, QEvent* event) override;
@@ -38,7 +38,7 @@ class nachricht : public QDialog {
   void place(const MessageLayout& layout);
   void colour(const MessageLayout& layout);
 
-  int answer_ = 0;
+  Button answer_ = Button::kOk;
 };
 
 }  // namespace calvora

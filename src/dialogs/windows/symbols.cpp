@@ -90,9 +90,9 @@ void drawQuestion(QPainter& painter) {
 
 }  // namespace
 
-Picture::Drawing symbolDrawing(int symbol) {
+Picture::Drawing symbolDrawing(Symbol symbol) {
   static const std::array kDrawings{drawAttention, drawWarning, drawStop, drawDone, drawQuestion};
-  return kDrawings.at(static_cast<size_t>(symbol - 1));
+  return kDrawings.at(static_cast<size_t>(symbol) - 1);
 }
 
 }  // namespace calvora

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Button { kClose = 1, kReset, kPrint, kSaveProject, kLoadProject };
+enum Command { kClose = 1, kReset, kPrint, kSaveProject, kLoadProject };
 
 const auto kEmptyCaption = u"   Analyse   laden"_s;
 
@@ -69,7 +69,7 @@ void analysen::updateButtons() {
 }
 
 void analysen::message(int& code, const QString& extra) {
-  code = uebersichtMeldung(questions_, code, extra);
+  code = static_cast<int>(uebersichtMeldung(questions_, code, extra));
 }
 
 void analysen::darstellen() {
@@ -118,7 +118,7 @@ void analysen::loadAnalysis(int slot) {
 void analysen::removeAnalysis(int slot) {
   int answer = uebersicht::kEntfernen;
   message(answer, QString::number(slot));
-  if (answer == button::kJa) grid_.slot[slot] = {};
+  if (static_cast<Button>(answer) == Button::kJa) grid_.slot[slot] = {};
   darstellen();
   updateButtons();
 }
@@ -146,7 +146,7 @@ bool analysen::emptyGrid() {
   if (filledSlots(grid_) >= 1) {
     int answer = uebersicht::kAlleLöschen;
     message(answer);
-    if (answer == button::kAbbrechen) return false;
+    if (static_cast<Button>(answer) == Button::kAbbrechen) return false;
   }
   forgetAnalysisRead();
   for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);

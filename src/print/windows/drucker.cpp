@@ -42,9 +42,9 @@ void Drucker::Form_Load() {
     Text1(box).showText(text);
   };
   Text1(1).showText(dateText(program_.today()));
-  show(2, program_.header[1]);
-  show(3, program_.header[3]);
-  Text4->setPlainText(program_.header[7]);
+  show(2, program_.header[kopf::kProjekt]);
+  show(3, program_.header[kopf::kProbe]);
+  Text4->setPlainText(program_.header[kopf::kBemerkung]);
 }
 
 void Drucker::druckart(int kind) {
@@ -60,19 +60,19 @@ void Drucker::druckart(int kind) {
 
 /// The remark as it heads the report: untouched, or as typed, with the line breaks of a text file.
 QString Drucker::remark() const {
-  if (!Text4->document()->isModified()) return program_.header[7];
+  if (!Text4->document()->isModified()) return program_.header[kopf::kBemerkung];
   return Text4->document()->toRawText().replace(QChar::ParagraphSeparator, u"\r\n"_s);
 }
 
 void Drucker::keepHeader() {
   auto& header = program_.header;
-  header[1] = Text1(2).text();
-  header[3] = Text1(3).text();
-  header[7] = remark();
+  header[kopf::kProjekt] = Text1(2).text();
+  header[kopf::kProbe] = Text1(3).text();
+  header[kopf::kBemerkung] = remark();
 }
 
 PrintRequest Drucker::request() const {
-  const QString& name = program_.header[0];
+  const QString& name = program_.header[kopf::kDateiname];
   QString title = reportTitle(kind_);
   if (kind_ == bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
@@ -101,7 +101,7 @@ void Drucker::Command2_Click() {
   if (printed) return;
   questions_.ask({.text = u" Der Ausdruck konnte nicht erstellt werden ! "_s,
                   .title = u"Drucken"_s,
-                  .symbol = symbol::kStop});
+                  .symbol = Symbol::kStop});
 }
 
 /// Prints head and body. A fault in either leaves out what it hit; the rest is sent, and the user
@@ -121,9 +121,9 @@ void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
                           .companyLine = program_.settings.slot[setting::kPrintLine],
                           .today = program_.today(),
                           .project = Text1(2).text(),
-                          .fileName = header[0],
+                          .fileName = header[kopf::kDateiname],
                           .sample = Text1(3).text(),
-                          .samplingDate = header[5],
+                          .samplingDate = header[kopf::kProbenahme],
                           .remark = remark()};
     for (const Statement& statement : headStatements(head, landscape)) printer.print(statement);
   });

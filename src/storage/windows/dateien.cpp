@@ -56,12 +56,12 @@ Dateien::Dateien(Program& program, Questions& questions, Desktop& desktop, QWidg
 void Dateien::Form_Load() {
   const auto& header = program_.header;
   Text6->showText(dateText(program_.today()));
-  Text1->showText(header[1]);
-  Text2->showText(header[2]);
-  Text3->showText(header[3]);
-  Text4->showText(header[4]);
-  Text7->setPlainText(header[7]);
-  const QDate date = dateOf(header[5]);
+  Text1->showText(header[kopf::kProjekt]);
+  Text2->showText(header[kopf::kProjektNo]);
+  Text3->showText(header[kopf::kProbe]);
+  Text4->showText(header[kopf::kAuftraggeber]);
+  Text7->setPlainText(header[kopf::kBemerkung]);
+  const QDate date = dateOf(header[kopf::kProbenahme]);
   DTPicker1->setDateRange(kFirstDate, std::max(program_.today(), date));
   DTPicker1->setDate(date.isValid() ? date : program_.today());
   setDate(true);
@@ -102,13 +102,13 @@ void Dateien::Label8_Click() {
 
 void Dateien::keepHeader() {
   auto& header = program_.header;
-  header[1] = Text1->text().trimmed();
-  header[2] = Text2->text().trimmed();
-  header[3] = Text3->text().trimmed();
-  header[4] = Text4->text().trimmed();
-  header[5] = dateSet_ ? dateText(DTPicker1->date()) : QString();
-  header[6] = Text6->text();
-  header[7] = Text7->document()->toRawText().trimmed();
+  header[kopf::kProjekt] = Text1->text().trimmed();
+  header[kopf::kProjektNo] = Text2->text().trimmed();
+  header[kopf::kProbe] = Text3->text().trimmed();
+  header[kopf::kAuftraggeber] = Text4->text().trimmed();
+  header[kopf::kProbenahme] = dateSet_ ? dateText(DTPicker1->date()) : QString();
+  header[kopf::kErstellt] = Text6->text();
+  header[kopf::kBemerkung] = Text7->document()->toRawText().trimmed();
 }
 
 /// Cancelling and every fault leave the window open and nothing marked as saved; a fault is told in
@@ -131,8 +131,8 @@ void Dateien::save() {
   keepHeader();
   const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
-  const QString answer =
-      desktop_.askSaveFile(this, {folder, extension, asFileName(program_.header[0])});
+  const QString answer = desktop_.askSaveFile(
+      this, {folder, extension, asFileName(program_.header[kopf::kDateiname])});
   const QString chosen = answer.trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
@@ -140,13 +140,13 @@ void Dateien::save() {
   const QString path = isThere ? chosen : withExtension(chosen, extension);
   // The dialog asked about the name as it was typed.
   if (path != answer && QFileInfo::exists(path)) {
-    const int replace =
+    const Button replace =
         questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
-                        .buttons = button::kJa + button::kNein,
+                        .buttons = Button::kJa | Button::kNein,
                         .title = u"Datei"_s,
-                        .symbol = symbol::kQuestion});
-    if (replace != button::kJa) return;
+                        .symbol = Symbol::kQuestion});
+    if (replace != Button::kJa) return;
   }
   const QString title = QFileInfo(chosen).fileName();
   if (project_ == nullptr) {
@@ -175,7 +175,7 @@ void Dateien::dateiladen(int& mode) {
   }
   const int result = readChosenFile(u"cva"_s, [this](const QString& path) {
     const bool complete = readAnalysis(program_, path, reset);
-    const QString& date = program_.header[5];
+    const QString& date = program_.header[kopf::kProbenahme];
     const bool dateFits = date.trimmed().isEmpty() || dateOf(date).isValid();
     showLoadedHeader();
     return complete && dateFits;
@@ -207,7 +207,7 @@ int Dateien::readChosenFile(const QString& extension,
 void Dateien::tellIncomplete() {
   questions_.ask({.text = u" Die Datei konnte nicht vollständig gelesen werden ! "_s,
                   .title = u"Datei"_s,
-                  .symbol = symbol::kWarning});
+                  .symbol = Symbol::kWarning});
 }
 
 /// Makes room for a text that has just come in.
@@ -219,13 +219,13 @@ void Dateien::fitHeight() {
 void Dateien::showLoadedHeader() {
   Form_Load();
   Label8->hide();
-  Text6->showText(program_.header[6]);
+  Text6->showText(program_.header[kopf::kErstellt]);
   DTPicker1->setEnabled(false);
-  if (!dateOf(program_.header[5]).isValid()) {
-    program_.header[5].clear();
+  if (!dateOf(program_.header[kopf::kProbenahme]).isValid()) {
+    program_.header[kopf::kProbenahme].clear();
     setDate(false);
   } else {
-    program_.header[5] = dateText(DTPicker1->date());
+    program_.header[kopf::kProbenahme] = dateText(DTPicker1->date());
   }
 }
 

@@ -14,13 +14,13 @@ void Dateien::dateiladenForOverview(int& mode) {
   mode = readChosenFile(u"cva"_s, [this](const QString& path) {
     AnalysisHeader header;
     const bool complete = readForOverview(program_, path, header);
-    Text1->showText(header[1]);
-    Text2->showText(header[2]);
-    Text3->showText(header[3]);
-    Text4->showText(header[4]);
-    const bool dateFits = showDate(header[5]);
-    Text6->showText(header[6]);
-    Text7->setPlainText(header[7]);
+    Text1->showText(header[kopf::kProjekt]);
+    Text2->showText(header[kopf::kProjektNo]);
+    Text3->showText(header[kopf::kProbe]);
+    Text4->showText(header[kopf::kAuftraggeber]);
+    const bool dateFits = showDate(header[kopf::kProbenahme]);
+    Text6->showText(header[kopf::kErstellt]);
+    Text7->setPlainText(header[kopf::kBemerkung]);
     return complete && dateFits;
   });
 }
@@ -30,15 +30,15 @@ void Dateien::projektladen(int& result, OverviewGrid& grid) {
     auto& header = program_.header;
     const bool complete = readProject(program_, grid, path);
     Label8->hide();
-    Text1->showText(header[1]);
-    Text2->showText(header[2]);
-    Text4->showText(header[4]);
-    Text7->setPlainText(header[7]);
+    Text1->showText(header[kopf::kProjekt]);
+    Text2->showText(header[kopf::kProjektNo]);
+    Text4->showText(header[kopf::kAuftraggeber]);
+    Text7->setPlainText(header[kopf::kBemerkung]);
     // A project has neither; what stands there is the main window's.
     Text3->showText({});
     Text6->showText({});
-    const bool dateFits = showDate(header[5]);
-    if (DTPicker1->isHidden()) header[5].clear();
+    const bool dateFits = showDate(header[kopf::kProbenahme]);
+    if (DTPicker1->isHidden()) header[kopf::kProbenahme].clear();
     return complete && dateFits;
   });
   if (code != 0) result = code;

@@ -138,7 +138,7 @@ bool datenpfad::canBeKept(const QString& folder) {
       {.text = joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
                             u" gespeichert werden können. Wählen Sie einen anderen ! "_s}),
        .title = u"Datenpfad"_s,
-       .symbol = symbol::kWarning});
+       .symbol = Symbol::kWarning});
   return false;
 }
 
@@ -154,7 +154,7 @@ void datenpfad::Command1_Click(int index) {
   }
   const QString folder = Label3(2).text().trimmed();
   if (folder.isEmpty() || !canBeKept(folder)) return;
-  if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == button::kAbbrechen) return;
+  if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == Button::kAbbrechen) return;
   Label3(1).setText(folder);
   program_.settings.slot[setting::kDataFolder] = folder;
   bool saved = false;

@@ -25,7 +25,7 @@ info1::info1(QWidget* parent)
       List1(new QListWidget),
       Command1(makeButton(u"schliessen"_s, 1800)),
       Label1(new QLabel(u" "_s)),
-      Image4(new Picture(symbolDrawing(symbol::kAttention), 480)) {
+      Image4(new Picture(symbolDrawing(Symbol::kAttention), 480)) {
   setWindowTitle(u"  info"_s);
   setFixedWidth(twips(kWidth));
   List1->setFont(monospacedFont());
