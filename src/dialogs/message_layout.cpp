@@ -81,10 +81,13 @@ void shorten(Lines& lines) {
 }
 
 /// The marked buttons in the order of their index; their places follow once the width is known.
-std::vector<MessageLayout::PlacedButton> requestedButtons(Buttons requested) {
+std::vector<MessageLayout::PlacedButton> requestedButtons(int sum) {
   std::vector<MessageLayout::PlacedButton> buttons;
-  for (int index = 1; index <= 5; ++index) {
-    if (requested.testFlag(buttonOf(index))) buttons.push_back({index, 0});
+  for (int index = 5; index >= 1; --index) {
+    const int value = static_cast<int>(buttonOf(index));
+    if (sum < value) continue;
+    sum -= value;
+    buttons.insert(buttons.begin(), {index, 0});
   }
   return buttons;
 }
@@ -123,7 +126,7 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   const qsizetype bar = message.style.indexOf('|'_L1);
   if (bar >= 0) layout.fontSize = message.style.mid(bar + 1).toInt();
   layout.colours = coloursOf(bar >= 0 ? message.style.left(bar) : message.style);
-  layout.symbol = message.symbol;
+  layout.symbol = message.symbol < Symbol::kNone ? Symbol::kWarning : message.symbol;
   layout.title = message.title + u"      "_s;
 
   Lines lines = analyse(message.text);
@@ -131,7 +134,7 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
   layout.text = lines.text;
   layout.textHeight = 250 * lines.count;
 
-  layout.buttons = requestedButtons(message.buttons ? message.buttons : Button::kOk);
+  layout.buttons = requestedButtons(std::max(message.buttons.toInt(), 1));
   const int buttonCount = static_cast<int>(layout.buttons.size());
   if (buttonCount > 3) throw RuntimeError(ErrorNumber::kInvalidCall, u"more than three buttons"_s);
   layout.width = std::max({1000 + message_design::kButtonWidth * buttonCount, 4000,

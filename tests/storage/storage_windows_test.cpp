@@ -131,21 +131,21 @@ void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
 void StorageWindowsTest::anotherExtensionIsReplaced_data() {
   QTest::addColumn<QString>("chosen");
   QTest::addColumn<QString>("written");
-  QTest::addColumn<int>("answer");
-  QTest::newRow("none") << u"probe"_s << u"probe.cva"_s << 0;
-  QTest::newRow("another") << u"probe.txt.alt"_s << u"probe.cva"_s << 0;
-  QTest::newRow("a folder with a point") << u"ab.cd/probe"_s << u"ab.cd/probe.cva"_s << 0;
-  QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << Button::kJa;
-  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << Button::kNein;
-  QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << 0;
-  QTest::newRow("other letters of a file") << u"GROSS.CVA"_s << u"GROSS.CVA"_s << 0;
-  QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << Button::kNein;
+  QTest::addColumn<Buttons>("answer");
+  QTest::newRow("none") << u"probe"_s << u"probe.cva"_s << Buttons();
+  QTest::newRow("another") << u"probe.txt.alt"_s << u"probe.cva"_s << Buttons();
+  QTest::newRow("a folder with a point") << u"ab.cd/probe"_s << u"ab.cd/probe.cva"_s << Buttons();
+  QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << Buttons(Button::kJa);
+  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << Buttons(Button::kNein);
+  QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << Buttons();
+  QTest::newRow("other letters of a file") << u"GROSS.CVA"_s << u"GROSS.CVA"_s << Buttons();
+  QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << Buttons(Button::kNein);
 }
 
 void StorageWindowsTest::anotherExtensionIsReplaced() {
   QFETCH(QString, chosen);
   QFETCH(QString, written);
-  QFETCH(int, answer);
+  QFETCH(Buttons, answer);
   QTemporaryDir folder;
   QVERIFY(QDir(folder.path()).mkpath(u"ab.cd"_s));
   put(folder.filePath(u"da.cva"_s), "alt");
@@ -153,10 +153,10 @@ void StorageWindowsTest::anotherExtensionIsReplaced() {
   Mask mask;
   mask.enter(1, u"420"_s);
   mask.desktop.paths = {folder.filePath(chosen)};
-  if (answer != 0) {
+  if (answer) {
     mask.questions.expect(
         u" Die Datei \n\r da.cva\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
-        static_cast<Button>(answer));
+        static_cast<Button>(answer.toInt()));
   }
   onNextModal<Dateien>(this, [](Dateien& window) {
     window.Command1->click();
