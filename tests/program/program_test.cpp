@@ -140,19 +140,21 @@ void ProgramTest::theStartWindowLeadsIntoTheProgramOrOut() {
 }
 
 void ProgramTest::keysAnswerAMessage_data() {
-  QTest::addColumn<int>("buttons");
+  QTest::addColumn<Buttons>("buttons");
   QTest::addColumn<Qt::Key>("key");
-  QTest::addColumn<int>("answer");
-  QTest::newRow("Enter presses the first") << 14 << Qt::Key_Enter << Button::kJa;
-  QTest::newRow("Space presses the first") << 14 << Qt::Key_Space << Button::kJa;
-  QTest::newRow("Escape cancels") << 14 << Qt::Key_Escape << Button::kAbbrechen;
-  QTest::newRow("Escape says no") << 6 << Qt::Key_Escape << Button::kNein;
-  QTest::newRow("Escape takes notice") << 1 << Qt::Key_Escape << Button::kOk;
-  QTest::newRow("Tab reaches the second") << 14 << Qt::Key_Tab << Button::kNein;
+  QTest::addColumn<Button>("answer");
+  const Buttons all = Button::kJa | Button::kNein | Button::kAbbrechen;
+  QTest::newRow("Enter presses the first") << all << Qt::Key_Enter << Button::kJa;
+  QTest::newRow("Space presses the first") << all << Qt::Key_Space << Button::kJa;
+  QTest::newRow("Escape cancels") << all << Qt::Key_Escape << Button::kAbbrechen;
+  QTest::newRow("Escape says no") << (Button::kJa | Button::kNein) << Qt::Key_Escape
+                                  << Button::kNein;
+  QTest::newRow("Escape takes notice") << Buttons(Button::kOk) << Qt::Key_Escape << Button::kOk;
+  QTest::newRow("Tab reaches the second") << all << Qt::Key_Tab << Button::kNein;
 }
 
 void ProgramTest::keysAnswerAMessage() {
-  QFETCH(int, buttons);
+  QFETCH(Buttons, buttons);
   QFETCH(Qt::Key, key);
   RecordingDesktop desktop;
   DialogQuestions questions(desktop);
@@ -161,13 +163,12 @@ void ProgramTest::keysAnswerAMessage() {
     QCOMPARE(message.Label6->text(), u"erste Zeile\nzweite Zeile"_s);
     QVERIFY(message.Image1(5).isVisible() && !message.Image1(1).isVisible());
     for (int index = 1; index <= 5; ++index) {
-      QCOMPARE(message.Command1(index).isVisible(),
-               Buttons::fromInt(buttons).testFlag(buttonOf(index)));
+      QCOMPARE(message.Command1(index).isVisible(), buttons.testFlag(buttonOf(index)));
     }
     QTest::keyClick(message.focusWidget(), key);
     if (key == Qt::Key_Tab) QTest::keyClick(message.focusWidget(), Qt::Key_Space);
   });
-  QTEST(static_cast<int>(questions.ask(question(Buttons::fromInt(buttons)))), "answer");
+  QTEST(questions.ask(question(buttons)), "answer");
 }
 
 // Right after a dialog has closed no window need be active.
