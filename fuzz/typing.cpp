@@ -9,7 +9,7 @@ namespace {
 void requireWhole(const Program& program, int entered) {
   const AnalysisRecord& record = program.record;
   const QString what = QString::number(entered) + u' ' + record.text[entered];
-  for (const int index : kInputFields) {
+  for (const int index : typedFields()) {
     const bool empty = record.text[index].isEmpty();
     fuzz::require(!empty || record.value[index].isZero(), "an empty field has no value", what);
   }
@@ -34,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (const QByteArray& line : lines.first(std::min<qsizetype>(lines.size(), 40))) {
     if (line.isEmpty()) continue;
     const auto letter = static_cast<unsigned char>(line.front());
-    const int index = kInputFields.at(letter % kInputFields.size());
+    const int index = typedFields().at(letter % typedFields().size());
     int status = 0;
     program.fieldIndex = index;
     calculation.checkeingabe(index, QString::fromUtf8(line.mid(1)).trimmed(), status);

@@ -122,8 +122,8 @@ void Tour::printTable() {
         record.text[index] + ' '_L1 + unit);
   };
   row(u"Field"_s, u"Value"_s, u"Text"_s);
-  for (const auto& f : calvora::inputCaptions()) field(f.index, f.caption, f.unit);
-  for (const auto& f : calvora::resultCaptions()) field(f.index, f.caption, f.unit);
+  for (const auto& f : calvora::inputFields()) field(f.index, f.caption, f.unit);
+  for (const auto& f : calvora::resultFields()) field(f.index, f.caption, f.unit);
   row(u"31 Ionenstärke"_s, QString::number(record.value[31].toDouble(), 'f', 4), u"mmol/l"_s);
   row(u"32 Natrium"_s, QString::number(record.value[32].toDouble(), 'f', 4), u"mg/l"_s);
   field(35, u"pH aus Ks-, Kb- Wert, Näherung"_s, u"pH"_s);

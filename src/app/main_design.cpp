@@ -79,7 +79,7 @@ PictureButton* makeInfoPicture(const Picture::Drawing& drawing) {
 }
 
 /// A field's name for those who hear the mask instead of seeing it.
-QString spokenName(const FieldCaption& field) {
+QString spokenName(const Field& field) {
   const QString symbol = field.shortLabel.trimmed();
   const QString caption = field.caption.simplified();
   const QString name = caption.endsWith(symbol) ? caption : caption + ' '_L1 + symbol;
@@ -156,17 +156,18 @@ void main::buildMask() {
   setCentralWidget(new ScrollingContent(mask));
 
   // The keyboard walks the boxes in field order, then the buttons.
-  for (size_t i = 1; i < kInputFields.size(); ++i) {
-    setTabOrder(&Text1(kInputFields[i - 1]), &Text1(kInputFields[i]));
+  const std::vector<int>& boxes = typedFields();
+  for (size_t i = 1; i < boxes.size(); ++i) {
+    setTabOrder(&Text1(boxes[i - 1]), &Text1(boxes[i]));
   }
-  setTabOrder(&Text1(kInputFields.back()), Command3);
+  setTabOrder(&Text1(boxes.back()), Command3);
   QWidget* last = Command3;
-  for (const int i : kInputFields) {
+  for (const int i : boxes) {
     setTabOrder(last, &Command1(i));
     last = &Command1(i);
   }
   setTabOrder(last, Command2);
-  Text1(kInputFields.front()).setFocus();
+  Text1(boxes.front()).setFocus();
 
   resize(twips(15000), twips(10900));
 }
@@ -179,7 +180,7 @@ QWidget* main::buildInputs() {
     grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kColumns);
   };
   addSection(1, u"  Eingabe pH - Wert Rechner"_s);
-  for (const FieldCaption& field : inputCaptions()) {
+  for (const Field& field : inputFields()) {
     if (field.index == feld::kGesamthärte) {
       addGap(grid, row++);
       addSection(3, u"  Eingabe - Wasserhärte"_s);
@@ -199,9 +200,8 @@ QWidget* main::buildInputs() {
   return inputs;
 }
 
-void main::addInputRow(QGridLayout& grid, int row, const FieldCaption& field) {
+void main::addInputRow(QGridLayout& grid, int row, const Field& field) {
   const int i = field.index;
-  const bool computed = i == feld::kKarbonathärte || i == feld::kNichtkarbonathärte;
   auto& box = Text1.add(i, new TextBox);
   box.setAccessibleName(spokenName(field));
   box.setFixedWidth(twips(kInputBoxWidth));
@@ -210,7 +210,7 @@ void main::addInputRow(QGridLayout& grid, int row, const FieldCaption& field) {
   grid.addWidget(&caption, row, kCaption);
   grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
   grid.addWidget(&box, row, kBox);
-  if (computed) {
+  if (!field.isTyped()) {
     setRole(box, Role::kComputed);
     box.setReadOnly(true);
     box.setFocusPolicy(Qt::NoFocus);
@@ -268,7 +268,7 @@ QWidget* main::buildResults() {
     grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kToggle);
   };
   addSection(2, u"  berechnete Werte "_s);
-  for (const FieldCaption& field : resultCaptions()) {
+  for (const Field& field : resultFields()) {
     if (field.index == feld::kHydrogencarbonat) {
       addGap(grid, row++);
       addSection(4, u"  korrosionsrelevante Parameter"_s);
@@ -286,7 +286,7 @@ QWidget* main::buildResults() {
   return results;
 }
 
-void main::addResultRow(QGridLayout& grid, int row, const FieldCaption& field) {
+void main::addResultRow(QGridLayout& grid, int row, const Field& field) {
   const int i = field.index;
   auto& caption = Label5.add(i, makeLabel(field.caption));
   caption.setToolTip(field.toolTip);

@@ -9,10 +9,8 @@
 
 #include "app/start_window.h"
 #include "base/guarded.h"
-#include "chem/umrechnung.h"
 #include "dialogs/meldungen.h"
 #include "entry/key_filter.h"
-#include "model/focus_order.h"
 #include "overview/windows/analysen.h"
 #include "platform/look.h"
 #include "print/windows/drucker.h"
@@ -202,7 +200,7 @@ void main::berechnen() {
 void main::darstellen() {
   const AnalysisRecord& record = program_.record;
   for (const auto& [index, box] : Text1) box->showText(record.text[index]);
-  for (const FieldCaption& field : resultCaptions()) {
+  for (const Field& field : resultFields()) {
     showText(Label2(field.index), record.text[field.index]);
   }
 

@@ -18,7 +18,7 @@ class QGridLayout;
 namespace calvora {
 
 class analysen;
-struct FieldCaption;
+struct Field;
 
 /// The hub of the program: the input mask of one water analysis, its results, and the menus. Every
 /// finished entry is checked, stored, followed by a full calculation run and a redisplay.
@@ -133,8 +133,8 @@ class main : public QMainWindow {
   QWidget* buildResults();
   QWidget* buildCompanyArea();
   void connectInfoPictures();
-  void addInputRow(QGridLayout& grid, int row, const FieldCaption& field);
-  void addResultRow(QGridLayout& grid, int row, const FieldCaption& field);
+  void addInputRow(QGridLayout& grid, int row, const Field& field);
+  void addResultRow(QGridLayout& grid, int row, const Field& field);
   void connectBox(int index);
   void connectUnit(int index);
   /// What a command does: what was typed is finished first, and a fault is reported with the

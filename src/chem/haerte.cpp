@@ -1,5 +1,6 @@
 // Ionic strength, excess carbon dioxide and everything about hardness.
 #include <cmath>
+#include <optional>
 
 #include "chem/subcalc.h"
 
@@ -18,18 +19,17 @@ struct HardnessSet {
   FixedPoint magnesium;  // mg/l
 
   /// Whether the hardness of the calcium or the magnesium alone exceeds the total hardness.
-  [[nodiscard]] bool calciumExceeds() const { return saturatedProduct(0.1397_fp, calcium) > total; }
-  [[nodiscard]] bool magnesiumExceeds() const {
-    return saturatedProduct(0.23_fp, magnesium) > total;
-  }
+  [[nodiscard]] bool calciumExceeds() const { return productExceeds(0.1397_fp, calcium, total); }
+  [[nodiscard]] bool magnesiumExceeds() const { return productExceeds(0.23_fp, magnesium, total); }
 };
 
-/// Applies the rule of the field entered last. Returns the message of a contradiction, whose value
-/// is then taken out of the set, or 0.
-int contradiction(int lastEntered, HardnessSet& set) {
-  const auto reject = [](int message, FixedPoint& rejected) {
+/// Applies the rule of the field entered last. Returns a contradiction, whose value is then taken
+/// out of the set.
+std::optional<InputFault> contradiction(int lastEntered, HardnessSet& set) {
+  using enum InputFault;
+  const auto reject = [](InputFault fault, FixedPoint& rejected) {
     rejected = {};
-    return message;
+    return fault;
   };
   const bool hasCalcium = !set.calcium.isZero();
   const bool hasMagnesium = !set.magnesium.isZero();
@@ -37,20 +37,20 @@ int contradiction(int lastEntered, HardnessSet& set) {
     if (hasCalcium && hasMagnesium) {
       set.calcium = set.magnesium = {};  // the typed total replaces both
     } else if (!set.total.isZero()) {
-      if (hasMagnesium && set.magnesiumExceeds()) return reject(8, set.total);
-      if (hasCalcium && set.calciumExceeds()) return reject(7, set.total);
+      if (hasMagnesium && set.magnesiumExceeds()) return reject(kTotalBelowMagnesium, set.total);
+      if (hasCalcium && set.calciumExceeds()) return reject(kTotalBelowCalcium, set.total);
     }
-    return 0;
+    return {};
   }
-  if (set.total.isZero()) return 0;
+  if (set.total.isZero()) return {};
   if (lastEntered == feld::kCalcium) {
-    if (!hasMagnesium && set.calciumExceeds()) return reject(9, set.calcium);
+    if (!hasMagnesium && set.calciumExceeds()) return reject(kCalciumAboveTotal, set.calcium);
     if (hasCalcium == hasMagnesium) set.total = {};  // recomputed from both, or gone with calcium
   } else if (lastEntered == feld::kMagnesium) {
-    if (!hasCalcium && set.magnesiumExceeds()) return reject(10, set.magnesium);
+    if (!hasCalcium && set.magnesiumExceeds()) return reject(kMagnesiumAboveTotal, set.magnesium);
     if (hasCalcium == hasMagnesium) set.total = {};
   }
-  return 0;
+  return {};
 }
 
 /// Fills in whichever of the three is missing from the other two.
@@ -111,9 +111,8 @@ void subcalc::co2agg() {
 void subcalc::secamg() {
   HardnessSet set{record_.value[feld::kGesamthärte], record_.value[feld::kCalcium],
                   record_.value[feld::kMagnesium]};
-  const int message = contradiction(lastField_, set);
-  if (message != 0) {
-    show(message);
+  if (const auto fault = contradiction(lastField_, set)) {
+    show(*fault);
   } else {
     completeHardness(set);
   }

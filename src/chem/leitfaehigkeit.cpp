@@ -71,7 +71,8 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
   const double minimum = factor * kLambdaNa * hydroxide + ions.hydrogen + ions.hydroxide;
   const bool contradicts =
       !isEmpty(feld::kLeitfähigkeit) && 1.1 * value(feld::kLeitfähigkeit) < minimum;
-  if (contradicts && std::isfinite(minimum)) show(1, entry_.formz(minimum, kind::kWhole));
+  if (contradicts && std::isfinite(minimum))
+    show(InputFault::kConductivityTooLowForPh, entry_.formz(minimum, kind::kWhole));
   return ions;
 }
 

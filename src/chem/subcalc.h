@@ -25,6 +25,12 @@ inline constexpr int kFocusBack = 1;
 /// The capacity that the measured pH rules out: Ks8,2 below 8.2, Kb8,2 from there on, 0 without pH.
 int ruledOutCapacity(const AnalysisRecord& record);
 
+/// The conductivity at the measuring temperature (°C) from the one at 25 °C, in the same unit:
+/// 2.1 % per kelvin of the value at 25 °C. 1000 µS/cm at 25 °C are 790 µS/cm at 15 °C.
+constexpr double conductivityAt(double temperature, double conductivityAt25) {
+  return conductivityAt25 * (1 + 0.021 * (temperature - 25));
+}
+
 /// The water chemistry: checks of the typed values and the steps that compute everything derived
 /// from them. Works on the program's one record, in the units of fields.h. No water, however odd,
 /// ends a step in a runtime error: a result that is no number or does not fit is cleared.
@@ -105,7 +111,7 @@ class subcalc {
  private:
   struct IonConductivity;
 
-  void show(int number, const QString& text = {});
+  void show(InputFault fault, const QString& text = {});
 
   // Input checks.
   bool rejectOutOfRange(int index, bool representable, int& status);

@@ -1,5 +1,6 @@
 #include "entry/fixed_point.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/runtime_error.h"
@@ -8,14 +9,12 @@ namespace calvora {
 
 namespace {
 
-/// a × b / 10000 with ties to even, for magnitudes whose result fits in 64 bits.
-quint64 scaledProduct(quint64 a, quint64 b) {
-  constexpr quint64 kScale = FixedPoint::kScale;
-  const quint64 low = (a % kScale) * (b % kScale);
-  const quint64 whole = (a / kScale) * b + (a % kScale) * (b / kScale) + low / kScale;
-  const quint64 remainder = low % kScale;
-  const bool up = remainder > kScale / 2 || (remainder == kScale / 2 && whole % 2 == 1);
-  return whole + (up ? 1 : 0);
+__extension__ using Wide = __int128;  ///< holds every product of two raw values
+
+FixedPoint saturated(Wide raw) {
+  const Wide lowest = FixedPoint::lowest().raw();
+  const Wide highest = FixedPoint::highest().raw();
+  return FixedPoint::fromRaw(static_cast<qint64>(std::clamp(raw, lowest, highest)));
 }
 
 }  // namespace
@@ -33,26 +32,25 @@ FixedPoint FixedPoint::fromDouble(double value) {
 }
 
 FixedPoint saturatedSum(FixedPoint a, FixedPoint b) {
-  if (b.raw_ > 0 && a.raw_ > FixedPoint::highest().raw_ - b.raw_) return FixedPoint::highest();
-  if (b.raw_ < 0 && a.raw_ < FixedPoint::lowest().raw_ - b.raw_) return FixedPoint::lowest();
-  return FixedPoint(a.raw_ + b.raw_);
+  return saturated(Wide{a.raw()} + b.raw());
 }
 
 FixedPoint saturatedDifference(FixedPoint a, FixedPoint b) {
-  if (b.raw_ < 0 && a.raw_ > FixedPoint::highest().raw_ + b.raw_) return FixedPoint::highest();
-  if (b.raw_ > 0 && a.raw_ < FixedPoint::lowest().raw_ + b.raw_) return FixedPoint::lowest();
-  return FixedPoint(a.raw_ - b.raw_);
+  return saturated(Wide{a.raw()} - b.raw());
 }
 
 FixedPoint saturatedProduct(FixedPoint a, FixedPoint b) {
-  const bool negative = (a.raw_ < 0) != (b.raw_ < 0);
-  const FixedPoint end = negative ? FixedPoint::lowest() : FixedPoint::highest();
-  // Below this estimate the product fits 64 bits without sign and can be compared exactly.
-  if (std::abs(a.toDouble() * b.toDouble()) > 1e15) return end;
-  const quint64 product = scaledProduct(a.magnitude(), b.magnitude());
-  if (product > static_cast<quint64>(FixedPoint::highest().raw_)) return end;
-  const auto raw = static_cast<qint64>(product);
-  return FixedPoint(negative ? -raw : raw);
+  const Wide product = Wide{a.raw()} * b.raw();
+  Wide quotient = product / FixedPoint::kScale;
+  const Wide twice = 2 * (product % FixedPoint::kScale);
+  const Wide size = twice < 0 ? -twice : twice;
+  const bool away = size > FixedPoint::kScale || (size == FixedPoint::kScale && quotient % 2 != 0);
+  if (away) quotient += product < 0 ? -1 : 1;
+  return saturated(quotient);
+}
+
+bool productExceeds(FixedPoint a, FixedPoint b, FixedPoint limit) {
+  return Wide{a.raw()} * b.raw() > Wide{limit.raw()} * FixedPoint::kScale;
 }
 
 }  // namespace calvora

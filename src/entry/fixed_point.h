@@ -41,18 +41,21 @@ class FixedPoint {
 
   friend constexpr auto operator<=>(FixedPoint, FixedPoint) = default;
 
-  /// Sum, difference and product, exact to four decimals (the product's ties to even). A result
-  /// out of range stays at the end of the range: these are for comparisons and for quantities that
-  /// are then checked, never a wrapped number.
-  friend FixedPoint saturatedSum(FixedPoint a, FixedPoint b);
-  friend FixedPoint saturatedDifference(FixedPoint a, FixedPoint b);
-  friend FixedPoint saturatedProduct(FixedPoint a, FixedPoint b);
-
  private:
   explicit constexpr FixedPoint(qint64 raw) : raw_(raw) {}
 
   qint64 raw_ = 0;
 };
+
+/// Sum, difference and product, exact to four decimals (the product's ties to even). A result out
+/// of range stays at the end of the range: these are for comparisons and for quantities that are
+/// then checked, never a wrapped number.
+FixedPoint saturatedSum(FixedPoint a, FixedPoint b);
+FixedPoint saturatedDifference(FixedPoint a, FixedPoint b);
+FixedPoint saturatedProduct(FixedPoint a, FixedPoint b);
+
+/// Whether the exact product, with all its decimals, is greater than the limit.
+bool productExceeds(FixedPoint a, FixedPoint b, FixedPoint limit);
 
 namespace detail {
 /// Reads a literal such as 8.2 exactly; more than four decimals do not compile.

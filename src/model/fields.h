@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QString>
-#include <array>
+#include <functional>
+#include <optional>
 #include <span>
+#include <vector>
+
+#include "entry/fixed_point.h"
 
 namespace calvora {
 
@@ -37,28 +41,65 @@ inline constexpr int kNatrium = 32;
 inline constexpr int kPhNäherung = 35;
 }  // namespace feld
 
-/// What the mask says about one field.
-struct FieldCaption {
-  int index;
+/// What a rejected entry, or a hardness that contradicts itself, is told by; the values are the
+/// messages' numbers.
+enum class InputFault {
+  kConductivityTooLowForPh = 1,
+  kNotPositive = 2,
+  kOutOfRange = 3,
+  kKs82AboveHalfKs43 = 4,
+  kKs43BelowTwiceKs82 = 5,
+  kCapacityOutOfRange = 6,
+  kTotalBelowCalcium = 7,
+  kTotalBelowMagnesium = 8,
+  kCalciumAboveTotal = 9,
+  kMagnesiumAboveTotal = 10,
+  kPhTooHighForKs82 = 11,
+  kKs82TooLowForPh = 12,
+  kBothKs82AndKb82 = 13,
+};
+
+/// What a typed field admits, bounds included, and what happens to any other value.
+struct FieldRange {
+  FixedPoint minimum;
+  FixedPoint maximum;
+  QString text;  ///< as the message names the range
+  bool focusBack = false;
+  InputFault fault = InputFault::kOutOfRange;
+};
+
+/// One row of the field table.
+struct Field {
+  int index = 0;
   QString caption;
   QString shortLabel;
   QString unit;
+  int overviewRow = 0;                   ///< 0: the overview does not show the field
+  std::optional<FieldRange> range = {};  ///< empty for a computed field
   QString toolTip = {};
+
+  [[nodiscard]] bool isTyped() const { return range.has_value(); }
 };
 
-/// The fields that the user types, in the order in which the focus walks them.
-inline constexpr std::array kInputFields{1, 2, 3, 4, 5, 6, 20, 23, 24, 25, 26};
+/// The fields 1 to 6 and 20 to 26, in the order in which the focus walks those that are typed.
+std::span<const Field> inputFields();
 
-/// Captions of the fields 1 to 6 and 20 to 26; 21 and 22 are computed, all others are typed.
-std::span<const FieldCaption> inputCaptions();
+/// The results 7 to 15, with the unit that each result really has.
+std::span<const Field> resultFields();
 
-/// Captions of the results 7 to 15, with the unit that each result really has.
-std::span<const FieldCaption> resultCaptions();
-
-/// What the mask says about a field; empty for one that it does not show.
-const FieldCaption& captionOf(int field);
+/// The row of a field; an empty one for a field that the mask does not show.
+const Field& fieldOf(int index);
 
 /// Whether the mask shows the field; these are the fields that analysis files hold.
-bool isShown(int field);
+bool isShown(int index);
+
+/// The fields that the user types, in the order in which the focus walks them.
+const std::vector<int>& typedFields();
+
+/// The box that gets the focus when Enter or an arrow key leaves box `from`. `step` is +1 forward
+/// or −1 backward. Computed boxes are never entered, locked ones are skipped. Forward, the first
+/// box follows the last; backward, the first box of either group, 1 and 20, is the end. Stays at
+/// `from` if every target is locked.
+int nextBox(int from, int step, const std::function<bool(int)>& isLocked);
 
 }  // namespace calvora

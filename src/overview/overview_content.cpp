@@ -12,11 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Pairs of two-digit field and two-digit row.
-const auto kFieldRows =
-    u"01-01,02-02,03-03,04-04,05-05,06-06,20-08,21-09,22-10,23-11,24-12,25-13,26-14,07-16,08-17,"
-    "09-18,11-20,12-21,13-22,14-23,15-24,"_s;
-
 /// A text as one field of tab-separated text.
 QString asField(QString text) {
   for (QChar& c : text) {
@@ -28,14 +23,16 @@ QString asField(QString text) {
 }  // namespace
 
 std::span<const FieldRow> fieldRows() {
-  static const std::vector<FieldRow> kPairs = [] {
-    std::vector<FieldRow> pairs;
-    for (const QString& pair : kFieldRows.split(','_L1, Qt::SkipEmptyParts)) {
-      pairs.push_back({pair.left(2).toInt(), pair.right(2).toInt()});
+  static const auto kRows = [] {
+    std::vector<FieldRow> rows;
+    for (const auto& fields : {inputFields(), resultFields()}) {
+      for (const Field& field : fields) {
+        if (field.overviewRow != 0) rows.push_back({field.index, field.overviewRow});
+      }
     }
-    return pairs;
+    return rows;
   }();
-  return kPairs;
+  return kRows;
 }
 
 bool isSeparatorRow(int row) {
@@ -45,7 +42,7 @@ bool isSeparatorRow(int row) {
 QString symbolOfRow(int row) {
   const auto pair = std::ranges::find(fieldRows(), row, &FieldRow::row);
   if (pair == fieldRows().end()) return {};
-  const FieldCaption& caption = captionOf(pair->field);
+  const Field& caption = fieldOf(pair->field);
   static const QRegularExpression kBetweenWords(u"[ -]+"_s);
   const bool said = caption.caption.split(kBetweenWords).contains(caption.shortLabel);
   return said ? QString() : caption.shortLabel;
@@ -54,8 +51,8 @@ QString symbolOfRow(int row) {
 void enterNames(OverviewGrid& grid) {
   grid.names[0] = u"Probe-Datum"_s;
   for (const auto& [field, row] : fieldRows()) {
-    grid.names[row] = captionOf(field).caption;
-    grid.units[row] = captionOf(field).unit;
+    grid.names[row] = fieldOf(field).caption;
+    grid.units[row] = fieldOf(field).unit;
   }
 }
 

@@ -78,7 +78,7 @@ QString valueColumn(QString value) {
   return value.rightJustified(kValueWidth).right(kValueWidth);
 }
 
-void fieldLine(Writer& report, const FieldCaption& field, const AnalysisRecord& record) {
+void fieldLine(Writer& report, const Field& field, const AnalysisRecord& record) {
   const QString value = record.text[field.index].trimmed();
   if (value.isEmpty()) return;
   report.at(kMargin, field.caption)
@@ -133,14 +133,14 @@ Statements headStatements(const ReportHead& head, bool landscape) {
 Statements analysisStatements(const AnalysisRecord& record) {
   Writer report;
   report.schrift().size(10);
-  for (const FieldCaption& field : inputCaptions()) {
+  for (const Field& field : inputFields()) {
     if (field.index == feld::kGesamthärte) report.endLine();
     fieldLine(report, field, record);
   }
   report.emptyLines(2);
   report.size(12).emphasis(true).at(kResultsHeading, u"berechnete Werte"_s).endLine();
   report.size(10).emphasis(false).endLine();
-  for (const FieldCaption& field : resultCaptions()) {
+  for (const Field& field : resultFields()) {
     if (field.index == feld::kHydrogencarbonat) report.endLine();
     if (field.index != feld::kPhAusLf) fieldLine(report, field, record);
   }

@@ -134,12 +134,12 @@ int Umrechner::ownSlot() const {
 }
 
 QString Umrechner::heading() const {
-  const FieldCaption& field = captionOf(field_);
+  const Field& field = fieldOf(field_);
   return field.caption + u"      "_s + field.shortLabel;
 }
 
 QString Umrechner::prompt(int slot) const {
-  return captionOf(field_).caption + u"   in    "_s + slots_[slot].caption.trimmed();
+  return fieldOf(field_).caption + u"   in    "_s + slots_[slot].caption.trimmed();
 }
 
 int Umrechner::neighbour(int slot, int step) const {

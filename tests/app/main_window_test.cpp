@@ -2,7 +2,7 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 
-#include "model/focus_order.h"
+#include "model/fields.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 
@@ -114,7 +114,7 @@ void MainWindowTest::focusWalksTheBoxesAndSkipsLockedOnes() {
   const auto isLocked = [&](int box) { return locked.contains(QString::number(box)); };
   QStringList forward;
   QStringList backward;
-  for (const int box : kInputFields) {
+  for (const int box : typedFields()) {
     forward += QString::number(nextBox(box, 1, isLocked));
     backward += QString::number(nextBox(box, -1, isLocked));
   }
@@ -426,7 +426,7 @@ void MainWindowTest::theManualOpensOnlyWhereItExists() {
 
 void MainWindowTest::everyBoxHasANameAndRoom() {
   Mask mask;
-  for (const int index : kInputFields) {
+  for (const int index : typedFields()) {
     const TextBox& box = mask.window.Text1(index);
     QVERIFY(!box.accessibleName().isEmpty());
     const int needed = box.fontMetrics().horizontalAdvance(u"5000,0000"_s);

@@ -66,8 +66,8 @@ QStringList messageTexts() {
 /// A field's row in the table of inputs: caption, symbol, unit, range.
 QStringList inputRows() {
   QStringList rows;
-  for (const FieldCaption& field : inputCaptions()) {
-    if (field.index == feld::kKarbonathärte || field.index == feld::kNichtkarbonathärte) continue;
+  for (const Field& field : inputFields()) {
+    if (!field.isTyped()) continue;
     Program program;
     ScriptedQuestions questions;
     int status = 0;
@@ -97,13 +97,13 @@ QStringList exampleRows() {
   const AnalysisRecord& record = program.record;
   QStringList rows{u"Näherung daneben"_s + program.narrow.phNäherung,
                    u"Leitfähigkeit aus den Ionen"_s + program.narrow.leitfähigkeitAusIonen};
-  for (const FieldCaption& result : resultCaptions()) {
+  for (const Field& result : resultFields()) {
     if (record.text[result.index].isEmpty()) continue;
     rows +=
         result.caption + record.text[result.index] + result.unit.chopped(result.index < 11 ? 2 : 0);
   }
   for (const int index : {20, 21, 22}) {
-    rows += inputCaptions()[static_cast<size_t>(index - 14)].caption + record.text[index] + u"°d"_s;
+    rows += inputFields()[static_cast<size_t>(index - 14)].caption + record.text[index] + u"°d"_s;
   }
   return rows;
 }

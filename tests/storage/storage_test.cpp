@@ -157,7 +157,7 @@ class StorageTest : public QObject {
       Program typed;
       subcalc typing(typed.record, typed.fieldIndex, typed.narrow, questions);
       QString entries;
-      for (const int index : kInputFields) {
+      for (const int index : typedFields()) {
         if (below(4) == 0) continue;
         const int most = QList{1, 2000, 13, 95, 3, 8, 3}.value(index, 60);
         const QString text = u"%1,%2"_s.arg(below(most)).arg(below(1000));
