@@ -87,14 +87,6 @@ std::vector<Way> waysIn(House& house) {
   main& window = house.window;
   RealDesktop& real = house.desktop.real;
   const FileRequest request{house.program.programFolder, u"cva"_s, u"a"_s};
-  const auto cancelled = [](const std::function<void()>& ask) {
-    return [ask] {
-      try {
-        ask();
-      } catch (const RuntimeError&) {  // it was closed
-      }
-    };
-  };
   const auto inOverview = [&house](int button) {
     return [&house, button] {
       analysen* overview = openOverview(house);
@@ -128,8 +120,8 @@ std::vector<Way> waysIn(House& house) {
        [&] {
          real.askText(&window, {u"a"_s, u"b"_s});
        }},
-      {"open a file", cancelled([&, request] { real.askOpenFile(&window, request); })},
-      {"save a file", cancelled([&, request] { real.askSaveFile(&window, request); })},
+      {"open a file", [&, request] { real.askOpenFile(&window, request); }},
+      {"save a file", [&, request] { real.askSaveFile(&window, request); }},
       {"preview", [&] { real.showPreview(&window, {}, [](QPagedPaintDevice&) {}); }},
   };
 }

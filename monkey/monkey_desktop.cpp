@@ -110,11 +110,11 @@ void MonkeyDesktop::damageOne(const QString& extension) {
           u"the folder can be written"_s);
 }
 
-QString MonkeyDesktop::askOpenFile(QWidget*, const FileRequest& request) {
-  if (dice_.percent(15)) throw RuntimeError(ErrorNumber::kDialogCancelled);
+std::optional<QString> MonkeyDesktop::askOpenFile(QWidget*, const FileRequest& request) {
+  if (dice_.percent(15)) return std::nullopt;
   if (dice_.percent(3)) return folder_.filePath(u"gibt/es nicht."_s + request.extension);
   if (dice_.percent(3)) return folder_.path();
-  if (dice_.percent(2)) return {};
+  if (dice_.percent(2)) return QString();
   if (dice_.percent(30)) damageOne(request.extension);
   ++loads;
   const QString kind = dice_.percent(97) ? u"*."_s + request.extension : u"*"_s;
@@ -123,8 +123,8 @@ QString MonkeyDesktop::askOpenFile(QWidget*, const FileRequest& request) {
 }
 
 /// The window says that it saved by accepting; that very moment its program holds what it wrote.
-QString MonkeyDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
-  if (dice_.percent(15)) throw RuntimeError(ErrorNumber::kDialogCancelled);
+std::optional<QString> MonkeyDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
+  if (dice_.percent(15)) return std::nullopt;
   if (dice_.percent(3)) return folder_.filePath(u"gibt/es nicht"_s);
   QString answer = folder_.filePath(anyName(request.extension));
   const QString path = savedPath(answer, request.extension);
@@ -180,12 +180,12 @@ void MonkeyDesktop::checkProject(const QString& path, const OverviewGrid& grid) 
   }
 }
 
-QString MonkeyDesktop::askText(QWidget* parent, const TextRequest& request) {
+std::optional<QString> MonkeyDesktop::askText(QWidget* parent, const TextRequest& request) {
   return dice_.percent(20) ? real_.askText(parent, request) : anyText();
 }
 
 std::unique_ptr<Paper> MonkeyDesktop::askPrinter(QWidget*, const PrintRequest& request) {
-  if (dice_.percent(20)) throw RuntimeError(ErrorNumber::kDialogCancelled);
+  if (dice_.percent(20)) return nullptr;
   ++prints;
   const QString name = dice_.percent(10) ? u"gibt/es nicht.pdf"_s : u"bericht.pdf"_s;
   const bool landscape = dice_.percent(10) ? !request.landscape : request.landscape;

@@ -41,9 +41,9 @@ class MonkeyDesktop final : public Desktop {
 
   void endProgram() override;
   bool openDocument(const QString& path) override;
-  QString askOpenFile(QWidget* parent, const FileRequest& request) override;
-  QString askSaveFile(QWidget* parent, const FileRequest& request) override;
-  QString askText(QWidget* parent, const TextRequest& request) override;
+  std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) override;
+  std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) override;
+  std::optional<QString> askText(QWidget* parent, const TextRequest& request) override;
   std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;
   void showPreview(QWidget* parent, const PrintRequest& request,
                    const std::function<void(QPagedPaintDevice&)>& paint) override;

@@ -22,7 +22,6 @@ enum class ErrorNumber : int {
   kPathAccess = 75,
   kPathNotFound = 76,
   kPrinter = 482,
-  kDialogCancelled = 32755,
 };
 
 /// A fault inside one procedure. It is caught by that procedure's guard (guarded.h), reported, and

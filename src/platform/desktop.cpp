@@ -10,7 +10,6 @@
 #include <QTreeView>
 #include <QUrl>
 
-#include "base/runtime_error.h"
 #include "platform/paper.h"
 #include "platform/placement.h"
 #include "platform/twips.h"
@@ -24,7 +23,7 @@ namespace {
 constexpr int kInputBoxWidth = 5400;  // twips
 constexpr int kTypeColumn = 2;        // of the toolkit's list of files
 
-QString askFile(QFileDialog& dialog, const FileRequest& request) {
+std::optional<QString> askFile(QFileDialog& dialog, const FileRequest& request) {
   dialog.setDirectory(request.folder);
   dialog.setNameFilter(u"Calvora-Dateien (*.%1)"_s.arg(request.extension));
   if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
@@ -32,10 +31,8 @@ QString askFile(QFileDialog& dialog, const FileRequest& request) {
     files->hideColumn(kTypeColumn);  // all have the same, and it is named in English
     files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   }
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-    throw RuntimeError(ErrorNumber::kDialogCancelled);
-  }
-  return dialog.selectedFiles().constFirst();
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.selectedFiles().value(0);
 }
 
 }  // namespace
@@ -53,20 +50,20 @@ bool RealDesktop::openDocument(const QString& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
-QString RealDesktop::askOpenFile(QWidget* parent, const FileRequest& request) {
+std::optional<QString> RealDesktop::askOpenFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Öffnen"_s);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(request.extension);
   return askFile(dialog, request);
 }
 
-QString RealDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
+std::optional<QString> RealDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Speichern unter"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   return askFile(dialog, request);
 }
 
-QString RealDesktop::askText(QWidget* parent, const TextRequest& request) {
+std::optional<QString> RealDesktop::askText(QWidget* parent, const TextRequest& request) {
   QInputDialog box(parent);
   box.setWindowTitle(request.title);
   box.setLabelText(request.prompt);
@@ -74,7 +71,8 @@ QString RealDesktop::askText(QWidget* parent, const TextRequest& request) {
   box.setCancelButtonText(u"abbrechen"_s);
   box.findChild<QLineEdit*>()->setMinimumWidth(twips(kInputBoxWidth));
   placeOnScreen(box, {twips(request.left), twips(request.top)});
-  return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return box.textValue();
 }
 
 std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {

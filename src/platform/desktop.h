@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "platform/printer_setup.h"
 
@@ -38,17 +39,17 @@ class Desktop {
   /// Opens a document with the program that the system has for it. False if it has none.
   virtual bool openDocument(const QString& path) = 0;
 
-  /// The path of the file to open. Runtime error 32755 if the user cancels.
-  virtual QString askOpenFile(QWidget* parent, const FileRequest& request) = 0;
+  /// The path of the file to open; none if the user cancels.
+  virtual std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) = 0;
 
   /// The path of the file to save, with the question before an existing one of exactly that name is
-  /// replaced; the extension may be missing. Runtime error 32755 if the user cancels.
-  virtual QString askSaveFile(QWidget* parent, const FileRequest& request) = 0;
+  /// replaced; the extension may be missing. None if the user cancels.
+  virtual std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) = 0;
 
-  /// The text that the user types into an input box, empty if it is cancelled.
-  virtual QString askText(QWidget* parent, const TextRequest& request) = 0;
+  /// The text that the user types into an input box; none if the user cancels.
+  virtual std::optional<QString> askText(QWidget* parent, const TextRequest& request) = 0;
 
-  /// The paper that the user chose in the printer set-up. Runtime error 32755 if the user cancels.
+  /// The paper that the user chose in the printer set-up; null if the user cancels.
   virtual std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) = 0;
 
   /// Shows a preview until the user closes it; `paint` puts the document on its pages.
@@ -64,9 +65,9 @@ class RealDesktop final : public Desktop {
  public:
   void endProgram() override;
   bool openDocument(const QString& path) override;
-  QString askOpenFile(QWidget* parent, const FileRequest& request) override;
-  QString askSaveFile(QWidget* parent, const FileRequest& request) override;
-  QString askText(QWidget* parent, const TextRequest& request) override;
+  std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) override;
+  std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) override;
+  std::optional<QString> askText(QWidget* parent, const TextRequest& request) override;
   std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;
   void showPreview(QWidget* parent, const PrintRequest& request,
                    const std::function<void(QPagedPaintDevice&)>& paint) override;

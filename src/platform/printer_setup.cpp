@@ -13,7 +13,6 @@
 #include <QTimer>
 #include <optional>
 
-#include "base/runtime_error.h"
 #include "platform/busy_cursor.h"
 #include "platform/paper.h"
 #include "platform/twips.h"
@@ -81,7 +80,7 @@ std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, 
   // The dialog fills its list only when it is shown.
   QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer); });
   busy.reset();
-  if (dialog.exec() != QDialog::Accepted) throw RuntimeError(ErrorNumber::kDialogCancelled);
+  if (dialog.exec() != QDialog::Accepted) return nullptr;
   if (chosen->outputFileName().isEmpty()) {
     printer = chosen->printerName();
     return std::make_unique<PrinterPaper>(std::move(chosen));

@@ -19,7 +19,7 @@ struct PrintRequest {
 };
 
 /// The platform's print dialog, with "PDF-Datei" among its printers. `printer` is the printer
-/// chosen last and becomes the one chosen now. Runtime error 32755 if the user cancels.
+/// chosen last and becomes the one chosen now. Null if the user cancels.
 std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, QString& printer);
 
 /// The toolkit's preview window, without its ways to print, over the page of a printer; of the

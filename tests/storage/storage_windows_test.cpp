@@ -366,8 +366,7 @@ void StorageWindowsTest::theFileDialogsSpeakGermanAndAskBeforeReplacing() {
     QVERIFY(dialog.isVisible());
     dialog.reject();
   });
-  QVERIFY_EXCEPTION_THROWN(
-      desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da.cva"_s}), RuntimeError);
+  QVERIFY(!desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da.cva"_s}));
   // The extension comes later, with a question of our own.
   onNextModal<QFileDialog>(this, save);
   QCOMPARE(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"neu"_s}),

@@ -11,13 +11,13 @@ class OneFileDesktop : public Desktop {
  public:
   void endProgram() override {}
   bool openDocument(const QString&) override { return false; }
-  QString askOpenFile(QWidget*, const FileRequest& request) override {
+  std::optional<QString> askOpenFile(QWidget*, const FileRequest& request) override {
     return file + QLatin1Char('.') + request.extension;
   }
-  QString askSaveFile(QWidget*, const FileRequest& request) override {
+  std::optional<QString> askSaveFile(QWidget*, const FileRequest& request) override {
     return file + QLatin1Char('.') + request.extension;
   }
-  QString askText(QWidget* parent, const TextRequest& request) override {
+  std::optional<QString> askText(QWidget* parent, const TextRequest& request) override {
     return real.askText(parent, request);
   }
   std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {

@@ -19,19 +19,22 @@ namespace calvora {
 /// the test lined up, and are cancelled when there is none left.
 class RecordingDesktop : public Desktop {
  public:
-  QString askOpenFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
-  QString askSaveFile(QWidget*, const FileRequest& request) override { return nextPath(request); }
+  std::optional<QString> askOpenFile(QWidget*, const FileRequest& request) override {
+    return nextPath(request);
+  }
+  std::optional<QString> askSaveFile(QWidget*, const FileRequest& request) override {
+    return nextPath(request);
+  }
 
-  QString askText(QWidget*, const TextRequest& request) override {
+  std::optional<QString> askText(QWidget*, const TextRequest& request) override {
     textRequests.push_back(request);
-    return texts.isEmpty() ? QString() : texts.takeFirst();
+    return takeNext(texts);
   }
 
   /// The paper of the next printer set-up, which is cancelled without one.
   std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
     printRequests.push_back(request);
-    if (!paper) throw RuntimeError(ErrorNumber::kDialogCancelled);
-    return paper(request);
+    return paper ? paper(request) : nullptr;
   }
   void showPreview(QWidget*, const PrintRequest& request,
                    const std::function<void(QPagedPaintDevice&)>& paint) override {
@@ -55,10 +58,13 @@ class RecordingDesktop : public Desktop {
   std::function<void(const PrintRequest&, const std::function<void(QPagedPaintDevice&)>&)> preview;
 
  private:
-  QString nextPath(const FileRequest& request) {
+  static std::optional<QString> takeNext(QStringList& answers) {
+    if (answers.isEmpty()) return std::nullopt;
+    return answers.takeFirst();
+  }
+  std::optional<QString> nextPath(const FileRequest& request) {
     requests.push_back(request);
-    if (paths.isEmpty()) throw RuntimeError(ErrorNumber::kDialogCancelled);
-    return paths.takeFirst();
+    return takeNext(paths);
   }
 };
 

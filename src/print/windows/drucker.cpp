@@ -88,13 +88,14 @@ void Drucker::Command2_Click() {
   guarded(questions_, u" drucker\\command2"_s, [&] {
     keepHeader();
     try {
-      const std::unique_ptr<Paper> paper = desktop_.askPrinter(this, request());
-      const BusyCursor busy;
-      program_.landscape = paper->landscape();
-      printOn(*paper);
+      if (const std::unique_ptr<Paper> paper = desktop_.askPrinter(this, request())) {
+        const BusyCursor busy;
+        program_.landscape = paper->landscape();
+        printOn(*paper);
+      }
       printed = true;
-    } catch (const RuntimeError& error) {
-      printed = error.is(ErrorNumber::kDialogCancelled);
+    } catch (const RuntimeError&) {
+      printed = false;
     }
   });
   accept();

@@ -119,7 +119,6 @@ void Dateien::Command1_Click() {
     try {
       save();
     } catch (const RuntimeError& error) {
-      if (error.is(ErrorNumber::kDialogCancelled)) return;
       failure_->setText(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
       failure_->show();
       fitHeight();
@@ -131,15 +130,16 @@ void Dateien::save() {
   keepHeader();
   const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
-  const QString answer = desktop_.askSaveFile(
+  const auto answer = desktop_.askSaveFile(
       this, {folder, extension, asFileName(program_.header[kopf::kDateiname])});
-  const QString chosen = answer.trimmed();
+  if (!answer) return;
+  const QString chosen = answer->trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
       QFileInfo(chosen).isFile() && chosen.endsWith('.'_L1 + extension, Qt::CaseInsensitive);
   const QString path = isThere ? chosen : withExtension(chosen, extension);
   // The dialog asked about the name as it was typed.
-  if (path != answer && QFileInfo::exists(path)) {
+  if (path != *answer && QFileInfo::exists(path)) {
     const Button replace =
         questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
@@ -188,14 +188,10 @@ void Dateien::dateiladen(int& mode) {
 int Dateien::readChosenFile(const QString& extension,
                             const std::function<bool(const QString&)>& read) {
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
-  QString path;
+  const auto path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}});
+  if (!path) return kCancelled;
   try {
-    path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}}).trimmed();
-  } catch (const RuntimeError&) {
-    return kCancelled;
-  }
-  try {
-    if (!read(path)) tellIncomplete();
+    if (!read(path->trimmed())) tellIncomplete();
   } catch (const RuntimeError& error) {
     if (error.is(ErrorNumber::kFileNotFound)) return kFileNotFound;
     tellIncomplete();

@@ -116,10 +116,11 @@ void dimum::labclick(int index) {
     moveFocusTo(index);
     Conversion result = Conversion::kDone;
     do {
-      result = converter_.enter(index, desktop_.askText(this, {.title = u"Eingabe"_s,
-                                                               .prompt = converter_.prompt(index),
-                                                               .left = kInputBoxLeft,
-                                                               .top = kInputBoxTop}));
+      const auto typed = desktop_.askText(this, {.title = u"Eingabe"_s,
+                                                 .prompt = converter_.prompt(index),
+                                                 .left = kInputBoxLeft,
+                                                 .top = kInputBoxTop});
+      result = converter_.enter(index, typed.value_or(QString()));
       showSlots();
       converter_.tell(result, index);
       if (result == Conversion::kTooLarge) {
