@@ -1,25 +1,24 @@
-// Any text as a typed number: the first byte chooses the codes, the rest is the text.
-#include "entry/werteingabe.h"
+// Any text as a typed number: the first byte chooses what is allowed, the rest is the text.
+#include "entry/number_text.h"
 
 #include <QRegularExpression>
 #include <cmath>
 
-#include "entry/decimal.h"
-#include "entry/fixed_point.h"
 #include "entry/key_filter.h"
 #include "fuzz_support.h"
 
 using namespace calvora;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto kNumber = QRegularExpression(QStringLiteral("^<?-?[0-9]+(,[0-9]+| )?$"));
-const auto kDisplay = QRegularExpression(QStringLiteral("^-?[0-9]*(,[0-9]+)?(E[+-][0-9]{2,})?$"));
+const auto kNumber = QRegularExpression(u"^<?-?[0-9]+(,[0-9]+| )?$"_s);
+const auto kDisplay = QRegularExpression(u"^-?[0-9]*(,[0-9]+)?(E[+-][0-9]{2,})?$"_s);
 
 /// Requires of a display text that it looks like one, says the number to the digits it shows, and
 /// never says minus zero.
-void requireShows(double number, const QString& text, int kind) {
-  const QString what = QStringLiteral("%1 as kind %2: %3").arg(number, 0, 'g', 17).arg(kind) + text;
+void requireShows(double number, const QString& text) {
+  const QString what = QString::number(number, 'g', 17) + u" as " + text;
   fuzz::require(kDisplay.match(text).hasMatch(), "a display text is a number", what);
   const qsizetype comma = text.indexOf(u',');
   const qsizetype exponent = text.indexOf(u'E');
@@ -32,22 +31,18 @@ void requireShows(double number, const QString& text, int kind) {
   fuzz::require(fuzz::shown(text) != 0 || !text.startsWith(u'-'), "zero has no minus", what);
 }
 
-void checkDisplays(const Werteingabe& entry, double number) {
+void checkDisplays(double number) {
   for (const int kind : {1, 2, 3, 4, 5, 9, 11, 12}) {
-    NumberCell cell = number;
-    QString text;
-    int used = kind;
-    entry.formz(cell, text, used);
-    const bool vanishes = std::abs(number) < 5e-10 && used != kind::kScientific;
+    const auto format = static_cast<Format>(kind);
+    const QString text = numberText(number, format);
     if (text.isEmpty()) {
-      fuzz::require(vanishes && number != 0, "only a tiny number vanishes", QString::number(kind));
+      const bool vanishes = std::abs(number) < 5e-10 && number != 0;
+      fuzz::require(vanishes, "only a tiny number vanishes", QString::number(kind));
       continue;
     }
-    requireShows(number, text, kind);
-    if (used > kind::kThreeDecimals) continue;
-    QString again = text;
-    entry.wertformat(again, used);
-    requireShows(fuzz::shown(text), again, kind);
+    requireShows(number, text);
+    if (format > Format::kThreeDecimals) continue;
+    requireShows(fuzz::shown(text), reformatted(text, format));
   }
 }
 
@@ -55,41 +50,31 @@ void checkDisplays(const Werteingabe& entry, double number) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size == 0) return 0;
-  static fuzz::AnyQuestions questions;
-  static const Werteingabe entry(questions);
-  const int codeBefore = data[0] % 2 == 0 ? check::kValid : check::kBelowLimit;
+  const bool belowAllowed = data[0] % 2 != 0;
   const QString typed = QString::fromUtf8(fuzz::bytes(data + 1, size - 1));
 
   QString kept = filteredNumber(typed, data[0] % 4 < 2);
   fuzz::require(filteredNumber(kept, true) == kept, "what was filtered passes", kept);
 
-  QString text = typed;
-  int code = codeBefore;
-  entry.wertprüf(text, code);
-  fuzz::require(code == check::kValid || code == check::kEmpty || code == check::kInvalid,
-                "wertprüf knows three codes", QString::number(code));
-  fuzz::require(code != check::kInvalid || text == typed, "an invalid text is left alone", text);
-  fuzz::require(code != check::kEmpty || text.isEmpty(), "an empty text is empty", text);
-
   QString limited = typed;
   QString maximum;
-  int limitedCode = codeBefore;
-  entry.werteingabe(limited, QStringLiteral("0,5"), maximum, limitedCode);
-  const bool accepted = limitedCode == check::kValid || limitedCode == check::kBelowLimit;
+  const auto found = checkLimits(limited, u"0,5"_s, maximum, belowAllowed);
+  const bool accepted = found == check::kValid || found == check::kBelowLimit;
   fuzz::require(!accepted || !limited.contains(u','), "a checked number has a point", limited);
 
-  if (code != check::kValid) return 0;
+  QString text = typed;
+  const auto result = checkTyped(text, belowAllowed);
+  fuzz::require(result != check::kInvalid || text == typed, "an invalid text is left alone", text);
+  fuzz::require(result != check::kEmpty || text.isEmpty(), "an empty text is empty", text);
+  if (result != check::kValid) return 0;
   fuzz::require(kNumber.match(text).hasMatch(), "a valid text is a number", text);
   QString again = text;
-  int codeAgain = codeBefore;
-  entry.wertprüf(again, codeAgain);
-  fuzz::require(codeAgain == check::kValid && again == text.trimmed(), "valid stays valid", again);
+  const bool stays = checkTyped(again, belowAllowed) == check::kValid && again == text.trimmed();
+  fuzz::require(stays, "valid stays valid", again);
 
-  NumberCell cell;
-  entry.strzahl(text, cell);
-  const double number = numberOf(cell);
+  const double number = numberIn(text);
   const double expected = fuzz::shown(QString(text).remove(u'<').trimmed());
   fuzz::require(number == expected, "a text gives its number", text);
-  if (std::isfinite(number)) checkDisplays(entry, number);
+  if (std::isfinite(number)) checkDisplays(number);
   return 0;
 }

@@ -53,8 +53,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
     : program_(program),
       questions_(questions),
       desktop_(desktop),
-      subcalc_(program.record, program.fieldIndex, program.narrow, questions),
-      entry_(questions) {
+      subcalc_(program.record, program.fieldIndex, program.narrow, questions) {
   buildMenus();
   buildMask();
   Form_Load();
@@ -266,7 +265,7 @@ void main::showConductivityAtMeasuringTemperature() {
   const double converted = conductivityAt(record.value[feld::kTemperatur].toDouble(),
                                           record.value[feld::kLeitfähigkeit].toDouble());
   TextBox& box = Text1(feld::kLeitfähigkeit);
-  box.showText(entry_.formz(converted, kind::kWhole));
+  box.showText(numberText(converted, Format::kWhole));
   // What is shown now is computed: typing over it would store it as if it were measured at 25 °C.
   setRole(box, Role::kComputed);
   box.setReadOnly(true);

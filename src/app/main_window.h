@@ -145,7 +145,6 @@ class main : public QMainWindow {
   Questions& questions_;
   Desktop& desktop_;
   subcalc subcalc_;
-  Werteingabe entry_;
   QPointer<analysen> overview_;  ///< empty while it is closed
 
   int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none

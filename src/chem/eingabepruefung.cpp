@@ -22,20 +22,16 @@ void subcalc::clearRuledOutCapacity() {
 
 void subcalc::checkeingabe(int index, const QString& text, int& status) {
   QString typed = text;
-  int code = check::kValid;
-  entry_.wertprüf(typed, code);
-  status = code == check::kEmpty ? kFocusBack : 0;
+  const check::Result result = checkTyped(typed);
+  status = result == check::kEmpty ? kFocusBack : 0;
   bool representable = true;
   record_.clearField(index);
-  if (code == check::kValid) {
-    NumberCell number;
-    entry_.strzahl(typed, number);
-    representable = FixedPoint::tryFromDouble(numberOf(number)).has_value();
+  if (result == check::kValid) {
+    representable = FixedPoint::tryFromDouble(numberIn(typed)).has_value();
     if (representable) {
       // The value is that of the text shown, so that a file gives back what was computed with.
-      entry_.formstr(typed, 4);
-      entry_.strzahl(typed, number);
-      record_.value[index] = FixedPoint::fromDouble(numberOf(number));
+      typed = withDecimals(typed, 4);
+      record_.value[index] = FixedPoint::fromDouble(numberIn(typed));
     }
     record_.text[index] = typed;
   }
@@ -124,7 +120,7 @@ void subcalc::checkKs43(int& status) {
   const double minimum = 2 * value(feld::kKs82);
   if (isEmpty(feld::kKs82) || value(feld::kKs43) >= minimum) return;
   show(InputFault::kKs43BelowTwiceKs82,
-       entry_.formz(minimum, minimum < 0.009 ? kind::kThreeDecimals : kind::kTwoDecimals));
+       numberText(minimum, minimum < 0.009 ? Format::kThreeDecimals : Format::kTwoDecimals));
   record_.clearField(feld::kKs43);
   status = kFocusBack;
 }
@@ -147,7 +143,7 @@ bool subcalc::phExceedsKs82() {
   const double ks82 = value(feld::kKs82);
   if (ks82 >= hydroxideAt(record_.value[feld::kPh])) return false;
   const double limit = (std::log10(ks82) - 3) + 14;
-  show(InputFault::kPhTooHighForKs82, entry_.formz(limit, kind::kOneDecimal));
+  show(InputFault::kPhTooHighForKs82, numberText(limit, Format::kOneDecimal));
   return true;
 }
 
@@ -160,7 +156,7 @@ bool subcalc::ks82TooSmallForPh() {
   const double needed = hydroxideAt(ph);
   const double tolerance = ph >= 9.9_fp ? kRelativeTolerance * needed : kFixedTolerance;
   if (value(feld::kKs82) + tolerance >= needed) return false;
-  show(InputFault::kKs82TooLowForPh, entry_.formz(needed, kind::kTwoDecimals));
+  show(InputFault::kKs82TooLowForPh, numberText(needed, Format::kTwoDecimals));
   return true;
 }
 

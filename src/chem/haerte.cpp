@@ -105,7 +105,7 @@ void subcalc::co2agg() {
   const double coefficient = (0.0015 * t * t + 0.0159 * t + 0.9921) / 100;
   const double associated =
       44.01 * coefficient * calcium * hydrogencarbonate * hydrogencarbonate / activity;  // mg/l
-  store(feld::kCo2Überschüssig, value(feld::kCo2Frei) - associated, kind::kOneDecimal);
+  store(feld::kCo2Überschüssig, value(feld::kCo2Frei) - associated, Format::kOneDecimal);
 }
 
 void subcalc::secamg() {
@@ -119,7 +119,7 @@ void subcalc::secamg() {
   const auto writeBack = [&](int index, FixedPoint value) {
     record_.value[index] = value;
     record_.text[index] =
-        value.isZero() ? QString() : entry_.formz(value.toDouble(), kind::kOneDecimal);
+        value.isZero() ? QString() : numberText(value.toDouble(), Format::kOneDecimal);
   };
   writeBack(feld::kGesamthärte, set.total);
   writeBack(feld::kCalcium, set.calcium);
@@ -133,14 +133,14 @@ void subcalc::khnkh() {
     return;
   }
   const FixedPoint total = record_.value[feld::kGesamthärte];
-  store(feld::kKarbonathärte, value(feld::kHydrogencarbonat) * 2.8 / 61.01, kind::kOneDecimal);
+  store(feld::kKarbonathärte, value(feld::kHydrogencarbonat) * 2.8 / 61.01, Format::kOneDecimal);
   if (record_.value[feld::kKarbonathärte] > total) {
     record_.value[feld::kKarbonathärte] = total;
     record_.text[feld::kKarbonathärte] = record_.text[feld::kGesamthärte];
   }
   if (total.isZero()) return;
   const FixedPoint rest = saturatedDifference(total, record_.value[feld::kKarbonathärte]);
-  store(feld::kNichtkarbonathärte, rest.toDouble(), kind::kOneDecimal);
+  store(feld::kNichtkarbonathärte, rest.toDouble(), Format::kOneDecimal);
 }
 
 }  // namespace calvora

@@ -132,7 +132,7 @@ void subcalc::phaus_c() {
   konst_k();
   const Capacities water{value(feld::kKs43), value(feld::kKs82), value(feld::kKb82),
                          constant(pk::kSäure1), constant(pk::kSäure2)};
-  store(feld::kPhAusKapazitäten, searchPh(water, search), kind::kTwoDecimals);
+  store(feld::kPhAusKapazitäten, searchPh(water, search), Format::kTwoDecimals);
 }
 
 void subcalc::ph_aus_ksr() {
@@ -158,7 +158,7 @@ void subcalc::ph_aus_ksr() {
   }
   const bool saltPoor = record_.value[feld::kLeitfähigkeit] <= 1000_fp;
   const double estimate = evaluate(saltPoor ? kSaltPoor : kSaltRich, ratio);
-  if (!store(feld::kPhNäherung, estimate, kind::kTwoDecimals)) return clearEstimate();
+  if (!store(feld::kPhNäherung, estimate, Format::kTwoDecimals)) return clearEstimate();
   narrow_.phNäherung = record_.text[feld::kPhNäherung];
 }
 

@@ -77,15 +77,15 @@ void subcalc::c_formen() {
   const double co3 = kCarbonat * carbonateAt(ph.toDouble(), constant(pk::kSäure2), equivalent);
   const double co2 =
       kKohlendioxid * carbonDioxideAt(ph.toDouble(), constant(pk::kSäure1), equivalent);
-  const bool stored = store(feld::kHydrogencarbonat, hco3, kind::kOneDecimal) &&
-                      store(feld::kCarbonat, co3, kind::kTwoDecimals) &&
-                      store(feld::kCo2Frei, co2, kind::kOneDecimal);
+  const bool stored = store(feld::kHydrogencarbonat, hco3, Format::kOneDecimal) &&
+                      store(feld::kCarbonat, co3, Format::kTwoDecimals) &&
+                      store(feld::kCo2Frei, co2, Format::kOneDecimal);
   if (!stored) return clearResults();
   if (hco3 < 0) record_.clearField(feld::kHydrogencarbonat);
   if (co3 < 0.01) record_.text[feld::kCarbonat] = u"<0,01"_s;
   if (co2 < 0.1) record_.text[feld::kCo2Frei] = u"<0,1"_s;
   if (ph < 8.21_fp) {
-    store(feld::kCo2Frei, value(feld::kKb82) * kKohlendioxid, kind::kOneDecimal);
+    store(feld::kCo2Frei, value(feld::kKb82) * kKohlendioxid, Format::kOneDecimal);
   }
 }
 
@@ -95,7 +95,7 @@ void subcalc::ph_beit() {
     return;
   }
   const FixedPoint difference = saturatedDifference(record_.value[feld::kTemperatur], 25_fp);
-  store(feld::kPhBei25, value(feld::kPh) + 0.01 * difference.toDouble(), kind::kTwoDecimals);
+  store(feld::kPhBei25, value(feld::kPh) + 0.01 * difference.toDouble(), Format::kTwoDecimals);
 }
 
 void subcalc::s_index() {
@@ -110,7 +110,7 @@ void subcalc::s_index() {
   const double b = value(feld::kCalcium) * value(feld::kHydrogencarbonat) / 2440;  // (mmol/l)²
   const double l = std::log10(0.000001 * b / a);
   store(feld::kSättigungsindex, l - constant(pk::kSäure2) + constant(pk::kCalcit),
-        kind::kOneDecimal);
+        Format::kOneDecimal);
 }
 
 }  // namespace calvora

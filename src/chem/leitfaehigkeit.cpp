@@ -45,11 +45,11 @@ void subcalc::ph_aus_lf() {
   const double factor = conductivityFactor(conductivity);
   if (record_.value[feld::kPh] <= 7_fp) {
     const double ph = 3 - std::log10(conductivity / (kLambdaH * factor));
-    store(feld::kPhAusLf, ph, kind::kTwoDecimals);
+    store(feld::kPhAusLf, ph, Format::kTwoDecimals);
     if (ph < 4) record_.text[feld::kPhAusLf] = u"<4,0"_s;
   } else {
     const double ph = 11 + std::log10(conductivity / (kLambdaNaOH * factor));
-    store(feld::kPhAusLf, ph, kind::kTwoDecimals);
+    store(feld::kPhAusLf, ph, Format::kTwoDecimals);
     if (ph > 12.5) record_.text[feld::kPhAusLf] = u">12,5"_s;
   }
   conductivityFromIons(minimumConductivity(factor), factor);
@@ -72,7 +72,7 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
   const bool contradicts =
       !isEmpty(feld::kLeitfähigkeit) && 1.1 * value(feld::kLeitfähigkeit) < minimum;
   if (contradicts && std::isfinite(minimum))
-    show(InputFault::kConductivityTooLowForPh, entry_.formz(minimum, kind::kWhole));
+    show(InputFault::kConductivityTooLowForPh, numberText(minimum, Format::kWhole));
   return ions;
 }
 
@@ -87,7 +87,7 @@ void subcalc::conductivityFromIons(const IonConductivity& ions, double factor) {
                      value(feld::kNatrium) * kLambdaNa / kMolarMassNa;
   const double conductivity = factor * sum;
   narrow_.leitfähigkeitAusIonen =
-      std::isfinite(conductivity) ? entry_.formz(conductivity, kind::kWhole) : QString();
+      std::isfinite(conductivity) ? numberText(conductivity, Format::kWhole) : QString();
 }
 
 void subcalc::phausks82() {
@@ -103,7 +103,7 @@ void subcalc::phausks82() {
   }
   constexpr double kHighest = 12.5;
   const double ph = 14 + std::log10(ks82.toDouble() / 1000);
-  store(feld::kPhAusKs82, std::min(ph, kHighest), kind::kTwoDecimals);
+  store(feld::kPhAusKs82, std::min(ph, kHighest), Format::kTwoDecimals);
   if (ph > kHighest) record_.text[feld::kPhAusKs82].prepend('>'_L1);
 }
 

@@ -79,11 +79,7 @@ void subcalc::show(InputFault fault, const QString& text) {
 
 subcalc::subcalc(AnalysisRecord& record, const int& lastField, NarrowTexts& narrow,
                  Questions& questions)
-    : record_(record),
-      lastField_(lastField),
-      narrow_(narrow),
-      questions_(questions),
-      entry_(questions) {}
+    : record_(record), lastField_(lastField), narrow_(narrow), questions_(questions) {}
 
 void subcalc::rechenlauf() {
   // The order is part of the behaviour: step 1 uses the carbonate species of the previous run,
@@ -100,14 +96,14 @@ void subcalc::clear(std::initializer_list<int> indices) {
   for (const int index : indices) record_.clearField(index);
 }
 
-bool subcalc::store(int index, double result, int kind) {
+bool subcalc::store(int index, double result, Format format) {
   const auto value = FixedPoint::tryFromDouble(result);
   if (!value) {
     record_.clearField(index);
     return false;
   }
   record_.value[index] = *value;
-  record_.text[index] = entry_.formz(result, kind);
+  record_.text[index] = numberText(result, format);
   return true;
 }
 

@@ -5,7 +5,7 @@
 #include <initializer_list>
 
 #include "base/questions.h"
-#include "entry/werteingabe.h"
+#include "entry/number_text.h"
 #include "model/fields.h"
 #include "model/record.h"
 
@@ -138,7 +138,7 @@ class subcalc {
 
   /// Stores a result with its display text. False, and the field cleared, if it is no number or
   /// does not fit.
-  bool store(int index, double result, int kind);
+  bool store(int index, double result, Format format);
 
   /// Stores only the value, the text stays; 0 if it is no number or does not fit.
   void storeValue(int index, double result);
@@ -147,7 +147,6 @@ class subcalc {
   const int& lastField_;
   NarrowTexts& narrow_;
   Questions& questions_;
-  Werteingabe entry_;
   std::array<double, 6> constants_{};
 };
 

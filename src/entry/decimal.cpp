@@ -1,5 +1,6 @@
 #include "entry/decimal.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -22,12 +23,9 @@ struct Scientific {
 /// Splits what to_chars writes in scientific form: d.dddde±xx.
 Scientific split(std::string_view written) {
   const size_t e = written.find('e');
-  std::string digits(written.substr(0, 1));
-  if (e > 2) digits += written.substr(2, e - 2);
-  int exponent = 0;
-  const size_t start = written[e + 1] == '+' ? e + 2 : e + 1;
-  std::from_chars(written.data() + start, written.data() + written.size(), exponent);
-  return {digits, exponent};
+  std::string digits(written.substr(0, e));
+  std::erase(digits, '.');
+  return {digits, QByteArrayView(written.substr(e + 1)).toInt()};
 }
 
 Scientific shortestForm(double magnitude) {
@@ -132,48 +130,24 @@ QString Decimal::fullText() const {
 }
 
 double readNumber(QStringView text) {
-  qsizetype end = 0;
-  const auto skip = [&](QLatin1String characters) {
-    const bool found = end < text.size() && characters.contains(text[end]);
-    if (found) ++end;
-    return found;
-  };
-  const auto skipDigits = [&] {
-    const qsizetype start = end;
-    while (end < text.size() && isDigit(text[end])) ++end;
-    return end > start;
-  };
-  skip(QLatin1String("-"));
-  bool hasDigits = skipDigits();
-  if (skip(QLatin1String("."))) hasDigits = skipDigits() || hasDigits;
-  if (!hasDigits) return 0;
-  const qsizetype mantissaEnd = end;
-  if (skip(QLatin1String("Ee"))) {
-    skip(QLatin1String("+-"));
-    if (!skipDigits()) end = mantissaEnd;
-  }
-  // QStringView::toDouble reads the C notation whatever the locale, and is infinite on overflow.
-  return text.first(end).toDouble();
+  const QByteArray written = text.toLatin1();
+  const qsizetype start = written.startsWith('-') ? 1 : 0;
+  const bool isNumber = written.size() > start && (written[start] == '.' || isDigit(text[start]));
+  if (!isNumber) return 0;  // from_chars would read "nan" and "inf" too
+  double number = 0;
+  const auto [end, error] = std::from_chars(written.begin(), written.end(), number);
+  if (error != std::errc::result_out_of_range) return number;
+  // The toolkit makes it infinite if it is too large, zero if it is too small.
+  return text.first(end - written.begin()).toDouble();
 }
 
 bool isDigit(QChar c) {
   return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
-bool isNumberText(QStringView text) {
-  if (text.startsWith(QLatin1Char('-'))) text = text.sliced(1);
-  int separators = 0;
-  int digits = 0;
-  for (const QChar c : text) {
-    if (c == QLatin1Char(',') || c == QLatin1Char('.')) {
-      ++separators;
-    } else if (isDigit(c)) {
-      ++digits;
-    } else {
-      return false;
-    }
-  }
-  return separators <= 1 && digits > 0;
+bool isNumberText(const QString& text) {
+  static const QRegularExpression kNumber(QStringLiteral("\\A-?([0-9]+[,.]?[0-9]*|[,.][0-9]+)\\z"));
+  return kNumber.match(text).hasMatch();
 }
 
 }  // namespace calvora

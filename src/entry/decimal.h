@@ -56,6 +56,6 @@ bool isDigit(QChar c);
 
 /// Whether the whole text is a number with digits, at most one comma or point and an optional
 /// leading minus.
-bool isNumberText(QStringView text);
+bool isNumberText(const QString& text);
 
 }  // namespace calvora

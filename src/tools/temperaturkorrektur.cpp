@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/runtime_error.h"
+#include "entry/number_text.h"
 
 namespace calvora {
 
@@ -40,16 +41,13 @@ QStringList temperaturListe() {
   return entries(kColdest, kExpansion.size(), QStringLiteral(" °C"));
 }
 
-KorrigiertesVolumen korrigiertesVolumen(const Werteingabe& entry, const QString& volumen,
-                                        int temperatur) {
+KorrigiertesVolumen korrigiertesVolumen(const QString& volumen, int temperatur) {
   const double expansion = expansionAt(temperatur);
-  NumberCell cell;
-  entry.strzahl(volumen, cell);
-  const double measured = numberOf(cell);
+  const double measured = numberIn(volumen);
   if (measured == 0) return {};
   const double corrected = measured - expansion * measured / 1000;
-  return {.volumen = entry.formz(corrected, kind::kTwoDecimals),
-          .faktor = entry.formz(corrected / measured, kind::kThreeDecimals)};
+  return {.volumen = numberText(corrected, Format::kTwoDecimals),
+          .faktor = numberText(corrected / measured, Format::kThreeDecimals)};
 }
 
 }  // namespace calvora

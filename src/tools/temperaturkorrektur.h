@@ -2,8 +2,6 @@
 
 #include <QStringList>
 
-#include "entry/werteingabe.h"
-
 namespace calvora {
 
 /// Display texts of a volume corrected from the temperature Tx to 20 °C.
@@ -22,7 +20,6 @@ QStringList temperaturListe();
 /// and the chosen entry of the temperature list (0 to 8, else runtime error 9):
 /// V20 = V × (1 − e / 1000). 50 ml at 30 °C are 49,87 ml, factor 0,997. Both texts are empty where
 /// the volume is 0 or no number, since there is no factor then.
-KorrigiertesVolumen korrigiertesVolumen(const Werteingabe& entry, const QString& volumen,
-                                        int temperatur);
+KorrigiertesVolumen korrigiertesVolumen(const QString& volumen, int temperatur);
 
 }  // namespace calvora

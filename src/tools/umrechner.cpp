@@ -198,10 +198,8 @@ void Umrechner::dimumdar(int slot, const NumberCell& value) {
     slots_[slot].text = *text;
     return;
   }
-  QString formatted = Decimal(numberOf(value)).fixedText(kTextDecimals);
-  int kind = kind::kAutomatic;
-  entry_.wertformat(formatted, kind);
-  slots_[slot].text = formatted;
+  const QString allDecimals = Decimal(numberOf(value)).fixedText(kTextDecimals);
+  slots_[slot].text = reformatted(allDecimals, Format::kAutomatic);
 }
 
 void Umrechner::setBase(double value) {
@@ -270,9 +268,7 @@ Conversion Umrechner::enter(int slot, const QString& typed) {
   entry_.werteingabe(text, u"0"_s, maximum, code);
   const bool isNumber = code == check::kEmpty || isNumberText(text);
   if (code == check::kInvalid || !isNumber) return Conversion::kNotANumber;
-  NumberCell number;
-  entry_.strzahl(text, number);
-  const double given = numberOf(number);
+  const double given = numberIn(text);
   if (std::abs(given) > kLargestConverted) return Conversion::kTooLarge;
   if (given == 0 && field_ != feld::kTemperatur) return Conversion::kDone;
   typed_ = true;

@@ -1,6 +1,6 @@
 #include <QTest>
 #include <clocale>
-#include <optional>
+#include <functional>
 #include <utility>
 
 #include "base/runtime_error.h"
@@ -8,7 +8,6 @@
 #include "entry/fixed_point.h"
 #include "entry/werteingabe.h"
 #include "support/scripted_questions.h"
-#include "support/tables.h"
 
 using namespace Qt::StringLiterals;
 using namespace calvora;
@@ -18,12 +17,24 @@ namespace {
 static_assert((8.2_fp).raw() == 82000 && (7_fp).raw() == 70000 && (0.0001_fp).raw() == 1);
 static_assert((1'000.0005_fp).raw() == 10000005 && (8.2_fp).toDouble() == 8.2);
 
-QString joined(const QStringList& parts) {
-  return parts.join(u';');
+/// Rows written as what goes in, "=>" and what comes out, " | " between the rows; what goes in is
+/// split at its semicolons.
+void compare(const char* table, const std::function<QString(QStringList)>& result) {
+  const QStringList expected = QString::fromUtf8(table).split(u" | "_s);
+  QStringList actual;
+  for (const QString& row : expected) {
+    const QString given = row.section(u"=>"_s, 0, 0);
+    actual += given + u"=>"_s + result(given.split(u';'));
+  }
+  QCOMPARE(actual, expected);
+}
+
+QString joined(const QString& text, int number) {
+  return text + u';' + QString::number(number);
 }
 
 /// A cell as the rows write it: nothing, a number with a point, or a text in quotes.
-NumberCell cellOf(const QString& part) {
+NumberCell cell(const QString& part) {
   if (part.isEmpty()) return {};
   return part.startsWith(u'\'') ? NumberCell(part.sliced(1).chopped(1)) : part.toDouble();
 }
@@ -44,61 +55,61 @@ class EntryTest : public QObject {
   void initTestCase() {
     if (std::setlocale(LC_ALL, "") == nullptr) qWarning("The locale asked for is not installed.");
   }
-  void init() {
-    questions_.emplace();
-    entry_.emplace(*questions_);
-  }
-  void cleanup() { QCOMPARE(questions_->complaints(), QString()); }
+  void cleanup() { QCOMPARE(questions_.complaints(), QString()); }
 
-  void aTypedNumberIsCheckedAndGetsADecimalComma_data() {  // text; code
-    rows(
+  void aTypedNumberIsCheckedAndGetsADecimalComma() {  // text; code
+    compare(
         "12.5;0=>12,5;0 |  7 ;0=>7;0 | 5;2=>5;0 | ,5;0=>0,5;0 | -,5;0=>-0,5;0 | 5,;0=>5 ;0 | "
         "-12.5;0=>-12,5;0 | ;0=>;1 |   ;0=>;1 | ,;0=>,;2 | .;0=>.;2 | -;0=>-;2 | "
         "1,2,3;0=>1,2,3;2 | 5-;0=>5-;2 | --5;0=>--5;2 | +5;0=>+5;2 | 1E3;0=>1E3;2 | "
         "1 2;0=>1 2;2 | ٣;0=>٣;2 | <0,1;0=><0,1;2 | 12.5;9=>12,5;0 | <0,1;9=><0,1;0 | "
-        " < .1 ;9=><0,1;0 | <5,;9=><5 ;0 | <-1;9=><-1;2 | <<1;9=><<1;2 | <;9=>;1");
-  }
-  void aTypedNumberIsCheckedAndGetsADecimalComma() {
-    QFETCH(QStringList, given);
-    QString text = given.at(0);
-    int code = given.at(1).toInt();
-    entry_->wertprüf(text, code);
-    QTEST(joined({text, QString::number(code)}), "expected");
+        " < .1 ;9=><0,1;0 | <5,;9=><5 ;0 | <-1;9=><-1;2 | <<1;9=><<1;2 | <;9=>;1",
+        [this](QStringList given) {
+          int code = given[1].toInt();
+          entry_.wertprüf(given[0], code);
+          return joined(given[0], code);
+        });
   }
 
-  void aNumberIsCheckedAgainstItsLimitsAndGetsADecimalPoint_data() {
+  void aNumberIsCheckedAgainstItsLimitsAndGetsADecimalPoint() {
     // text; code; minimum; maximum => text; code; maximum
-    rows(
+    compare(
         "12,5;0;0;10=>12.5;3;10 |  12,5 ;0;0;20=>12.5;0;20 | 10;0;10;10=>10;0;10 | "
         "-1;0;0;=>-1;3; | -1;0;;=>-1;0; | 0.5;0;0,6;=>0.5;3; | 0.5;0;;0,4=>0.5;3;0,4 | "
         ";0;1;=>;1; | 1,2,3;0;;=>1.2,3;2; | 1,2,3;0;;1=>1.2,3;3;1 | 1,2a;0;2;=>1.2a;2; | "
         "5-3;0;5;5=>5-3;0;5 | <0,05;0;;=><0,05;2; | <0,05;9;;=>0.05;9;0.1 | "
         "<0,5;9;;=>0.5;3;0.1 | <0,5;9;;1=>0.5;9;1 | <0,5;9;0.6;1=>0.5;3;1 | "
-        "<-1;9;;=>-1;2;0.1 | <;9;;=>;1;0.1 | 5;9;;=>5;0;");
-  }
-  void aNumberIsCheckedAgainstItsLimitsAndGetsADecimalPoint() {
-    QFETCH(QStringList, given);
-    QString text = given.at(0);
-    int code = given.at(1).toInt();
-    entry_->werteingabe(text, given.at(2), given[3], code);
-    QTEST(joined({text, QString::number(code), given.at(3)}), "expected");
+        "<-1;9;;=>-1;2;0.1 | <;9;;=>;1;0.1 | 5;9;;=>5;0;",
+        [this](QStringList given) {
+          int code = given[1].toInt();
+          entry_.werteingabe(given[0], given[2], given[3], code);
+          return joined(given[0], code) + u';' + given[3];
+        });
   }
 
-  void aTextBecomesTheNumberThatItShows_data() {
-    rows(
+  void aTextBecomesTheNumberThatItShows() {
+    compare(
         "12,5=>12.5 |  12.5 =>12.5 | -0,5=>-0.5 | <0,05=>0.05 | => |   => | <=> | ,5=>0 | "
         "12 mg=>12 | 1,5E+03=>'1,50E+03' | 1.5E3=>'1,50E+03' | "
-        "1.2.3=>1.2 | .=>0 | nan=>0 | inf=>0");
-  }
-  void aTextBecomesTheNumberThatItShows() {
-    QFETCH(QStringList, given);
-    NumberCell cell = 99.0;
-    entry_->strzahl(given.at(0), cell);
-    QTEST(shown(cell), "expected");
+        "1.2.3=>1.2 | .=>0 | nan=>0 | inf=>0",
+        [this](const QStringList& given) {
+          NumberCell value = 99.0;
+          entry_.strzahl(given[0], value);
+          return shown(value);
+        });
   }
 
-  void aNumberIsShownInItsKind_data() {  // number; kind
-    rows(
+  void aNumberIsReadWhereverTheTextHasOne() {
+    compare(
+        "12.5=>12.5 | -12.5=>-12.5 | .5=>0.5 | -.5=>-0.5 | 5.=>5 | 5.E2=>500 | 1e+03x=>1000 | "
+        "12 mg=>12 | 1.2.3=>1.2 | 1E=>1 | 1E+=>1 | 1,5=>1 | =>0 | -=>0 | .=>0 | .E2=>0 | +5=>0 | "
+        " 5=>0 | nan=>0 | -inf=>0 | ٣=>0 | 5€=>5 | 1e400=>inf | -1e400=>-inf | 1e-400=>0 | "
+        "5e-324=>4.94065645841247e-324",
+        [](const QStringList& given) { return shown(readNumber(given[0])); });
+  }
+
+  void aNumberIsShownInItsFormat() {  // number; format
+    compare(
         "7;1=>7 | -7;1=>-7 | 12.5;1=>12,50 | 0.001234;1=>0,0012 | -0.25;1=>-0,25 | "
         "0.996;1=>1,00 | 6.9999999999;1=>7 | 1e20;1=>100000000000000000000 | "
         "1.2345e-8;1=>0,000000012 | 1.2345e-9;1=>0,0000000012 | 4.9e-10;1=> | -4.9e-10;1=> | "
@@ -112,16 +123,15 @@ class EntryTest : public QObject {
         "1.0001e9;12=>1,00E+09 | 1e-9;12=>0,00000000100 | 1.2345e-8;12=>0,0000000123 | "
         "9e-10;12=>9,00E-10 | 0;1=>0 | 0;2=>0 | 0;3=>0,0 | 0;4=>0,00 | 0;5=>0,000 | "
         "0;6=>0,0000 | 0;7=>0,00000 | 0;8=>0,000000 | 0;9=>0,0000000 | -0;4=>0,00 | "
-        "0;11=>0,00 | 0;12=>0,0000000");
-  }
-  void aNumberIsShownInItsKind() {
-    QFETCH(QStringList, given);
-    QTEST(entry_->formz(given.at(0).toDouble(), given.at(1).toInt()), "expected");
+        "0;11=>0,00 | 0;12=>0,0000000",
+        [](const QStringList& given) {
+          return numberText(given[0].toDouble(), static_cast<Format>(given[1].toInt()));
+        });
   }
 
-  void showingANumberChangesTheCallersVariablesButAFaultDoesNot_data() {
+  void showingANumberChangesTheCallersVariablesButAFaultDoesNot() {
     // value; kind => text; value; kind; reported error
-    rows(
+    compare(
         "2.675;4=>2,68;2.675;4 | 2.675;-4=>2,68;2.68;4 | -0.04;-3=>0,0;0;3 | "
         "0.001234;-1=>0,0012;0.0012;1 | 1.23456;-12=>1,235;1.235;12 | "
         "7.126;11=>7,13;7.126;11 | 7.126;-11=>7,13;7.13;11 | 2.5;2=>3;3;2 | "
@@ -130,47 +140,44 @@ class EntryTest : public QObject {
         "'2,675';-4=>2,68;2.68;4 | 'Eisen';4=>before;'Eisen';4;13 werteingabe\\formz | "
         "'Eisen';-4=>before;'Eisen';-4;13 werteingabe\\formz | "
         "'nan';4=>before;'nan';4;13 werteingabe\\formz | "
-        "inf;4=>before;inf;4;6 werteingabe\\formz");
-  }
-  void showingANumberChangesTheCallersVariablesButAFaultDoesNot() {
-    QFETCH(QStringList, given);
-    NumberCell cell = cellOf(given.at(0));
-    int kind = given.at(1).toInt();
-    QString text = u"before"_s;
-    entry_->formz(cell, text, kind);
-    const QStringList errors = std::exchange(questions_->errors, {});
-    QTEST(joined(QStringList{text, shown(cell), QString::number(kind)} + errors), "expected");
+        "inf;4=>before;inf;4;6 werteingabe\\formz",
+        [this](const QStringList& given) {
+          NumberCell value = cell(given[0]);
+          int kind = given[1].toInt();
+          QString text = u"before"_s;
+          entry_.formz(value, text, kind);
+          const QStringList errors = std::exchange(questions_.errors, {});
+          return (QStringList{text, joined(shown(value), kind)} + errors).join(u';');
+        });
   }
 
-  void aTypedTextIsReformatted_data() {  // text; kind
-    rows(
+  void aTypedTextIsReformatted() {  // text; kind
+    compare(
         "0;4=>0;4 | 7,0;1=>7;1 | 12.5;0=>12,50;1 | 12,5;-3=>12,50;1 | 0,001234;1=>0,0012;1 | "
         "<0,05;1=>0,050;1 | 2,5;2=>3;2 | -0,4;2=>0;2 | 2,25;3=>2,3;3 | 2,675;4=>2,68;4 | "
         "0,0005;5=>0,001;5 | 0,5;6=>,50000000;6 | 1500;9=>1,50E+03;9 | 012,50;10=>12,5;10 | "
-        "1,5E+03;4=>1500,00;4");
-  }
-  void aTypedTextIsReformatted() {
-    QFETCH(QStringList, given);
-    int kind = given.at(1).toInt();
-    entry_->wertformat(given[0], kind);
-    QTEST(joined({given.at(0), QString::number(kind)}), "expected");
+        "1,5E+03;4=>1500,00;4",
+        [this](QStringList given) {
+          int kind = given[1].toInt();
+          entry_.wertformat(given[0], kind);
+          return joined(given[0], kind);
+        });
   }
 
-  void aTextGetsAFixedNumberOfDecimals_data() {  // text; decimals
-    rows(
+  void aTextGetsAFixedNumberOfDecimals() {  // text; decimals
+    compare(
         ";4=>0,0000 | 0;2=>0,00 | 0;0=>0 | 12,345;0=>12 | 12;0=>12 | 12,345;1=>12,3 | "
         "2,675;2=>2,68 | -1,25;1=>-1,3 | -0,04;1=>0,0 | 2,0005;3=>2,001 | 5 ;4=>5,0000 | "
-        ",5;2=>0,50 | 12,345;5=>12,345 | ;5=>0,00 | 7,5;-1=>7,5");
-  }
-  void aTextGetsAFixedNumberOfDecimals() {
-    QFETCH(QStringList, given);
-    entry_->formstr(given[0], given.at(1).toInt());
-    QTEST(given.at(0), "expected");
+        ",5;2=>0,50 | 12,345;5=>12,345 | ;5=>0,00 | 7,5;-1=>7,5",
+        [this](QStringList given) {
+          entry_.formstr(given[0], given[1].toInt());
+          return given[0];
+        });
   }
 
-  void aDecimalHasFifteenDigitsAndRoundsTiesAwayFromZero_data() {
+  void aDecimalHasFifteenDigitsAndRoundsTiesAwayFromZero() {
     // number; decimals => that many decimals; scientific; all digits
-    rows(
+    compare(
         "-0;1=>0,0;0,00E+00;0 | 1500;0=>1500;1,50E+03;1500 | 9.999;2=>10,00;1,00E+01;9,999 | "
         "-9.995;2=>-10,00;-1,00E+01;-9,995 | 0.0009999;4=>0,0010;1,00E-03;0,0009999 | "
         "0.95;1=>1,0;9,50E-01;0,95 | 0.05;0=>0;5,00E-02;0,05 | -0.5;0=>-1;-5,00E-01;-0,5 | "
@@ -178,63 +185,57 @@ class EntryTest : public QObject {
         "0.6666666666666666;16=>0,6666666666666670;6,67E-01;0,666666666666667 | "
         "123456789012345;1=>123456789012345,0;1,23E+14;123456789012345 | "
         "9007199254740992;0=>9007199254740990;9,01E+15;9,00719925474099E+15 | "
-        "1e20;0=>100000000000000000000;1,00E+20;1E+20 | 5e-324;2=>0,00;5,00E-324;5E-324");
-  }
-  void aDecimalHasFifteenDigitsAndRoundsTiesAwayFromZero() {
-    QFETCH(QStringList, given);
-    const Decimal number(given.at(0).toDouble());
-    const QString fixed = number.fixedText(given.at(1).toInt());
-    QTEST(joined({fixed, number.scientificText(), number.fullText()}), "expected");
+        "1e20;0=>100000000000000000000;1,00E+20;1E+20 | 5e-324;2=>0,00;5,00E-324;5E-324",
+        [](const QStringList& given) {
+          const Decimal number(given[0].toDouble());
+          const QString fixed = number.fixedText(given[1].toInt());
+          return QStringList{fixed, number.scientificText(), number.fullText()}.join(u';');
+        });
   }
 
-  void aNumberBecomesAFixedPointValueOrAnOverflow_data() {  // number => raw value
-    rows(
+  void aNumberBecomesAFixedPointValueOrAnOverflow() {  // number => raw value
+    compare(
         "8.2=>82000 | 0.03125=>312 | 0.09375=>938 | -0.03125=>-312 | -0.09375=>-938 | "
         "500000000000000=>5000000000000000000 | 922337203685477.5807=>error 6 | "
         "-922337203685477.5808=>-9223372036854775808 | -922337203685478=>error 6 | nan=>error 6 | "
-        "inf=>error 6 | -inf=>error 6");
-  }
-  void aNumberBecomesAFixedPointValueOrAnOverflow() {
-    QFETCH(QStringList, given);
-    const auto tried = FixedPoint::tryFromDouble(given.at(0).toDouble());
-    QString result;
-    try {
-      result = QString::number(FixedPoint::fromDouble(given.at(0).toDouble()).raw());
-    } catch (const RuntimeError& error) {
-      result = u"error %1"_s.arg(error.number());
-    }
-    QTEST(result, "expected");
-    QCOMPARE(tried ? QString::number(tried->raw()) : u"error 6"_s, result);
+        "inf=>error 6 | -inf=>error 6",
+        [](const QStringList& given) {
+          const auto tried = FixedPoint::tryFromDouble(given[0].toDouble());
+          try {
+            const FixedPoint value = FixedPoint::fromDouble(given[0].toDouble());
+            return value == tried ? QString::number(value.raw()) : u"tried otherwise"_s;
+          } catch (const RuntimeError& error) {
+            return tried ? u"tried otherwise"_s : u"error %1"_s.arg(error.number());
+          }
+        });
   }
 
-  void fixedPointArithmeticIsExactAndStaysInItsRange_data() {  // raw values
-    rows(
+  void fixedPointArithmeticIsExactAndStaysInItsRange() {  // raw values
+    compare(
         "15000;+;-20000=>-5000 | max;+;1=>max | min;+;-1=>min | max;+;min=>-1 | "
         "min;-;1=>min | max;-;-1=>max | 0;-;min=>max | min;-;min=>0 | "
         "1234567891;*;987654321=>121932631211401 | 5000;*;1=>0 | 5001;*;1=>1 | "
         "15000;*;1=>2 | 25000;*;1=>2 | -5000;*;1=>0 | -15000;*;1=>-2 | -25000;*;1=>-2 | "
         "max;*;20000=>max | max;*;max=>max | max;*;-20000=>min | min;*;-10000=>max | "
         "min;*;10000=>min | "
-        "9223372036840000000;*;10000=>9223372036840000000");
-  }
-  void fixedPointArithmeticIsExactAndStaysInItsRange() {
-    QFETCH(QStringList, given);
-    const auto value = [](const QString& part) {
-      if (part == u"max"_s) return FixedPoint::highest();
-      return part == u"min"_s ? FixedPoint::lowest() : FixedPoint::fromRaw(part.toLongLong());
-    };
-    const FixedPoint a = value(given.at(0));
-    const FixedPoint b = value(given.at(2));
-    const FixedPoint result = given.at(1) == u"+"_s   ? saturatedSum(a, b)
-                              : given.at(1) == u"-"_s ? saturatedDifference(a, b)
-                                                      : saturatedProduct(a, b);
-    QFETCH(QString, expected);
-    QCOMPARE(result.raw(), value(expected).raw());
+        "9223372036840000000;*;10000=>9223372036840000000",
+        [](const QStringList& given) {
+          const auto value = [&](int part) {
+            if (given[part] == u"max"_s) return FixedPoint::highest();
+            if (given[part] == u"min"_s) return FixedPoint::lowest();
+            return FixedPoint::fromRaw(given[part].toLongLong());
+          };
+          const FixedPoint result = given[1] == u"+"_s   ? saturatedSum(value(0), value(2))
+                                    : given[1] == u"-"_s ? saturatedDifference(value(0), value(2))
+                                                         : saturatedProduct(value(0), value(2));
+          if (result == FixedPoint::highest()) return u"max"_s;
+          return result == FixedPoint::lowest() ? u"min"_s : QString::number(result.raw());
+        });
   }
 
  private:
-  std::optional<ScriptedQuestions> questions_;
-  std::optional<Werteingabe> entry_;
+  ScriptedQuestions questions_;
+  Werteingabe entry_{questions_};
 };
 
 QTEST_GUILESS_MAIN(EntryTest)

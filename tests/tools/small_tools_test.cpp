@@ -3,7 +3,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "support/scripted_questions.h"
 #include "tools/temperaturkorrektur.h"
 #include "tools/versionstexte.h"
 
@@ -15,11 +14,9 @@ class SmallToolsTest : public QObject {
 
  private slots:
   void aVolumeIsCorrectedTo20Degrees() {
-    ScriptedQuestions questions;
-    const Werteingabe entry(questions);
     QStringList corrected;
     for (int t = 0; t < temperaturListe().size(); ++t) {
-      const auto [volume, factor] = korrigiertesVolumen(entry, u"100 ml"_s, t);
+      const auto [volume, factor] = korrigiertesVolumen(u"100 ml"_s, t);
       corrected += temperaturListe()[t] + ' '_L1 + volume + ' '_L1 + factor;
     }
     QCOMPARE(
@@ -32,10 +29,8 @@ class SmallToolsTest : public QObject {
   }
 
   void onlyAVolumeHasAFactor() {
-    ScriptedQuestions questions;
-    const Werteingabe entry(questions);
     for (const QString& volume : {u"0 ml"_s, u"ml"_s, QString()}) {
-      const auto [corrected, factor] = korrigiertesVolumen(entry, volume, 1);
+      const auto [corrected, factor] = korrigiertesVolumen(volume, 1);
       QCOMPARE(corrected + '|'_L1 + factor, u"|"_s);
     }
   }

@@ -29,8 +29,7 @@ QComboBox* makeList(const QStringList& entries, const QString& name) {
 
 }  // namespace
 
-varios::varios(Questions& questions, QWidget* parent)
-    : QDialog(parent), questions_(questions), entry_(questions) {
+varios::varios(Questions& questions, QWidget* parent) : QDialog(parent), questions_(questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   Form_Load();
@@ -49,7 +48,7 @@ void varios::Form_Load() {
 void varios::tempkorr() {
   guarded(questions_, u" varios\\tempkorr"_s, [this] {
     const KorrigiertesVolumen result =
-        korrigiertesVolumen(entry_, Combo1->currentText(), Combo2->currentIndex());
+        korrigiertesVolumen(Combo1->currentText(), Combo2->currentIndex());
     Label3(1).setText(result.volumen);
     Label3(2).setText(result.faktor);
   });

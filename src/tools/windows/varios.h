@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "entry/werteingabe.h"
+#include "base/questions.h"
 #include "platform/control_array.h"
 
 namespace calvora {
@@ -35,7 +35,6 @@ class varios : public QDialog {
   void tempkorr();
 
   Questions& questions_;
-  Werteingabe entry_;
 };
 
 }  // namespace calvora
