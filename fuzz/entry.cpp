@@ -53,8 +53,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const bool belowAllowed = data[0] % 2 != 0;
   const QString typed = QString::fromUtf8(fuzz::bytes(data + 1, size - 1));
 
-  QString kept = filteredNumber(typed, data[0] % 4 < 2);
-  fuzz::require(filteredNumber(kept, true) == kept, "what was filtered passes", kept);
+  for (const QString& number : pastedNumbers(typed)) {
+    fuzz::require(isNumberText(number), "what is pasted is a number", number);
+  }
+  const QString kept = filteredText(typed);
+  fuzz::require(filteredText(kept) == kept, "what was filtered passes", kept);
 
   QString limited = typed;
   QString maximum;

@@ -6,7 +6,6 @@
 
 #include "app/main_window.h"
 #include "base/guarded.h"
-#include "entry/key_filter.h"
 #include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
@@ -246,18 +245,21 @@ void main::connectUnit(int index) {
 
 void main::connectBox(int index) {
   TextBox& box = Text1(index);
-  box.filter = filteredNumber;
-  box.selectsOnClick = true;
-  box.beforeKey = [this, index](bool edits) {
+  box.holdsValue = true;
+  box.filter = [](const QString& text) { return text.trimmed(); };
+  box.accepts = [this, index](const QString& text, const QString& whole) {
+    return acceptsPasted(index, text, whole);
+  };
+  box.keyPress = [this](int& code) { Text1_KeyPress(code); };
+  connect(&box, &TextBox::keyDown, this, [this, index](int code) { Text1_KeyDown(index, code); });
+  connect(&box, &TextBox::edited, this, [this] { program_.entryChanged = true; });
+  connect(&box, &TextBox::beforeKey, this, [this, index](bool edits) {
     finishLeftBoxes();
     if (edits && index == feld::kLeitfähigkeit && convertedShown_) {
       showConductivityAt25();
       Text1(index).selectAll();
     }
-  };
-  box.keyDown = [this, index](int code) { Text1_KeyDown(index, code); };
-  box.keyPress = [this](int& code) { Text1_KeyPress(code); };
-  connect(&box, &TextBox::edited, this, [this] { program_.entryChanged = true; });
+  });
 }
 
 QWidget* main::buildResults() {
@@ -281,8 +283,8 @@ QWidget* main::buildResults() {
     display.setAccessibleDescription(toolTip);
     grid.addWidget(&display, besideRow, kExtra);
   };
-  addNarrow(21, 1, u"pH-Wert aus den Kapazitäten, Näherung"_s);
-  addNarrow(20, 4, u"Leitfähigkeit aus den Ionen in µS/cm"_s);
+  addNarrow(schmal::kPhNäherung, 1, u"pH-Wert aus den Kapazitäten, Näherung"_s);
+  addNarrow(schmal::kLeitfähigkeitAusIonen, 4, u"Leitfähigkeit aus den Ionen in µS/cm"_s);
   return results;
 }
 

@@ -6,10 +6,12 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QScopeGuard>
+#include <algorithm>
 
 #include "app/start_window.h"
 #include "base/guarded.h"
 #include "dialogs/meldungen.h"
+#include "entry/decimal.h"
 #include "entry/key_filter.h"
 #include "overview/windows/analysen.h"
 #include "platform/look.h"
@@ -170,6 +172,7 @@ int main::takeOver(int index, const QString& text) {
     subcalc_.checkeingabe(index, text, status);
     berechnen();
   } catch (...) {
+    subcalc_.clearRuledOutCapacity();
     darstellen();  // the mask must show what the record really holds
     throw;
   }
@@ -179,6 +182,55 @@ int main::takeOver(int index, const QString& text) {
 void main::moveFocus(int index, int step) {
   const int target = nextBox(index, step, [this](int box) { return isLocked(box); });
   Text1(target).setFocus(Qt::TabFocusReason);
+}
+
+// ---- Pasted numbers ----
+
+/// One number comes in if the box then holds one; several are entered into this and the next boxes.
+bool main::acceptsPasted(int index, const QString& text, const QString& whole) {
+  const QStringList numbers = pastedNumbers(text);
+  if (numbers.size() == 1) return isNumberText(whole);
+  if (!numbers.isEmpty() && hasRoom(index, numbers)) {
+    QMetaObject::invokeMethod(
+        this, [this, index, numbers] { fillFrom(index, numbers); }, Qt::QueuedConnection);
+  }
+  return false;
+}
+
+/// Whether every number finds an open box, from this one to the last.
+bool main::hasRoom(int index, const QStringList& numbers) const {
+  AnalysisRecord planned = program_.record;
+  if (index <= feld::kPh && index + numbers.size() > feld::kPh) {
+    const QString ph = QString(numbers[feld::kPh - index]).replace(','_L1, '.'_L1);
+    planned.value[feld::kPh] = FixedPoint::tryFromDouble(readNumber(ph)).value_or(FixedPoint());
+  }
+  const int ruledOut = ruledOutCapacity(planned);
+  const auto open = std::ranges::count_if(typedFields(),
+                                          [=](int box) { return box >= index && box != ruledOut; });
+  return numbers.size() <= open;
+}
+
+/// Enters numbers one after the other, as if each were typed and left with Enter. The focus ends
+/// behind the last one, or in the first box that wants it back.
+void main::fillFrom(int index, const QStringList& numbers) {
+  finishLeftBoxes();
+  if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
+  guarded(questions_, u" main_T1_lostfocus"_s, [&] {
+    int box = index;
+    int last = index;
+    int focusBack = 0;
+    for (const QString& number : numbers) {
+      program_.fieldIndex = last = box;
+      program_.entryChanged = false;
+      if (takeOver(box, number) == kFocusBack && focusBack == 0) focusBack = box;
+      box = nextBox(box, +1, [this](int next) { return isLocked(next); });
+    }
+    if (focusBack != 0) {
+      Text1(focusBack).setFocus(Qt::OtherFocusReason);
+    } else {
+      moveFocus(last, +1);
+    }
+  });
 }
 
 int main::boxIndex(const QWidget* control) const {
@@ -206,8 +258,8 @@ void main::darstellen() {
   const int ruledOut = ruledOutCapacity(record);
   for (const int capacity : {feld::kKs82, feld::kKb82}) setLocked(capacity, capacity == ruledOut);
 
-  showText(Label2(20), program_.narrow.leitfähigkeitAusIonen);
-  showText(Label2(21), program_.narrow.phNäherung);
+  showText(Label2(schmal::kLeitfähigkeitAusIonen), program_.narrow.leitfähigkeitAusIonen);
+  showText(Label2(schmal::kPhNäherung), program_.narrow.phNäherung);
   showConductivityAt25();
 }
 
@@ -229,14 +281,10 @@ QString main::questionAtMeasuringTemperature() const {
   return u"bei "_s + program_.record.text[feld::kTemperatur] + u" °C ?"_s;
 }
 
-/// A capacity that the pH rules out is emptied and cannot be entered.
+/// A capacity that the pH rules out cannot be entered.
 void main::setLocked(int index, bool locked) {
   TextBox& box = Text1(index);
   const bool leaves = locked && !isLocked(index) && focusWidget() == &box;
-  if (locked) {
-    program_.record.clearField(index);
-    box.showText({});
-  }
   setRole(box, locked ? Role::kLocked : Role::kInput);
   box.setReadOnly(locked);
   // A click goes in: what is then typed must not land in the box that had the focus before.
@@ -340,9 +388,7 @@ void main::mnu_load_Click() {
 }
 
 void main::mnu_save_Click() {
-  for (int index = 1; index <= 30; ++index) {
-    if (!program_.record.text[index].isEmpty()) program_.dataPresent = true;
-  }
+  program_.dataPresent |= holdsText(inputFields()) || holdsText(resultFields());
   if (program_.dataPresent) {
     showSaveWindow();
   } else {
@@ -393,12 +439,15 @@ void main::mnu2_ana_Click() {
   overview_->activateWindow();
 }
 
+bool main::holdsText(std::span<const Field> fields) const {
+  return std::ranges::any_of(
+      fields, [this](const Field& field) { return !program_.record.text[field.index].isEmpty(); });
+}
+
 bool main::eincheck() const {
-  for (int index = 2; index <= 26; ++index) {
-    const bool counts = index <= 7 || index >= 20;
-    if (counts && !program_.record.text[index].isEmpty()) return true;
-  }
-  return false;
+  // The conductivity, which stands first, does not count by itself, and of the results only one.
+  return holdsText(inputFields().subspan(1)) ||
+         !program_.record.text[feld::kPhAusKapazitäten].isEmpty();
 }
 
 void main::mnu_neustart_Click() {

@@ -20,6 +20,12 @@ namespace calvora {
 class analysen;
 struct Field;
 
+/// Indices of the two narrow displays in `Label2`.
+namespace schmal {
+inline constexpr int kLeitfähigkeitAusIonen = 20;
+inline constexpr int kPhNäherung = 21;
+}  // namespace schmal
+
 /// The hub of the program: the input mask of one water analysis, its results, and the menus. Every
 /// finished entry is checked, stored, followed by a full calculation run and a redisplay.
 class main : public QMainWindow {
@@ -116,6 +122,9 @@ class main : public QMainWindow {
   void finishLeftBoxes();
   void showSaveWindow();
   void moveFocus(int index, int step);
+  bool acceptsPasted(int index, const QString& text, const QString& whole);
+  [[nodiscard]] bool hasRoom(int index, const QStringList& numbers) const;
+  void fillFrom(int index, const QStringList& numbers);
   void converterClosed(int index);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
@@ -123,6 +132,7 @@ class main : public QMainWindow {
   void showConductivityAtMeasuringTemperature();
   void updateManual();
   [[nodiscard]] int boxIndex(const QWidget* control) const;
+  [[nodiscard]] bool holdsText(std::span<const Field> fields) const;
   [[nodiscard]] QString questionAtMeasuringTemperature() const;
   [[nodiscard]] QString manualPath() const;
 

@@ -1,6 +1,9 @@
 #include "entry/key_filter.h"
 
-#include <QStringList>
+#include <QRegularExpression>
+
+#include "base/windows1252.h"
+#include "entry/decimal.h"
 
 namespace calvora {
 
@@ -11,13 +14,14 @@ bool isNumberKey(int code) {
          (code > 0 && code < 128 && "1234567890,.<"_L1.contains(QChar(code)));
 }
 
-QString filteredNumber(const QString& text, bool atStart) {
-  QString kept;
-  for (const QChar c : text) {
-    const bool leadingMinus = atStart && c == '-'_L1 && kept.isEmpty();
-    if (leadingMinus || (c.unicode() != key::kBackspace && isNumberKey(c.unicode()))) kept += c;
+QStringList pastedNumbers(const QString& text) {
+  static const QRegularExpression kCellEnd(u"\r\n|[\r\n\t\u2028\u2029]"_s);
+  QStringList cells = text.trimmed().split(kCellEnd);
+  for (QString& cell : cells) {
+    cell = cell.trimmed();
+    if (!isNumberText(cell)) return {};
   }
-  return kept;
+  return cells;
 }
 
 void text_check(int& code) {
@@ -30,17 +34,20 @@ void text_check(int& code) {
 }
 
 QString filteredText(const QString& text) {
-  const QString lines = QString(text).replace("\r\n"_L1, "\n"_L1);
   QString kept;
-  for (QChar c : lines) {
-    const bool breaks = c == '\n'_L1 || c == '\r'_L1 || c == '\t'_L1 || c == QChar::LineSeparator ||
-                        c == QChar::ParagraphSeparator;
-    if (breaks) c = ' '_L1;
-    int code = c.unicode() < key::kSpace ? 0 : c.unicode();
-    text_check(code);
-    if (code != 0) kept += c;
+  // A letter and its accent may come as two characters; the set knows only the composed one.
+  QString composed = text.normalized(QString::NormalizationForm_C);
+  composed.replace("\r\n"_L1, "\n"_L1);
+  for (const QChar c : std::as_const(composed)) {
+    const bool invisible = c.category() == QChar::Other_Control ||
+                           (c.category() == QChar::Other_Format && c != QChar::SoftHyphen);
+    if (c.isSpace() && c != QChar::Nbsp) {
+      kept += ' '_L1;
+    } else if (c != '"'_L1 && !invisible) {
+      kept += c;
+    }
   }
-  return kept;
+  return fromWindows1252(toWindows1252(kept));
 }
 
 QString filteredLines(QString text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace calvora {
 
@@ -16,16 +17,18 @@ inline constexpr int kDown = 40;
 /// Whether a typed character belongs into a number box: a digit, comma, period, "<" or backspace.
 bool isNumberKey(int code);
 
-/// What is left of a text that comes in otherwise, after the same filter, character by character. A
-/// minus is kept in front of it if it comes in at the start, since a negative base capacity is
-/// valid.
-QString filteredNumber(const QString& text, bool atStart);
+/// The numbers of a pasted text: one, or those of a spreadsheet's column or row, whose cells end
+/// with a line or a tab. Whitespace around a number does not count. Empty if the text holds
+/// anything else, an empty cell between two numbers included.
+QStringList pastedNumbers(const QString& text);
 
 /// Filters a key typed into a header or company line field: `code` becomes 0 where it is to be
 /// swallowed, as control characters, the double quote and all that no German keyboard has are.
 void text_check(int& code);
 
-/// What is left of a text that comes in otherwise; a line break becomes a blank.
+/// What a field of one line keeps of a pasted text: all that the files can hold except the double
+/// quote. Line breaks and tabs become blanks, and a character that the files' set lacks "?", as it
+/// would in the file.
 QString filteredText(const QString& text);
 
 /// The same of a text whose line breaks stay.

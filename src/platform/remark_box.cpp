@@ -5,6 +5,7 @@
 #include <QMimeData>
 
 #include "platform/enter_press.h"
+#include "platform/text_box.h"
 
 namespace calvora {
 
@@ -18,6 +19,7 @@ void RemarkBox::keyPressEvent(QKeyEvent* event) {
     enter();
     return;
   }
+  if (!isReadOnly() && typesSharpS(*this, *event)) return;
   const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
                        !event->modifiers().testFlag(Qt::AltModifier);
   if (event->text().size() > 1) {  // a character beyond 16 bits, or several at once

@@ -1,14 +1,20 @@
 #include "platform/text_box.h"
 
+#include <QCoreApplication>
 #include <QDropEvent>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QValidator>
+#include <algorithm>
 #include <utility>
 
 #include "entry/key_filter.h"
 
 namespace calvora {
+
+using namespace Qt::StringLiterals;
 
 /// The one place that every text passes on its way into the box.
 class TextBox::Filter : public QValidator {
@@ -16,21 +22,12 @@ class TextBox::Filter : public QValidator {
   explicit Filter(TextBox& box) : QValidator(&box), box_(box) {}
 
   State validate(QString& text, int& cursor) const override {
-    if (box_.showing_) return Acceptable;
-    const QString& known = box_.known_;
-    const qsizetype shorter = std::min(text.size(), known.size());
-    qsizetype before = 0;
-    while (before < shorter && text[before] == known[before]) ++before;
-    qsizetype after = 0;
-    while (after < shorter - before &&
-           text[text.size() - 1 - after] == known[known.size() - 1 - after]) {
-      ++after;
-    }
-    const qsizetype incoming = text.size() - before - after;
-    const QString kept = box_.filter(text.mid(before, incoming), before == 0);
-    text.replace(before, incoming, kept);
-    cursor = std::min(cursor, static_cast<int>(before + kept.size()));
-    return Acceptable;
+    const qsizetype length = text.size() - box_.known_.size() + box_.selected_;
+    if (box_.unfiltered_ || length <= 0) return Acceptable;
+    const QString incoming = box_.filter(text.mid(box_.start_, length));
+    text.replace(box_.start_, length, incoming);
+    cursor = static_cast<int>(box_.start_ + incoming.size());
+    return box_.accepts(incoming, text) ? Acceptable : Invalid;
   }
 
  private:
@@ -72,19 +69,26 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
     known_ = text;
     emit edited();
   });
+  // Both come after a change was let in, so that the filter still sees what it replaces.
+  const auto rememberSelection = [this] {
+    start_ = hasSelectedText() ? selectionStart() : cursorPosition();
+    selected_ = selectionLength();
+  };
+  connect(this, &QLineEdit::selectionChanged, this, rememberSelection);
+  connect(this, &QLineEdit::cursorPositionChanged, this, rememberSelection);
 }
 
 void TextBox::showText(const QString& text) {
   if (text == this->text()) return;
-  showing_ = true;
+  const QScopedValueRollback unfiltered(unfiltered_, true);
   setText(text);
-  showing_ = false;
   known_ = text;
+  if (window()->focusWidget() == this) selectAll();
 }
 
 void TextBox::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
-  clickedInto_ = selectsOnClick && event->reason() == Qt::MouseFocusReason;
+  clickedInto_ = holdsValue && event->reason() == Qt::MouseFocusReason;
 }
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {
@@ -93,14 +97,21 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
   if (std::exchange(clickedInto_, false) && click) selectAll();
 }
 
-/// A dropped text is typed: the box takes the focus first, and what was left by that is finished
+void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {
+  QLineEdit::mouseDoubleClickEvent(event);
+  if (holdsValue) selectAll();
+}
+
+/// A dropped text is pasted: the box takes the focus first, and what was left by that is finished
 /// before the text comes in.
 void TextBox::dropEvent(QDropEvent* event) {
   if (isReadOnly()) return;
   event->acceptProposedAction();
   setFocus(Qt::OtherFocusReason);
   const auto insertText = [this, text = event->mimeData()->text()] {
-    if (window()->focusWidget() == this) insert(text);
+    if (window()->focusWidget() != this) return;
+    if (holdsValue) selectAll();
+    insert(text);
   };
   QMetaObject::invokeMethod(this, insertText, Qt::QueuedConnection);
 }
@@ -110,14 +121,15 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     return;
   }
-  beforeKey(isEditingKey(*event));
+  if (typesSharpS(*this, *event)) return;
+  emit beforeKey(isEditingKey(*event));
   event->accept();
   if (window()->focusWidget() != this)
     return;  // an earlier entry was rejected and took the focus back
   const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
                        !event->modifiers().testFlag(Qt::AltModifier);
   const int code = command ? 0 : keyCode(*event);
-  if (code != 0 && !(isReadOnly() && code == key::kSpace)) keyDown(code);
+  if (code != 0 && !(isReadOnly() && code == key::kSpace)) emit keyDown(code);
   const QString typed = event->text();
   const bool isCharacter = !command && typed.size() == 1 && event->key() != Qt::Key_Delete;
   if (isCharacter && !isReadOnly()) {
@@ -125,7 +137,32 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     keyPress(character);
     if (character == 0) return;
   }
+  // Several characters at once, or one beyond 16 bits, come in as if they were pasted.
+  const bool pasted = event->matches(QKeySequence::Paste) || typed.size() > 1;
+  const QScopedValueRollback unfiltered(unfiltered_, !pasted);
   if (code == 0 || code == key::kSpace) QLineEdit::keyPressEvent(event);
+}
+
+/// Some desktops compose even plain keys: what could have been typed comes in as typed.
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+  if (!event->commitString().isEmpty()) emit beforeKey(true);
+  if (isReadOnly() || window()->focusWidget() != this) return;
+  const bool typed = std::ranges::all_of(event->commitString(), [this](QChar c) {
+    int code = c.unicode();
+    keyPress(code);
+    return code != 0;
+  });
+  const QScopedValueRollback unfiltered(unfiltered_, typed);
+  QLineEdit::inputMethodEvent(event);
+}
+
+bool typesSharpS(QWidget& field, const QKeyEvent& event) {
+  if (event.text() != u"ß"_s) return false;
+  for (int i = 0; i < 2; ++i) {
+    QKeyEvent s(QEvent::KeyPress, Qt::Key_S, Qt::NoModifier, u"s"_s);
+    QCoreApplication::sendEvent(&field, &s);
+  }
+  return true;
 }
 
 }  // namespace calvora

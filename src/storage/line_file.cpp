@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "base/windows1252.h"
 #include "entry/decimal.h"
-#include "storage/windows1252.h"
 
 namespace calvora {
 

@@ -14,7 +14,7 @@
 #include "storage/company_line.h"
 #include "storage/line_file.h"
 #include "storage/settings.h"
-#include "storage/windows1252.h"
+#include "base/windows1252.h"
 #include "support/files.h"
 #include "support/scripted_questions.h"
 #include "support/tables.h"
@@ -410,8 +410,8 @@ class StorageTest : public QObject {
 
   void aPastedTextPassesTheSameFilter_data() {
     rows<QString>(
-        "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd  Gröe   | "
-        "oben¶unten\tda=>oben unten da");
+        "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd ~ Größe € ? | "
+        "oben¶unten\tda=>oben unten da | – 5\u2009µm u\u0308ber\u200B Łódź=>– 5 µm über ?ód?");
   }
   void aPastedTextPassesTheSameFilter() {
     QFETCH(QString, given);

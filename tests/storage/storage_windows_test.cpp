@@ -75,11 +75,11 @@ void StorageWindowsTest::anAnalysisIsSavedWithItsHeader() {
     QTest::keyClick(window.Command1, Qt::Key_Enter);
   });
   mask.press(Qt::Key_S, Qt::ControlModifier);
-  QCOMPARE(
-      bytesOf(folder.filePath(u"brunnen.cva"_s)),
-      QByteArray("\"brunnen\"\r\n\"Projekt A\"\r\n\"x\"\r\n\"x\"\r\n\"x\"\r\n\"22.11.2026\"\r\n"
-                 "\"22.11.2026\"\r\n\"Wasser aus dem Keller\"\r\n\"ende\"\r\n"
-                 "1,420,\"420,0000\"\r\n10,0,\"n.b.\"\r\n999,0,0\r\n"));
+  QCOMPARE(bytesOf(folder.filePath(u"brunnen.cva"_s)),
+           QByteArray("\"brunnen\"\r\n\"Projekt A\"\r\n\"x \x80\"\r\n\"x \x80\"\r\n\"x "
+                      "\x80\"\r\n\"22.11.2026\"\r\n"
+                      "\"22.11.2026\"\r\n\"Wasser aus dem Keller\"\r\n\"ende\"\r\n"
+                      "1,420,\"420,0000\"\r\n10,0,\"n.b.\"\r\n999,0,0\r\n"));
   QCOMPARE(mask.desktop.requests.front().folder, folder.path());
   QCOMPARE(mask.program.record.flag[flag::kStatus], QString());
   QVERIFY(!mask.program.dataPresent);

@@ -212,7 +212,7 @@ void Drucker::buildFields() {
     TextBox& box = Text1.add(index, new TextBox(this));
     box.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setRole(box, Role::kInput);
-    box.filter = [](const QString& text, bool) { return filteredText(text); };
+    box.filter = filteredText;
     box.keyPress = [](int& code) { text_check(code); };
   }
   TextBox& today = Text1(1);

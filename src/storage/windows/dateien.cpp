@@ -328,11 +328,11 @@ QWidget* Dateien::nextField(const QWidget* field) const {
 void Dateien::connectFields() {
   // Enter goes to the next field that is there: a project has no sample.
   const auto connectField = [this](TextBox* field, const QString& location) {
-    field->filter = [](const QString& text, bool) { return filteredText(text); };
+    field->filter = filteredText;
     field->setMaxLength(static_cast<int>(LineReader::kLongestLine));
-    field->keyDown = [this, field](int code) {
+    connect(field, &TextBox::keyDown, this, [this, field](int code) {
       if (code == key::kEnter) nextField(field)->setFocus(Qt::TabFocusReason);
-    };
+    });
     field->keyPress = [this, location](int& code) {
       guarded(questions_, location, [&code] { text_check(code); });
     };

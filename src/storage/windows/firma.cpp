@@ -92,20 +92,20 @@ void firma::save() {
 
 void firma::connectLine(int index) {
   TextBox& line = Text1(index);
-  line.filter = [](const QString& text, bool) { return filteredText(text); };
+  line.filter = filteredText;
   // A key counts even where it is swallowed, and so does pasting with the keyboard.
-  line.beforeKey = [this](bool edits) {
+  connect(&line, &TextBox::beforeKey, this, [this](bool edits) {
     if (edits) state_ = kKeyPressed;
-  };
+  });
   line.keyPress = [this](int& code) {
     text_check(code);
     state_ = kKeyPressed;
   };
-  line.keyDown = [this, index](int code) {
+  connect(&line, &TextBox::keyDown, this, [this, index](int code) {
     const bool forward = code == key::kEnter || code == key::kDown;
     if (!forward && code != key::kUp) return;
     Text1((index + (forward ? 1 : kLines - 1)) % kLines).setFocus(Qt::TabFocusReason);
-  };
+  });
   connect(&line, &QLineEdit::textChanged, this, &firma::Text1_Change);
 }
 

@@ -1,4 +1,4 @@
-#include "storage/windows1252.h"
+#include "base/windows1252.h"
 
 #include <algorithm>
 #include <array>
