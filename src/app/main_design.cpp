@@ -6,11 +6,10 @@
 
 #include "app/main_window.h"
 #include "base/guarded.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
-#include "platform/pictures.h"
-#include "platform/scrolling_content.h"
+#include "platform/picture.h"
+#include "platform/placement.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -30,33 +29,18 @@ constexpr int kUnitWidth = 880;
 constexpr int kResultUnitWidth = 660;
 constexpr int kRowHeight = 465;
 
-QLabel* makeLabel(const QString& text, QWidget* parent = nullptr) {
-  auto* label = new QLabel(text, parent);
+QLabel* makeLabel(const QString& text) {
+  auto* label = new QLabel(text);
   label->setTextFormat(Qt::PlainText);
   return label;
 }
 
-QLabel* makeDisplay(int width) {
-  QLabel* label = makeLabel({});
-  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  label->setMinimumWidth(twips(width));
-  label->setMinimumHeight(twips(kRowHeight));
-  setRole(*label, Role::kComputed);
-  return label;
-}
-
-QLabel* makeUnit(const QString& unit, int width) {
-  QLabel* label = makeLabel(unit);
-  label->setAlignment(Qt::AlignCenter);
-  label->setMinimumWidth(twips(width));
-  label->setMinimumHeight(twips(kRowHeight));
-  if (width > 0) setRole(*label, Role::kUnit);
-  return label;
-}
-
-QLabel* makeSection(const QString& caption) {
-  QLabel* label = makeLabel(caption);
-  setRole(*label, Role::kSection);
+/// A label of at least that width in twips, as high as a box; of no width it has no colours.
+QLabel* makeCell(const QString& text, int width, Role role) {
+  QLabel* label = makeLabel(text);
+  label->setAlignment(role == Role::kUnit ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+  label->setMinimumSize(twips(width), twips(kRowHeight));
+  if (width > 0) setRole(*label, role);
   return label;
 }
 
@@ -69,12 +53,13 @@ QGridLayout* makeGrid(QWidget* parent) {
   return grid;
 }
 
-void addGap(QGridLayout& grid, int row) {
-  grid.setRowMinimumHeight(row, twips(150));
-}
-
+/// A picture whose click shows the information texts. It never takes the focus.
 PictureButton* makeInfoPicture(const Picture::Drawing& drawing) {
-  return new PictureButton(drawing, 840, u"Erläuterung der berechneten pH-Werte"_s);
+  auto* picture = new PictureButton(drawing, 840);
+  picture->setFocusPolicy(Qt::NoFocus);
+  picture->setCursor(Qt::PointingHandCursor);
+  picture->setAccessibleName(u"Erläuterung der berechneten pH-Werte"_s);
+  return picture;
 }
 
 /// A field's name for those who hear the mask instead of seeing it.
@@ -88,48 +73,35 @@ QString spokenName(const Field& field) {
 }  // namespace
 
 void main::buildMenus() {
-  const auto add = [](QMenu* menu, const QString& caption, const QKeySequence& keys = {}) {
+  QMenu* menu = nullptr;
+  const auto add = [&](const QString& caption, const QString& location, void (main::*handler)(),
+                       const QString& keys = {}) {
     QAction* action = menu->addAction(caption);
-    action->setShortcut(keys);
+    action->setShortcut(QKeySequence(keys));
+    connect(action, &QAction::triggered, this, command(location, handler));
     return action;
   };
-  QMenu* mnu1 = menuBar()->addMenu(u"  &Menue"_s);
-  mnu_load = add(mnu1, u"Datei &laden"_s, QKeySequence(u"Ctrl+O"_s));
-  mnu_save = add(mnu1, u"Daten-&speichern"_s, QKeySequence(u"Ctrl+S"_s));
-  mnu_drucken = add(mnu1, u"&Drucken"_s, QKeySequence(u"Ctrl+P"_s));
-  mnu1->addSeparator()->setObjectName(u"trenn1"_s);
-  mnu_neustart = add(mnu1, u"&NEUSTART"_s, QKeySequence(u"Ctrl+N"_s));
-  mnu_ende = add(mnu1, u"&Beenden"_s, QKeySequence(u"Ctrl+Q"_s));
+  menu = menuBar()->addMenu(u"  &Menue"_s);
+  mnu_load = add(u"Datei &laden"_s, u" ps_mnudladen"_s, &main::mnu_load_Click, u"Ctrl+O"_s);
+  mnu_save = add(u"Daten-&speichern"_s, u" main_save"_s, &main::mnu_save_Click, u"Ctrl+S"_s);
+  mnu_drucken = add(u"&Drucken"_s, u" main_drucken"_s, &main::mnu_drucken_Click, u"Ctrl+P"_s);
+  menu->addSeparator()->setObjectName(u"trenn1"_s);
+  mnu_neustart = add(u"&NEUSTART"_s, u" main_neustart"_s, &main::mnu_neustart_Click, u"Ctrl+N"_s);
+  mnu_ende = add(u"&Beenden"_s, u" main_ende"_s, &main::Command2_Click, u"Ctrl+Q"_s);
 
-  QMenu* mnu2 = menuBar()->addMenu(u"&Extras"_s);
-  mnu2_pfad = add(mnu2, u"&Speicherpfad festlegen"_s);
-  mnu2_fatext = add(mnu2, u"Ausdrucke &einrichten"_s);
-  mnu2_tk = add(mnu2, u"&Temperatur-Korrektion"_s);
-  mnu2_plausi = add(mnu2, u"&Plausibilitäts-Prüfung"_s);
-  mnu2_ana = add(mnu2, u"&Analysen Übersicht"_s);
-  mnu2->addSeparator()->setObjectName(u"trenn2"_s);
-  mnu2_handbuch = add(mnu2, u"&Handbuch einsehen"_s, QKeySequence(u"F1"_s));
-  mnu_version = add(mnu2, u"&Version"_s);
-
+  menu = menuBar()->addMenu(u"&Extras"_s);
+  mnu2_pfad = add(u"&Speicherpfad festlegen"_s, u" main_pfad"_s, &main::mnu2_pfad_Click);
+  mnu2_fatext = add(u"Ausdrucke &einrichten"_s, u" main_fatext"_s, &main::mnu2_fatext_Click);
+  mnu2_tk = add(u"&Temperatur-Korrektion"_s, u" main_tk"_s, &main::mnu2_tk_Click);
+  mnu2_plausi = menu->addAction(u"&Plausibilitäts-Prüfung"_s);
   mnu2_plausi->setEnabled(false);  // it has no action yet
+  mnu2_ana = add(u"&Analysen Übersicht"_s, u" main_ana"_s, &main::mnu2_ana_Click);
+  menu->addSeparator()->setObjectName(u"trenn2"_s);
+  mnu2_handbuch =
+      add(u"&Handbuch einsehen"_s, u" main_handbuch"_s, &main::mnu2_handbuch_Click, u"F1"_s);
+  mnu_version = add(u"&Version"_s, u" main_version"_s, &main::mnu_version_Click);
   updateManual();
-  connect(mnu2, &QMenu::aboutToShow, this, &main::updateManual);
-
-  const auto connectAction = [this](QAction* action, const QString& location,
-                                    void (main::*handler)()) {
-    connect(action, &QAction::triggered, this, command(location, handler));
-  };
-  connectAction(mnu_load, u" ps_mnudladen"_s, &main::mnu_load_Click);
-  connectAction(mnu_save, u" main_save"_s, &main::mnu_save_Click);
-  connectAction(mnu_drucken, u" main_drucken"_s, &main::mnu_drucken_Click);
-  connectAction(mnu2_pfad, u" main_pfad"_s, &main::mnu2_pfad_Click);
-  connectAction(mnu2_fatext, u" main_fatext"_s, &main::mnu2_fatext_Click);
-  connectAction(mnu2_tk, u" main_tk"_s, &main::mnu2_tk_Click);
-  connectAction(mnu_version, u" main_version"_s, &main::mnu_version_Click);
-  connectAction(mnu2_ana, u" main_ana"_s, &main::mnu2_ana_Click);
-  connectAction(mnu_neustart, u" main_neustart"_s, &main::mnu_neustart_Click);
-  connectAction(mnu_ende, u" main_ende"_s, &main::Command2_Click);
-  connectAction(mnu2_handbuch, u" main_handbuch"_s, &main::mnu2_handbuch_Click);
+  connect(menu, &QMenu::aboutToShow, this, &main::updateManual);
 }
 
 void main::buildMask() {
@@ -155,18 +127,16 @@ void main::buildMask() {
   setCentralWidget(new ScrollingContent(mask));
 
   // The keyboard walks the boxes in field order, then the buttons.
-  const std::vector<int>& boxes = typedFields();
-  for (size_t i = 1; i < boxes.size(); ++i) {
-    setTabOrder(&Text1(boxes[i - 1]), &Text1(boxes[i]));
-  }
-  setTabOrder(&Text1(boxes.back()), Command3);
-  QWidget* last = Command3;
-  for (const int i : boxes) {
-    setTabOrder(last, &Command1(i));
-    last = &Command1(i);
-  }
-  setTabOrder(last, Command2);
-  Text1(boxes.front()).setFocus();
+  QWidget* last = nullptr;
+  const auto walk = [&last](QWidget& control) {
+    if (last != nullptr) setTabOrder(last, &control);
+    last = &control;
+  };
+  for (const int i : typedFields()) walk(Text1(i));
+  walk(*Command3);
+  for (const int i : typedFields()) walk(Command1(i));
+  walk(*Command2);
+  Text1(typedFields().front()).setFocus();
 
   resize(twips(15000), twips(10900));
 }
@@ -175,18 +145,14 @@ QWidget* main::buildInputs() {
   auto* inputs = new QWidget;
   QGridLayout& grid = *makeGrid(inputs);
   int row = 0;
-  const auto addSection = [&](int index, const QString& caption) {
-    grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kColumns);
-  };
-  addSection(1, u"  Eingabe pH - Wert Rechner"_s);
+  addSection(grid, row, 1, u"  Eingabe pH - Wert Rechner"_s);
   for (const Field& field : inputFields()) {
     if (field.index == feld::kGesamthärte) {
-      addGap(grid, row++);
-      addSection(3, u"  Eingabe - Wasserhärte"_s);
+      addSection(grid, row, 3, u"  Eingabe - Wasserhärte"_s);
     }
     addInputRow(grid, row++, field);
   }
-  Label7 = makeUnit({}, 1200);
+  Label7 = makeCell({}, 1200, Role::kUnit);
   Command3 = new QPushButton;
   Command3->setFocusPolicy(Qt::TabFocus);
   Command3->setToolTip(
@@ -197,6 +163,14 @@ QWidget* main::buildInputs() {
   grid.addWidget(Label7, 1, kExtra);
   grid.addWidget(Command3, 1, kToggle);
   return inputs;
+}
+
+/// A header over its fields, with a gap to what stands above it.
+void main::addSection(QGridLayout& grid, int& row, int index, const QString& caption) {
+  if (row > 0) grid.setRowMinimumHeight(row++, twips(150));
+  QLabel& label = Label3.add(index, makeLabel(caption));
+  setRole(label, Role::kSection);
+  grid.addWidget(&label, row++, 0, 1, -1);
 }
 
 void main::addInputRow(QGridLayout& grid, int row, const Field& field) {
@@ -213,14 +187,13 @@ void main::addInputRow(QGridLayout& grid, int row, const Field& field) {
     setRole(box, Role::kComputed);
     box.setReadOnly(true);
     box.setFocusPolicy(Qt::NoFocus);
-    grid.addWidget(&Label3.add(i, makeUnit(field.unit, kUnitWidth)), row, kUnit);
+    grid.addWidget(&Label3.add(i, makeCell(field.unit, kUnitWidth, Role::kUnit)), row, kUnit);
     return;
   }
   setRole(box, Role::kInput);
   connectBox(i);
   auto& unit = Command1.add(i, new QPushButton(field.unit));
-  unit.setMinimumWidth(twips(kUnitWidth));
-  unit.setMinimumHeight(twips(kRowHeight));
+  unit.setMinimumSize(twips(kUnitWidth), twips(kRowHeight));
   setRole(unit, Role::kUnit);
   grid.addWidget(&unit, row, kUnit);
   connectUnit(i);
@@ -266,19 +239,15 @@ QWidget* main::buildResults() {
   auto* results = new QWidget;
   QGridLayout& grid = *makeGrid(results);
   int row = 0;
-  const auto addSection = [&](int index, const QString& caption) {
-    grid.addWidget(&Label3.add(index, makeSection(caption)), row++, 0, 1, kToggle);
-  };
-  addSection(2, u"  berechnete Werte "_s);
+  addSection(grid, row, 2, u"  berechnete Werte "_s);
   for (const Field& field : resultFields()) {
     if (field.index == feld::kHydrogencarbonat) {
-      addGap(grid, row++);
-      addSection(4, u"  korrosionsrelevante Parameter"_s);
+      addSection(grid, row, 4, u"  korrosionsrelevante Parameter"_s);
     }
     addResultRow(grid, row++, field);
   }
   const auto addNarrow = [&](int index, int besideRow, const QString& toolTip) {
-    auto& display = Label2.add(index, makeDisplay(kNarrowBoxWidth));
+    auto& display = Label2.add(index, makeCell({}, kNarrowBoxWidth, Role::kComputed));
     display.setToolTip(toolTip);
     display.setAccessibleDescription(toolTip);
     grid.addWidget(&display, besideRow, kExtra);
@@ -292,14 +261,14 @@ void main::addResultRow(QGridLayout& grid, int row, const Field& field) {
   const int i = field.index;
   auto& caption = Label5.add(i, makeLabel(field.caption));
   caption.setToolTip(field.toolTip);
-  auto& display = Label2.add(i, makeDisplay(kResultBoxWidth));
+  auto& display = Label2.add(i, makeCell({}, kResultBoxWidth, Role::kComputed));
   // The name stays the text shown: a screen reader reads the value, then what it is.
   display.setAccessibleDescription(spokenName(field));
   grid.addWidget(&caption, row, kCaption);
   grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
   grid.addWidget(&display, row, kBox);
-  grid.addWidget(&Label3.add(i, makeUnit(field.unit, field.unit.isEmpty() ? 0 : kResultUnitWidth)),
-                 row, kUnit);
+  const int width = field.unit.isEmpty() ? 0 : kResultUnitWidth;
+  grid.addWidget(&Label3.add(i, makeCell(field.unit, width, Role::kUnit)), row, kUnit);
 }
 
 QWidget* main::buildCompanyArea() {
@@ -323,11 +292,12 @@ QWidget* main::buildCompanyArea() {
 
   auto* supplier = new QVBoxLayout;
   supplier->setSpacing(1);
-  const std::array lines{u"Calvora Wassertechnik"_s, u"Am Beispielbach 1"_s, u"12345 Musterstadt"_s,
-                         u"kontakt@calvora.example"_s, u"www.calvora.example"_s};
   supplier->addWidget(&Label10.add(5, makeLabel(u"Bezug über:   Fa XYZ"_s)));
-  for (size_t i = 0; i < lines.size(); ++i) {
-    supplier->addWidget(&Label10.add(static_cast<int>(i), makeLabel(lines.at(i))));
+  int index = 0;
+  for (const auto& text :
+       {u"Calvora Wassertechnik"_s, u"Am Beispielbach 1"_s, u"12345 Musterstadt"_s,
+        u"kontakt@calvora.example"_s, u"www.calvora.example"_s}) {
+    supplier->addWidget(&Label10.add(index++, makeLabel(text)));
   }
   area->addWidget(&Image1.add(0, makeInfoPicture(drawDrop)), 3, 0, Qt::AlignCenter);
   area->addLayout(supplier, 3, 1);

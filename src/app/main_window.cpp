@@ -31,22 +31,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+void bringUp(QWidget& window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
 /// Shows the window of a kind that is open, or a new one: two of them would overwrite each other.
 template <class Window>
 void showOnce(const QWidget& parent, const std::function<Window*()>& make) {
-  Window* window = nullptr;
   for (QObject* child : parent.children()) {
     auto* open = dynamic_cast<Window*>(child);
-    if (open != nullptr && open->isVisible()) window = open;
+    if (open != nullptr && open->isVisible()) return bringUp(*open);
   }
-  if (window == nullptr) window = make();
-  window->show();
-  window->raise();
-  window->activateWindow();
-}
-
-void showText(QLabel& label, const QString& text) {
-  if (label.text() != text) label.setText(text);
+  bringUp(*make());
 }
 
 }  // namespace
@@ -252,33 +250,31 @@ void main::darstellen() {
   const AnalysisRecord& record = program_.record;
   for (const auto& [index, box] : Text1) box->showText(record.text[index]);
   for (const Field& field : resultFields()) {
-    showText(Label2(field.index), record.text[field.index]);
+    Label2(field.index).setText(record.text[field.index]);
   }
 
   const int ruledOut = ruledOutCapacity(record);
   for (const int capacity : {feld::kKs82, feld::kKb82}) setLocked(capacity, capacity == ruledOut);
 
-  showText(Label2(schmal::kLeitfähigkeitAusIonen), program_.narrow.leitfähigkeitAusIonen);
-  showText(Label2(schmal::kPhNäherung), program_.narrow.phNäherung);
+  Label2(schmal::kLeitfähigkeitAusIonen).setText(program_.narrow.leitfähigkeitAusIonen);
+  Label2(schmal::kPhNäherung).setText(program_.narrow.phNäherung);
   showConductivityAt25();
 }
 
 /// Shows box 1 as it is stored and offers the conversion where both values for it are there.
 void main::showConductivityAt25() {
   const AnalysisRecord& record = program_.record;
+  const QString& temperature = record.text[feld::kTemperatur];
   const bool convertible =
       record.value[feld::kLeitfähigkeit] > 0_fp && record.value[feld::kTemperatur] > 0_fp;
-  Text1(feld::kLeitfähigkeit).showText(record.text[feld::kLeitfähigkeit]);
-  setRole(Text1(feld::kLeitfähigkeit), Role::kInput);
-  Text1(feld::kLeitfähigkeit).setReadOnly(false);
-  Command3->setText(convertible ? questionAtMeasuringTemperature() : u"bei Temp."_s);
+  TextBox& box = Text1(feld::kLeitfähigkeit);
+  box.showText(record.text[feld::kLeitfähigkeit]);
+  setRole(box, Role::kInput);
+  box.setReadOnly(false);
+  Command3->setText(convertible ? u"bei "_s + temperature + u" °C ?"_s : u"bei Temp."_s);
   Command3->setEnabled(convertible);
-  showText(*Label7, u"25 °C"_s);
+  Label7->setText(u"25 °C"_s);
   convertedShown_ = false;
-}
-
-QString main::questionAtMeasuringTemperature() const {
-  return u"bei "_s + program_.record.text[feld::kTemperatur] + u" °C ?"_s;
 }
 
 /// A capacity that the pH rules out cannot be entered.
@@ -318,7 +314,7 @@ void main::showConductivityAtMeasuringTemperature() {
   setRole(box, Role::kComputed);
   box.setReadOnly(true);
   Command3->setText(u"bei 25 °C ?"_s);
-  showText(*Label7, record.text[feld::kTemperatur] + u" °C"_s);
+  Label7->setText(record.text[feld::kTemperatur] + u" °C"_s);
   convertedShown_ = true;
 }
 
@@ -434,9 +430,7 @@ void main::mnu2_ana_Click() {
     overview_ = new analysen(program_, questions_, desktop_);
   }
   overview_->setWindowState(overview_->windowState() & ~Qt::WindowMinimized);
-  overview_->show();
-  overview_->raise();
-  overview_->activateWindow();
+  bringUp(*overview_);
 }
 
 bool main::holdsText(std::span<const Field> fields) const {

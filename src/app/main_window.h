@@ -10,7 +10,7 @@
 #include "model/program.h"
 #include "platform/control_array.h"
 #include "platform/desktop.h"
-#include "platform/picture_button.h"
+#include "platform/picture.h"
 #include "platform/text_box.h"
 
 class QGridLayout;
@@ -133,7 +133,6 @@ class main : public QMainWindow {
   void updateManual();
   [[nodiscard]] int boxIndex(const QWidget* control) const;
   [[nodiscard]] bool holdsText(std::span<const Field> fields) const;
-  [[nodiscard]] QString questionAtMeasuringTemperature() const;
   [[nodiscard]] QString manualPath() const;
 
   // The window's design (main_design.cpp).
@@ -143,6 +142,7 @@ class main : public QMainWindow {
   QWidget* buildResults();
   QWidget* buildCompanyArea();
   void connectInfoPictures();
+  void addSection(QGridLayout& grid, int& row, int index, const QString& caption);
   void addInputRow(QGridLayout& grid, int row, const Field& field);
   void addResultRow(QGridLayout& grid, int row, const Field& field);
   void connectBox(int index);

@@ -6,7 +6,7 @@
 
 #include "app/main_window.h"
 #include "platform/form.h"
-#include "platform/pictures.h"
+#include "platform/picture.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -15,17 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A label whose caption is written in one line, its lines parted by runs of blanks. It breaks at
-/// every long run that is followed by a list mark or a new word.
-class ColumnLabel : public QLabel {
- public:
-  explicit ColumnLabel(const QString& caption) {
-    static const QRegularExpression kBreak(u" {4,}(?=[>-] |[A-Z][a-z])"_s);
-    setTextFormat(Qt::PlainText);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    setText(QString(caption).replace(kBreak, u"\n"_s));
-  }
-};
+/// A caption's columns as lines: it is written in one line, its columns separated by runs of
+/// blanks. It breaks at every long run that is followed by a list mark or a new word.
+QString broken(QString caption) {
+  static const QRegularExpression kBreak(u" {4,}(?=[>-] |[A-Z][a-z])"_s);
+  return caption.replace(kBreak, u"\n"_s);
+}
 
 QFont scaled(QFont font, int points, bool bold) {
   font.setPointSize(points);
@@ -69,13 +64,14 @@ void start::buildHeader() {
   header->addWidget(&Image2.add(0, new Picture(drawDrop, 1100)));
   auto* titles = new QGridLayout;
   titles->setVerticalSpacing(6);
-  const std::array captions{u"pH-Wert -- Rechner CALVORA  für   "_s,
-                            u"Plausibilitätsüberprüfung von Messwerten "_s,
-                            u"Erfassung von pH-Werten in Heiz- und Kühlkreisläufen "_s};
-  for (int i = 0; i < 3; ++i) {
-    auto& label = Label1.add(i, new QLabel(captions.at(static_cast<size_t>(i))));
-    label.setFont(scaled(font(), i == 0 ? 16 : 12, i == 0));
-    titles->addWidget(&label, i, 0, 1, i == 0 ? 1 : 2);
+  int row = 0;
+  for (const auto& caption :
+       {u"pH-Wert -- Rechner CALVORA  für   "_s, u"Plausibilitätsüberprüfung von Messwerten "_s,
+        u"Erfassung von pH-Werten in Heiz- und Kühlkreisläufen "_s}) {
+    auto& label = Label1.add(row, new QLabel(caption));
+    label.setFont(scaled(font(), row == 0 ? 16 : 12, row == 0));
+    titles->addWidget(&label, row, 0, 1, row == 0 ? 1 : 2);
+    ++row;
   }
   auto* field = new QLabel(u"Heizungs- und Kühlwasser"_s);
   field->setFont(scaled(font(), 16, true));
@@ -90,16 +86,19 @@ void start::buildExplanation() {
   grid->setContentsMargins(20, 16, 20, 16);
   grid->setHorizontalSpacing(28);
   grid->setVerticalSpacing(14);
-  const std::array captions{
-      u"Die Software  errechnet auf Basis der erfassten Werte:"_s,
-      u"> Temperatur                               > Säurekapazität Ks 4,3 / Ks8,2    > Basekapazität  Kb 8,2"_s,
-      u"- mit Temperatur-Sonde                - per Titration                               - per Titration"_s,
-      u"   folgende Werte:                                     > pH-Wert                                                > Hydrogencarbonat   HCO3                     > Kohlendioxid CO2  frei + überschüssig     > Carbonat      CO3"_s,
-      u"Die Erfassung der  Mess-Parameter  sind  sorgfältig + nach Anleitung vorzunehmen !    Dies garantiert genaue Ergebnisse."_s,
-      u" - - - und  führt  eine  Plausibilitäts -              Kontrolle  der  Messwerte durch."_s,
-  };
-  for (int i = 0; i < static_cast<int>(captions.size()); ++i) {
-    Label3.add(i, new ColumnLabel(captions.at(static_cast<size_t>(i))));
+  int index = 0;
+  for (
+      const auto& caption : {
+          u"Die Software  errechnet auf Basis der erfassten Werte:"_s,
+          u"> Temperatur                               > Säurekapazität Ks 4,3 / Ks8,2    > Basekapazität  Kb 8,2"_s,
+          u"- mit Temperatur-Sonde                - per Titration                               - per Titration"_s,
+          u"   folgende Werte:                                     > pH-Wert                                                > Hydrogencarbonat   HCO3                     > Kohlendioxid CO2  frei + überschüssig     > Carbonat      CO3"_s,
+          u"Die Erfassung der  Mess-Parameter  sind  sorgfältig + nach Anleitung vorzunehmen !    Dies garantiert genaue Ergebnisse."_s,
+          u" - - - und  führt  eine  Plausibilitäts -              Kontrolle  der  Messwerte durch."_s,
+      }) {
+    auto& label = Label3.add(index++, new QLabel(broken(caption)));
+    label.setTextFormat(Qt::PlainText);
+    label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
   }
   Label3(0).setFont(scaled(font(), 11, true));
   Label3(4).setFont(scaled(font(), 10, true));
@@ -117,11 +116,11 @@ void start::buildContact() {
   auto* contact = new QHBoxLayout;
   auto* lines = new QVBoxLayout;
   lines->setSpacing(2);
-  const std::array captions{u"Bezug über:"_s, u"Calvora Wassertechnik"_s,
-                            u"Am Beispielbach 1, 12345 Musterstadt"_s,
-                            u"Telefon 00000 / 12 34 56"_s, u"kontakt@calvora.example"_s};
-  for (int i = 0; i < static_cast<int>(captions.size()); ++i) {
-    lines->addWidget(&Label2.add(i, new QLabel(captions.at(static_cast<size_t>(i)))));
+  int row = 0;
+  for (const auto& line :
+       {u"Bezug über:"_s, u"Calvora Wassertechnik"_s, u"Am Beispielbach 1, 12345 Musterstadt"_s,
+        u"Telefon 00000 / 12 34 56"_s, u"kontakt@calvora.example"_s}) {
+    lines->addWidget(&Label2.add(row++, new QLabel(line)));
   }
   contact->addLayout(lines, 1);
   addButtons(Command1, 1800, {{1, u"beenden"_s}, {2, u"Weiter"_s}},

@@ -1,8 +1,9 @@
 #include "platform/form.h"
 
 #include <QBoxLayout>
+#include <QCoreApplication>
+#include <QKeyEvent>
 
-#include "platform/enter_press.h"
 #include "platform/twips.h"
 
 namespace calvora {
@@ -14,6 +15,19 @@ constexpr int kSideMargin = 360;
 constexpr int kEndMargin = 300;
 constexpr int kButtonHeight = 480;
 constexpr int kButtonGap = 150;
+
+class EnterPress : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject* button, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (!isEnter(key) || key.isAutoRepeat()) return false;
+    static_cast<QPushButton*>(button)->click();
+    return true;
+  }
+};
 
 }  // namespace
 
@@ -45,6 +59,29 @@ QBoxLayout* makeButtonRow(std::initializer_list<QPushButton*> buttons) {
   row->addStretch();
   for (QPushButton* button : buttons) row->addWidget(button);
   return row;
+}
+
+void pressOnEnter(QPushButton& button) {
+  button.setAutoDefault(false);
+  button.installEventFilter(new EnterPress(&button));
+}
+
+bool isEnter(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+bool isCommand(const QKeyEvent& key) {
+  return key.modifiers().testFlag(Qt::ControlModifier) &&
+         !key.modifiers().testFlag(Qt::AltModifier);
+}
+
+bool typesSharpS(QWidget& field, const QKeyEvent& key) {
+  if (key.text() != QStringLiteral("ß")) return false;
+  for (int i = 0; i < 2; ++i) {
+    QKeyEvent s(QEvent::KeyPress, Qt::Key_S, Qt::NoModifier, QStringLiteral("s"));
+    QCoreApplication::sendEvent(&field, &s);
+  }
+  return true;
 }
 
 }  // namespace calvora

@@ -8,11 +8,12 @@
 #include "platform/control_array.h"
 
 class QBoxLayout;
+class QKeyEvent;
 class QLayout;
 
 namespace calvora {
 
-/// What the windows' designs have in common: margins and buttons.
+/// What the windows' designs have in common: margins, buttons and keys.
 
 /// The margins that part a window's content from its edges.
 void setWindowMargins(QLayout& layout);
@@ -28,5 +29,18 @@ void addButtons(ControlArray<QPushButton>& buttons, int width,
 
 /// The row at the foot of a window: the buttons stand at its right, in that order.
 QBoxLayout* makeButtonRow(std::initializer_list<QPushButton*> buttons);
+
+/// Lets Enter press a button that has the focus, and only then: in a dialog Enter would otherwise
+/// press a button out of any field.
+void pressOnEnter(QPushButton& button);
+
+/// Whether a key is Enter, that of the numeric pad included.
+bool isEnter(const QKeyEvent& key);
+
+/// Whether a key is a command: held with Ctrl, but not with AltGr.
+bool isCommand(const QKeyEvent& key);
+
+/// Types "ss" for "ß", which no text field takes as a key. False for any other key.
+bool typesSharpS(QWidget& field, const QKeyEvent& key);
 
 }  // namespace calvora

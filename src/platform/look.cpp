@@ -1,20 +1,24 @@
 #include "platform/look.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QColor>
 #include <QDir>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <QStyleOption>
 #include <QToolTip>
 #include <QTranslator>
 #include <QVariant>
 #include <QWidget>
 #include <array>
 
-#include "platform/focus_style.h"
 #include "platform/placement.h"
 
 namespace calvora {
@@ -22,6 +26,62 @@ namespace calvora {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr double kRingWidth = 2;
+constexpr double kRingRadius = 3;
+
+void drawRing(QPainter& painter, const QRect& around, const QPalette& palette) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(palette.color(QPalette::Highlight), kRingWidth));
+  painter.setBrush(Qt::NoBrush);
+  const double inset = kRingWidth / 2;
+  painter.drawRoundedRect(QRectF(around).adjusted(inset, inset, -inset, -inset), kRingRadius,
+                          kRingRadius);
+  painter.restore();
+}
+
+bool hasFocus(const QStyleOption* option) {
+  return option->state.testFlag(QStyle::State_HasFocus);
+}
+
+/// The toolkit's own look, with one clear ring around whatever has the focus, however it came
+/// there: the toolkit marks it but faintly, and buttons and lists only after Tab was pressed.
+class FocusStyle : public QProxyStyle {
+ public:
+  FocusStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element == PE_FrameFocusRect) {
+      const bool button = qobject_cast<const QPushButton*>(widget) != nullptr;
+      drawRing(*painter, button ? widget->rect() : option->rect, option->palette);
+      return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool framed = element == PE_FrameLineEdit || element == PE_PanelButtonCommand;
+    if (framed && hasFocus(option)) {
+      drawRing(*painter, option->rect, option->palette);
+    }
+  }
+
+  /// The frame of a list is where its focus is to be seen.
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const bool list = qobject_cast<const QAbstractItemView*>(widget) != nullptr;
+    if (element == CE_ShapedFrame && list && hasFocus(option)) {
+      drawRing(*painter, option->rect, option->palette);
+    }
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const bool box = control == CC_ComboBox || control == CC_SpinBox;
+    if (box && hasFocus(option)) drawRing(*painter, option->rect, option->palette);
+  }
+};
 
 QString roleName(Role role) {
   static const std::array kNames{u"input"_s, u"computed"_s, u"locked"_s, u"unit"_s, u"section"_s};

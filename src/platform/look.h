@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QCursor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QString>
 
 class QApplication;
@@ -33,5 +35,14 @@ void setRole(QWidget& control, Role role);
 /// Gives a field that has no role the colours of a computed one while it is disabled: it cannot be
 /// changed, but is there to be read.
 void keepReadable(QWidget& field);
+
+/// Shows the busy cursor over all windows while it lives.
+class BusyCursor {
+ public:
+  BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  BusyCursor(const BusyCursor&) = delete;
+  BusyCursor& operator=(const BusyCursor&) = delete;
+  ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
 
 }  // namespace calvora

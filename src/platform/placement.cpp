@@ -8,8 +8,6 @@
 #include <QStyle>
 #include <algorithm>
 
-#include "platform/scrolling_content.h"
-
 namespace calvora {
 
 namespace {
@@ -71,22 +69,15 @@ ScrollingContent& letScroll(QWidget& window, int width) {
   return *area;
 }
 
-QSize roomFor(const QWidget& window) {
-  return screenOf(window).availableSize() - frameOf(window);
-}
-
-/// It brings an area of its own, and its menu stays where it is.
-bool isMain(const QWidget& window) {
-  return qobject_cast<const QMainWindow*>(&window) != nullptr;
-}
-
 /// The toolkit adjusts no window to more than two thirds of the screen, so that one whose content
 /// scrolls is made as large as that here.
 void fit(QWidget& window) {
-  const QSize room = roomFor(window);
+  const QSize room = screenOf(window).availableSize() - frameOf(window);
   const QSize needed = neededSize(window);
   QSize size = window.size();
-  if (needed.boundedTo(room) != needed && !isMain(window)) {
+  // The main window brings an area of its own, and its menu stays where it is.
+  const bool isMain = qobject_cast<const QMainWindow*>(&window) != nullptr;
+  if (needed.boundedTo(room) != needed && !isMain) {
     const ScrollingContent& area = letScroll(window, needed.width());
     if (!window.testAttribute(Qt::WA_Resized)) size = area.sizeHint();
   }
@@ -121,6 +112,47 @@ void placeOnScreen(QWidget& window, QPoint wanted) {
 
 void keepWindowsOnScreen(QApplication& application) {
   application.installEventFilter(new Keeper(&application));
+}
+
+ScrollingContent::ScrollingContent(QWidget* content, QWidget* parent) : QScrollArea(parent) {
+  setFrameShape(NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setWidgetResizable(true);
+  setWidget(content);
+  // What the window painted beneath its content is still to be seen.
+  for (QWidget* layer : {content, viewport()}) layer->setAutoFillBackground(false);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
+}
+
+// The controls lose their focus while they are taken down, when there is nothing left to scroll.
+ScrollingContent::~ScrollingContent() {
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
+QSize ScrollingContent::sizeHint() const {
+  QSize size = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+  if (widget()->hasHeightForWidth()) {
+    size.setHeight(std::max(size.height(), widget()->heightForWidth(size.width())));
+  }
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  return size + QSize(bar, bar);
+}
+
+/// By Tab; the toolkit would centre a control that is larger than the window.
+bool ScrollingContent::focusNextPrevChild(bool next) {
+  const bool moved = QScrollArea::focusNextPrevChild(next);
+  if (moved) follow(window()->focusWidget());
+  return moved;
+}
+
+/// Shows the control that has the focus; its beginning, where it is larger than the window.
+void ScrollingContent::follow(const QWidget* focus) {
+  if (focus == nullptr || !widget()->isAncestorOf(focus)) return;
+  constexpr int kSpare = 12;
+  const QSize half = focus->size().boundedTo(viewport()->size()) / 2;
+  const QPoint centre = focus->mapTo(widget(), QPoint()) + QPoint(half.width(), half.height());
+  const QSize spare = (half + QSize(kSpare, kSpare)).boundedTo(viewport()->size() / 2);
+  ensureVisible(centre.x(), centre.y(), spare.width(), spare.height());
 }
 
 }  // namespace calvora

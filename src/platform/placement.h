@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QPoint>
+#include <QScrollArea>
 
 class QApplication;
-class QWidget;
 
 namespace calvora {
 
@@ -14,5 +13,24 @@ void placeOnScreen(QWidget& window, QPoint wanted);
 /// From now on every window opens where it can be seen whole. One that needs more room than its
 /// screen has becomes as large as the screen, and its content scrolls.
 void keepWindowsOnScreen(QApplication& application);
+
+/// A window's content that scrolls where the window is smaller than it, and follows the focus, so
+/// that the keyboard reaches what is out of sight.
+class ScrollingContent : public QScrollArea {
+ public:
+  explicit ScrollingContent(QWidget* content, QWidget* parent = nullptr);
+  ScrollingContent(const ScrollingContent&) = delete;
+  ScrollingContent& operator=(const ScrollingContent&) = delete;
+  ~ScrollingContent() override;
+
+  /// The room that the whole content needs, with the scroll bars beside it.
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  void follow(const QWidget* focus);
+};
 
 }  // namespace calvora

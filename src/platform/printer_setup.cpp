@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <optional>
 
-#include "platform/busy_cursor.h"
+#include "platform/look.h"
 #include "platform/paper.h"
 #include "platform/twips.h"
 

@@ -4,8 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
-#include "platform/enter_press.h"
-#include "platform/text_box.h"
+#include "platform/form.h"
 
 namespace calvora {
 
@@ -20,13 +19,11 @@ void RemarkBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (!isReadOnly() && typesSharpS(*this, *event)) return;
-  const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
-                       !event->modifiers().testFlag(Qt::AltModifier);
   if (event->text().size() > 1) {  // a character beyond 16 bits, or several at once
     insertPlainText(filter(event->text()));
     return;
   }
-  if (!command && event->text().size() == 1 && event->key() != Qt::Key_Delete &&
+  if (!isCommand(*event) && event->text().size() == 1 && event->key() != Qt::Key_Delete &&
       event->key() != Qt::Key_Escape) {
     int code = event->text().front().unicode();
     keyPress(code);

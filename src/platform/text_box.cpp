@@ -1,6 +1,5 @@
 #include "platform/text_box.h"
 
-#include <QCoreApplication>
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -11,10 +10,9 @@
 #include <utility>
 
 #include "entry/key_filter.h"
+#include "platform/form.h"
 
 namespace calvora {
-
-using namespace Qt::StringLiterals;
 
 /// The one place that every text passes on its way into the box.
 class TextBox::Filter : public QValidator {
@@ -36,20 +34,14 @@ class TextBox::Filter : public QValidator {
 
 namespace {
 
+/// The code of a key that has a rule of its own, else 0.
 int keyCode(const QKeyEvent& event) {
-  switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return key::kEnter;
-    case Qt::Key_Space:
-      return key::kSpace;
-    case Qt::Key_Up:
-      return key::kUp;
-    case Qt::Key_Down:
-      return key::kDown;
-    default:
-      return 0;
-  }
+  static const QHash<int, int> kCodes{{Qt::Key_Return, key::kEnter},
+                                      {Qt::Key_Enter, key::kEnter},
+                                      {Qt::Key_Space, key::kSpace},
+                                      {Qt::Key_Up, key::kUp},
+                                      {Qt::Key_Down, key::kDown}};
+  return kCodes.value(event.key());
 }
 
 bool isEditingKey(const QKeyEvent& event) {
@@ -126,8 +118,7 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (window()->focusWidget() != this)
     return;  // an earlier entry was rejected and took the focus back
-  const bool command = event->modifiers().testFlag(Qt::ControlModifier) &&
-                       !event->modifiers().testFlag(Qt::AltModifier);
+  const bool command = isCommand(*event);
   const int code = command ? 0 : keyCode(*event);
   if (code != 0 && !(isReadOnly() && code == key::kSpace)) emit keyDown(code);
   const QString typed = event->text();
@@ -154,15 +145,6 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
   });
   const QScopedValueRollback unfiltered(unfiltered_, typed);
   QLineEdit::inputMethodEvent(event);
-}
-
-bool typesSharpS(QWidget& field, const QKeyEvent& event) {
-  if (event.text() != u"ß"_s) return false;
-  for (int i = 0; i < 2; ++i) {
-    QKeyEvent s(QEvent::KeyPress, Qt::Key_S, Qt::NoModifier, u"s"_s);
-    QCoreApplication::sendEvent(&field, &s);
-  }
-  return true;
 }
 
 }  // namespace calvora

@@ -55,7 +55,4 @@ class TextBox : public QLineEdit {
   bool clickedInto_ = false;  ///< the click that brought the focus is still going on
 };
 
-/// Types "ss" for "ß", which no text field takes as a key. False for any other key.
-bool typesSharpS(QWidget& field, const QKeyEvent& event);
-
 }  // namespace calvora

@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QTextLayout>
 
-#include "platform/enter_press.h"
+#include "platform/form.h"
 #include "platform/twips.h"
 
 namespace calvora {

@@ -12,7 +12,6 @@
 #include "entry/date_text.h"
 #include "entry/key_filter.h"
 #include "platform/date_picker.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"

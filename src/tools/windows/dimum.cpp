@@ -6,7 +6,6 @@
 
 #include "base/guarded.h"
 #include "chem/subcalc.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/placement.h"

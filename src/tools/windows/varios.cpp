@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 
 #include "base/guarded.h"
-#include "platform/enter_press.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"

@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "base/version.h"
-#include "platform/pictures.h"
+#include "platform/picture.h"
 #include "platform/twips.h"
 #include "tools/versionstexte.h"
 
