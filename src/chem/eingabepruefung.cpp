@@ -6,6 +6,13 @@
 
 namespace calvora {
 
+namespace {
+
+/// The results that an emptied Kb8,2 takes along.
+constexpr auto kFromKb82 = {feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex};
+
+}  // namespace
+
 int ruledOutCapacity(const AnalysisRecord& record) {
   const FixedPoint ph = record.value[feld::kPh];
   if (ph < 1_fp) return 0;
@@ -17,7 +24,7 @@ void subcalc::clearRuledOutCapacity() {
   if (capacity == 0 || isEmpty(capacity)) return;
   if (capacity == feld::kKs82) return resetKs82();
   clear({feld::kKb82, feld::kPhAusKapazitäten});
-  clearFromKb82();
+  clear(kFromKb82);
 }
 
 void subcalc::checkeingabe(int index, const QString& text, int& status) {
@@ -56,11 +63,13 @@ bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
 void subcalc::checkAgainstOthers(int index, int& status) {
   switch (index) {
     case feld::kLeitfähigkeit:
-      return checkLeitfähigkeit();
+      if (!isEmpty(index)) return;
+      narrow_.leitfähigkeitAusIonen.clear();
+      return clear({feld::kPhAusLf});
     case feld::kPh:
       return checkPh();
     case feld::kTemperatur:
-      return checkTemperatur();
+      return isEmpty(index) ? resetKs82() : void();
     case feld::kKs82:
       return checkKs82(status);
     case feld::kKs43:
@@ -72,12 +81,6 @@ void subcalc::checkAgainstOthers(int index, int& status) {
   }
 }
 
-void subcalc::checkLeitfähigkeit() {
-  if (!isEmpty(feld::kLeitfähigkeit)) return;
-  clear({feld::kPhAusLf});
-  narrow_.leitfähigkeitAusIonen.clear();
-}
-
 void subcalc::checkPh() {
   if (!isEmpty(feld::kPh) && record_.value[feld::kKs82] > 0_fp && phExceedsKs82()) {
     record_.clearField(feld::kPh);
@@ -85,10 +88,6 @@ void subcalc::checkPh() {
   if (isEmpty(feld::kPh)) {
     clear({feld::kHydrogencarbonat, feld::kCarbonat, feld::kCo2Frei, feld::kCo2Überschüssig});
   }
-}
-
-void subcalc::checkTemperatur() {
-  if (isEmpty(feld::kTemperatur)) resetKs82();
 }
 
 void subcalc::checkKs82(int& status) {
@@ -126,15 +125,11 @@ void subcalc::checkKs43(int& status) {
 }
 
 void subcalc::checkKb82() {
-  if (isEmpty(feld::kKb82)) return clearFromKb82();
+  if (isEmpty(feld::kKb82)) return clear(kFromKb82);
   if (record_.value[feld::kKs82] <= 0_fp) return;
   show(InputFault::kBothKs82AndKb82);
   record_.clearField(feld::kKb82);
-  clearFromKb82();
-}
-
-void subcalc::clearFromKb82() {
-  clear({feld::kCo2Frei, feld::kCo2Überschüssig, feld::kSättigungsindex});
+  clear(kFromKb82);
 }
 
 /// Whether the measured pH needs more hydroxide than the given Ks8,2 holds; then the user is told

@@ -43,15 +43,12 @@ void subcalc::ph_aus_lf() {
   }
   const double conductivity = value(feld::kLeitfähigkeit);
   const double factor = conductivityFactor(conductivity);
-  if (record_.value[feld::kPh] <= 7_fp) {
-    const double ph = 3 - std::log10(conductivity / (kLambdaH * factor));
-    store(feld::kPhAusLf, ph, Format::kTwoDecimals);
-    if (ph < 4) record_.text[feld::kPhAusLf] = u"<4,0"_s;
-  } else {
-    const double ph = 11 + std::log10(conductivity / (kLambdaNaOH * factor));
-    store(feld::kPhAusLf, ph, Format::kTwoDecimals);
-    if (ph > 12.5) record_.text[feld::kPhAusLf] = u">12,5"_s;
-  }
+  const bool acid = record_.value[feld::kPh] <= 7_fp;
+  const double ph = acid ? 3 - std::log10(conductivity / (kLambdaH * factor))
+                         : 11 + std::log10(conductivity / (kLambdaNaOH * factor));
+  store(feld::kPhAusLf, ph, Format::kTwoDecimals);
+  if (acid && ph < 4) record_.text[feld::kPhAusLf] = u"<4,0"_s;
+  if (!acid && ph > 12.5) record_.text[feld::kPhAusLf] = u">12,5"_s;
   conductivityFromIons(minimumConductivity(factor), factor);
 }
 

@@ -116,16 +116,13 @@ class subcalc {
   // Input checks.
   bool rejectOutOfRange(int index, bool representable, int& status);
   void checkAgainstOthers(int index, int& status);
-  void checkLeitfähigkeit();
   void checkPh();
-  void checkTemperatur();
   void checkKs82(int& status);
   void checkKs43(int& status);
   void checkKb82();
   bool phExceedsKs82();
   bool ks82TooSmallForPh();
   void resetKs82();
-  void clearFromKb82();
 
   // Calculation.
   IonConductivity minimumConductivity(double factor);

@@ -15,33 +15,11 @@ namespace {
 
 constexpr int kSignificantDigits = 15;
 
-struct Scientific {
-  std::string digits;
-  int exponent;
-};
-
-/// Splits what to_chars writes in scientific form: d.dddde±xx.
-Scientific split(std::string_view written) {
-  const size_t e = written.find('e');
-  std::string digits(written.substr(0, e));
-  std::erase(digits, '.');
-  return {digits, QByteArrayView(written.substr(e + 1)).toInt()};
-}
-
-Scientific shortestForm(double magnitude) {
-  std::array<char, 40> buffer{};
-  const auto write = [&](auto... precision) {
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                      std::chars_format::scientific, precision...);
-    return split(std::string_view(buffer.data(), static_cast<size_t>(result.ptr - buffer.data())));
-  };
-  Scientific form = write();
-  if (form.digits.size() > kSignificantDigits) form = write(kSignificantDigits - 1);
-  return form;
-}
-
-void dropTrailingZeros(std::string& digits) {
-  while (!digits.empty() && digits.back() == '0') digits.pop_back();
+/// 10^exponent for the exponents that a number of 15 digits can be divided by.
+quint64 powerOfTen(int exponent) {
+  quint64 power = 1;
+  for (; exponent > 0; --exponent) power *= 10;
+  return power;
 }
 
 QString signedText(bool negative, const QString& magnitude) {
@@ -56,93 +34,82 @@ QString exponentText(int exponent) {
 
 }  // namespace
 
-Decimal::Decimal(double value) : negative_(value < 0) {
+Decimal::Decimal(double value) {
   if (!std::isfinite(value)) {
     throw RuntimeError(ErrorNumber::kOverflow, QStringLiteral("number is not finite"));
   }
-  if (value == 0) return;
-  Scientific form = shortestForm(std::abs(value));
-  digits_ = std::move(form.digits);
-  dropTrailingZeros(digits_);
-  point_ = form.exponent + 1;
+  std::array<char, 40> buffer{};  // d.dddde±xx
+  const auto write = [&](auto... precision) {
+    const auto written =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
+                      std::chars_format::scientific, precision...);
+    return std::string_view(buffer.data(), static_cast<size_t>(written.ptr - buffer.data()));
+  };
+  std::string_view text = write();
+  if (text.find('e') > kSignificantDigits + 1) text = write(kSignificantDigits - 1);
+  quint64 digits = 0;
+  int exponent = 0;
+  const size_t e = text.find('e');
+  std::from_chars(&text[text[e + 1] == '+' ? e + 2 : e + 1], text.end(), exponent);
+  for (size_t i = 0; i < e; ++i) {
+    if (text[i] != '.') digits = digits * 10 + static_cast<quint64>(text[i] - '0');
+    if (i > 1) --exponent;
+  }
+  *this = Decimal(value < 0, digits, exponent);
+}
+
+Decimal::Decimal(bool negative, quint64 digits, int exponent) {
+  if (digits == 0) return;
+  for (; digits % 10 == 0; digits /= 10) ++exponent;
+  negative_ = negative;
+  digits_ = digits;
+  exponent_ = exponent;
+  point_ = exponent;
+  for (; digits > 0; digits /= 10) ++point_;
 }
 
 Decimal Decimal::rounded(int decimals) const {
-  const int kept = point_ + decimals;
-  const int available = static_cast<int>(digits_.size());
-  if (kept >= available) return *this;
-  if (kept < 0) return {};
-  Decimal result;
-  result.point_ = point_;
-  result.digits_ = digits_.substr(0, static_cast<size_t>(kept));
-  if (digits_[static_cast<size_t>(kept)] >= '5') {
-    size_t carry = result.digits_.size();
-    while (carry > 0 && result.digits_[carry - 1] == '9') --carry;
-    result.digits_.resize(carry);
-    if (carry > 0) {
-      ++result.digits_.back();
-    } else {
-      result.digits_.assign(1, '1');
-      ++result.point_;
-    }
-  }
-  dropTrailingZeros(result.digits_);
-  if (result.digits_.empty()) return {};
-  result.negative_ = negative_;
-  return result;
+  const int dropped = -exponent_ - decimals;
+  if (dropped <= 0) return *this;
+  if (dropped > kSignificantDigits) return {};
+  const quint64 power = powerOfTen(dropped);
+  return {negative_, (digits_ + power / 2) / power, -decimals};
 }
 
 QString Decimal::fixedText(int decimals, LeadingZero zero) const {
   const Decimal number = rounded(decimals);
-  const auto digitAt = [&](int position) {
-    const bool known = position >= 0 && position < static_cast<int>(number.digits_.size());
-    return QLatin1Char(known ? number.digits_[static_cast<size_t>(position)] : '0');
-  };
-  QString text;
-  text.reserve(std::max(number.point_, 1) + decimals + 2);
-  for (int i = 0; i < number.point_; ++i) text += digitAt(i);
-  if (text.isEmpty() && (zero == LeadingZero::kWritten || decimals == 0)) text = QLatin1Char('0');
-  if (decimals > 0) {
-    text += QLatin1Char(',');
-    const int start = number.isZero() ? 0 : number.point_;
-    for (int i = 0; i < decimals; ++i) text += digitAt(start + i);
-  }
-  return signedText(number.negative_, text);
+  QString text =
+      QString::number(number.digits_) + QString(number.exponent_ + decimals, QLatin1Char('0'));
+  text = text.rightJustified(decimals + 1, QLatin1Char('0'));
+  if (decimals > 0) text.insert(text.size() - decimals, QLatin1Char(','));
+  const bool omitted = zero == LeadingZero::kOmitted && text.startsWith(QLatin1String("0,"));
+  return signedText(number.negative_, omitted ? text.mid(1) : text);
 }
 
 QString Decimal::scientificText() const {
-  if (isZero()) return QStringLiteral("0,00E+00");
-  Decimal mantissa = *this;
-  mantissa.point_ = 1;
-  mantissa = mantissa.rounded(2);
-  const int exponent = point_ - 1 + (mantissa.point_ - 1);
-  mantissa.point_ = 1;  // 9,999 became 10,0: the digit is the same, the exponent is one more
-  return mantissa.fixedText(2) + exponentText(exponent);
+  Decimal mantissa = Decimal(negative_, digits_, exponent_ - point_ + 1).rounded(2);
+  if (isZero()) return mantissa.fixedText(2) + exponentText(0);
+  const int carry = mantissa.point_ - 1;  // 9,999 became 10,0
+  mantissa = Decimal(negative_, mantissa.digits_, mantissa.exponent_ - carry);
+  return mantissa.fixedText(2) + exponentText(point_ - 1 + carry);
 }
 
 QString Decimal::fullText() const {
-  if (isZero()) return QStringLiteral("0");
-  const int decimals = std::max(0, static_cast<int>(digits_.size()) - point_);
+  const int decimals = std::max(0, -exponent_);
   if (point_ <= kSignificantDigits && decimals <= kSignificantDigits) return fixedText(decimals);
-  Decimal mantissa = *this;
-  mantissa.point_ = 1;
-  return mantissa.fixedText(static_cast<int>(digits_.size()) - 1) + exponentText(point_ - 1);
+  const Decimal mantissa(negative_, digits_, exponent_ - point_ + 1);
+  return mantissa.fixedText(point_ - exponent_ - 1) + exponentText(point_ - 1);
 }
 
 double readNumber(QStringView text) {
+  static const QRegularExpression kStart(QStringLiteral("\\A-?[.0-9]"));
+  if (!kStart.match(text).hasMatch()) return 0;  // from_chars would read "nan" and "inf" too
   const QByteArray written = text.toLatin1();
-  const qsizetype start = written.startsWith('-') ? 1 : 0;
-  const bool isNumber = written.size() > start && (written[start] == '.' || isDigit(text[start]));
-  if (!isNumber) return 0;  // from_chars would read "nan" and "inf" too
   double number = 0;
   const auto [end, error] = std::from_chars(written.begin(), written.end(), number);
   if (error != std::errc::result_out_of_range) return number;
   // The toolkit makes it infinite if it is too large, zero if it is too small.
   return text.first(end - written.begin()).toDouble();
-}
-
-bool isDigit(QChar c) {
-  return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
 bool isNumberText(const QString& text) {

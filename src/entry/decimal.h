@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <string>
 
 namespace calvora {
 
@@ -13,12 +12,12 @@ class Decimal {
   /// Runtime error 6 for a number that is not finite.
   explicit Decimal(double value);
 
-  [[nodiscard]] bool isZero() const { return digits_.empty(); }
+  [[nodiscard]] bool isZero() const { return digits_ == 0; }
 
   /// Whether the magnitude is 1 or more.
   [[nodiscard]] bool hasWholePart() const { return point_ > 0; }
 
-  [[nodiscard]] bool isWhole() const { return static_cast<int>(digits_.size()) <= point_; }
+  [[nodiscard]] bool isWhole() const { return exponent_ >= 0; }
 
   /// The zeros that stand right after the decimal comma of a magnitude below 1.
   [[nodiscard]] int zerosAfterComma() const { return point_ < 0 ? -point_ : 0; }
@@ -41,18 +40,17 @@ class Decimal {
 
  private:
   Decimal() = default;
+  Decimal(bool negative, quint64 digits, int exponent);
 
   bool negative_ = false;
-  std::string digits_;  // without leading and trailing zeros; empty for zero
+  quint64 digits_ = 0;  // without zeros at the end
+  int exponent_ = 0;    // of the last digit: the number is digits × 10^exponent
   int point_ = 0;       // digits before the decimal comma; negative: zeros after it
 };
 
 /// The number at the start of a text in invariant (point) notation, digits, one point and an
 /// exponent; 0 if there is none, infinite if it is too large for a double.
 double readNumber(QStringView text);
-
-/// Whether the character is one of the ten digits that numbers are typed with.
-bool isDigit(QChar c);
 
 /// Whether the whole text is a number with digits, at most one comma or point and an optional
 /// leading minus.

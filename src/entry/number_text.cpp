@@ -24,27 +24,6 @@ bool takeBelowMark(QString& text, bool allowed) {
   return below;
 }
 
-/// Turns the first separator into a point; a second one makes the text invalid. Ends at a character
-/// that no number has.
-check::Result toPointNotation(QString& text, bool below, bool& readable) {
-  check::Result result = check::kValid;
-  bool separatorSeen = false;
-  for (QChar& c : text) {
-    if (c == ','_L1 || c == '.'_L1) {
-      if (separatorSeen) {
-        result = check::kInvalid;
-      } else {
-        c = '.'_L1;
-        separatorSeen = true;
-      }
-    } else if (!isDigit(c) && (c != '-'_L1 || below)) {
-      readable = false;
-      return check::kInvalid;
-    }
-  }
-  return result;
-}
-
 double readCommaNumber(QString text) {
   const qsizetype comma = text.indexOf(','_L1);
   if (comma >= 0) text[comma] = '.'_L1;
@@ -116,9 +95,16 @@ check::Result checkLimits(QString& text, const QString& minimum, QString& maximu
   const bool below = takeBelowMark(text, belowAllowed);
   if (below && maximum.isEmpty()) maximum = u"0.1"_s;
   if (text.isEmpty()) return check::kEmpty;
-  bool readable = true;
-  check::Result result = toPointNotation(text, below, readable);
-  if (!readable) return result;
+  static const QRegularExpression kSeparator(u"[,.]"_s);
+  static const QRegularExpression kForeign(u"[^-0-9,.]"_s);
+  static const QRegularExpression kForeignBelow(u"[^0-9,.]"_s);
+  const qsizetype foreign = text.indexOf(below ? kForeignBelow : kForeign);
+  const qsizetype separator = text.indexOf(kSeparator);
+  const bool separated = separator >= 0 && (foreign < 0 || separator < foreign);
+  if (separated) text[separator] = '.'_L1;
+  if (foreign >= 0) return check::kInvalid;
+  const bool second = separated && text.indexOf(kSeparator, separator + 1) >= 0;
+  check::Result result = second ? check::kInvalid : check::kValid;
   const double number = readNumber(text);
   const bool tooSmall = !minimum.isEmpty() && number < readCommaNumber(minimum);
   const bool tooLarge = !maximum.isEmpty() && number > readCommaNumber(maximum);

@@ -3,7 +3,6 @@
 #include <QDate>
 #include <functional>
 
-#include "model/header.h"
 #include "model/record.h"
 #include "model/settings.h"
 #include "model/umrechnungstabelle.h"
