@@ -22,13 +22,13 @@ void printToPdf(benchmark::State& state) {
   }
   for ([[maybe_unused]] auto _ : state) {
     Drucker dialog(bench.program, bench.questions, bench.desktop, &bench.window, &grid);
-    dialog.druckart(static_cast<int>(state.range(0)));
+    dialog.druckart(static_cast<Bericht>(state.range(0)));
     dialog.Command2->click();
   }
   if (!QFile::exists(bench.desktop.file + u".pdf"_s)) state.SkipWithError("nothing was printed");
 }
 
-BENCHMARK(printToPdf)->ArgName("kind")->Arg(bericht::kAnalyse)->Arg(bericht::kÜbersicht);
+BENCHMARK(printToPdf)->ArgName("kind")->Arg(int(Bericht::kAnalyse))->Arg(int(Bericht::kÜbersicht));
 
 }  // namespace
 

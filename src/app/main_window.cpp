@@ -328,7 +328,8 @@ void main::Command1_Click(int index) {
   setEnabled(false);
   auto enable = qScopeGuard([this] { setEnabled(true); });
   const auto take = [this](int field, const QString& text) { return takeOver(field, text); };
-  auto converter = std::make_unique<dimum>(program_, questions_, desktop_, take, *this);
+  auto converter =
+      std::make_unique<dimum>(program_.record, index, questions_, desktop_, take, *this);
   connect(converter.get(), &QDialog::finished, this, [this, index] { converterClosed(index); });
   converter->show();
   converter->activateWindow();
@@ -398,7 +399,7 @@ void main::mnu_drucken_Click() {
     return;
   }
   Drucker window(program_, questions_, desktop_, this);
-  window.druckart(bericht::kAnalyse);
+  window.druckart(Bericht::kAnalyse);
   window.exec();
 }
 
@@ -411,11 +412,11 @@ void main::mnu2_fatext_Click() {
 }
 
 void main::mnu2_tk_Click() {
-  showOnce<varios>(*this, [this] { return new varios(questions_, this); });
+  showOnce<varios>(*this, [this] { return new varios(this); });
 }
 
 void main::mnu_version_Click() {
-  Version window(program_, this);
+  Version window(program_.today(), this);
   window.exec();
 }
 

@@ -12,37 +12,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Rgb = quint32;
-
-constexpr Rgb rgb(Rgb red, Rgb green, Rgb blue) {
-  return red << 16 | green << 8 | blue;
-}
-
-constexpr std::array<Rgb, 4> kPalette{rgb(0, 0, 255), rgb(0, 192, 0), rgb(0, 255, 255),
-                                      rgb(255, 255, 0)};
+constexpr std::array<quint32, 4> kPalette{0x0000ff, 0x00c000, 0x00ffff, 0xffff00};
 // The text colour knows only the first two palette colours, under two numbers each.
-constexpr std::array<Rgb, 4> kTextPalette{kPalette[0], kPalette[1], kPalette[0], kPalette[1]};
-constexpr Rgb kWhite = rgb(255, 255, 255);
-constexpr Rgb kBlack = 0;
+constexpr std::array<quint32, 4> kTextPalette{kPalette[0], kPalette[1], kPalette[0], kPalette[1]};
 
-/// The palette colour of a digit from 1 to 4, else the digit as a colour value of its own, whose
-/// lowest byte is red.
-Rgb colourOf(int digit, const std::array<Rgb, 4>& palette) {
-  if (digit >= 1 && digit <= 4) return palette.at(static_cast<size_t>(digit - 1));
-  return rgb(static_cast<Rgb>(digit), 0, 0);
+/// The palette colour of a digit from 1 to 4, else the colour given for it.
+quint32 colourOf(int digit, const std::array<quint32, 4>& palette, quint32 other) {
+  return digit >= 1 && digit <= 4 ? palette.at(static_cast<size_t>(digit - 1)) : other;
 }
 
-Rgb buttonColourOf(int digit) {
-  if (digit >= 1 && digit <= 4) return kPalette.at(static_cast<size_t>(digit - 1));
-  return digit == 0 ? kWhite : kBlack;
-}
-
+/// A window or text digit beyond the palette is a colour value whose lowest byte is red; a button
+/// is then black, and white for 0.
 std::optional<MessageLayout::Colours> coloursOf(const QString& style) {
   if (style.isEmpty()) return std::nullopt;
-  const auto digit = [&](qsizetype i) { return i < style.size() ? style[i].digitValue() : 0; };
-  const auto known = [&](qsizetype i) { return std::max(0, digit(i)); };
-  return MessageLayout::Colours{colourOf(known(0), kPalette), colourOf(known(1), kTextPalette),
-                                buttonColourOf(known(2))};
+  const auto digit = [&](qsizetype i) {
+    return i < style.size() ? std::max(0, style[i].digitValue()) : 0;
+  };
+  const auto ownColour = [&](qsizetype i) { return static_cast<quint32>(digit(i)) << 16; };
+  return MessageLayout::Colours{colourOf(digit(0), kPalette, ownColour(0)),
+                                colourOf(digit(1), kTextPalette, ownColour(1)),
+                                colourOf(digit(2), kPalette, digit(2) == 0 ? 0xffffff : 0)};
 }
 
 struct Lines {
@@ -99,24 +88,15 @@ void placeButtons(MessageLayout& layout) {
     layout.buttons.front().left = (layout.width - kWidth) / 2;
     return;
   }
-  int left = 700;
-  int gap = (layout.width - kWidth * count - 2 * left) / (count - 1);
-  if (gap < 1) {
-    left = 400;
-    gap = (layout.width - kWidth * count - 2 * left) / (count - 1);
-  }
+  const auto gapBeside = [&](int margin) {
+    return (layout.width - kWidth * count - 2 * margin) / (count - 1);
+  };
+  int left = gapBeside(700) < 1 ? 400 : 700;
+  const int step = kWidth + gapBeside(left);
   for (MessageLayout::PlacedButton& button : layout.buttons) {
     button.left = left;
-    left += kWidth + gap;
+    left += step;
   }
-}
-
-/// Few lines stand beside the middle of the symbol, many start high enough to end above the
-/// buttons.
-int textTop(int lineCount) {
-  constexpr int kHighest = 450;
-  constexpr int kMiddle = message_design::kSymbolTop + message_design::kSymbolSize / 2;
-  return std::max(kHighest, kMiddle - 125 * lineCount);
 }
 
 }  // namespace
@@ -160,20 +140,22 @@ MessageLayout layoutMessage(const Message& message, const TextWidth& measure) {
     const int row = 800 + message_design::kButtonWidth * buttonCount;
     layout.width = std::max({layout.width - 2000, row, needed});
   }
-  layout.textTop = textTop(lines.count - 1);
+  // Few lines stand beside the middle of the symbol, many start high enough to end above the
+  // buttons.
+  constexpr int kMiddle = message_design::kSymbolTop + message_design::kSymbolSize / 2;
+  layout.textTop = std::max(450, kMiddle - 125 * (lines.count - 1));
   layout.buttonTop = layout.height - 1000;
   placeButtons(layout);
   return layout;
 }
 
 Button closeAnswer(const MessageLayout& layout) {
-  for (const auto button : {Button::kAbbrechen, Button::kNein}) {
-    const auto isThat = [&](const MessageLayout::PlacedButton& b) {
-      return buttonOf(b.index) == button;
-    };
-    if (std::ranges::any_of(layout.buttons, isThat)) return button;
-  }
-  return buttonOf(layout.buttons.front().index);
+  const auto offers = [&](Button button) {
+    return std::ranges::any_of(
+        layout.buttons, [&](const auto& placed) { return buttonOf(placed.index) == button; });
+  };
+  if (offers(Button::kAbbrechen)) return Button::kAbbrechen;
+  return offers(Button::kNein) ? Button::kNein : buttonOf(layout.buttons.front().index);
 }
 
 }  // namespace calvora

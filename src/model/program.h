@@ -5,7 +5,6 @@
 
 #include "model/record.h"
 #include "model/settings.h"
-#include "model/umrechnungstabelle.h"
 
 namespace calvora {
 
@@ -26,7 +25,6 @@ struct Program {
   bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
   QString programFolder;
   Settings settings;
-  Umrechnungstabelle conversion;  ///< of the unit converter
 
   /// The printer's page orientation; what was chosen stays in force for the next report.
   bool landscape = false;
@@ -36,11 +34,10 @@ struct Program {
 
   NarrowTexts narrow;
 
-  /// Empties record, flags, header and conversion table and forgets the entry in progress.
+  /// Empties record, flags and header and forgets the entry in progress.
   void restart() {
     resetRecord();
     header.clear();
-    conversion.clear();
     fieldIndex = 0;
   }
 

@@ -22,6 +22,22 @@ QString asField(QString text) {
 
 }  // namespace
 
+Button uebersichtMeldung(Questions& questions, int code, const QString& extra) {
+  using namespace uebersicht;
+  static const std::array kCatalogue{
+      catalogueEntry(kAlleLöschen, u"Reset"_s, Button::kOk | Button::kAbbrechen, Symbol::kAttention,
+                     {u"Alle Einträge werden gelöscht !"_s}),
+      catalogueEntry(kEntfernen, u"Analysen-Übersicht"_s, Button::kJa | Button::kNein,
+                     Symbol::kAttention, {u"Wasser - %1  "_s, u"entfernen ?"_s}),
+      catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kDone,
+                     {u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
+  };
+  Message message = catalogueMessage(kCatalogue, code, extra);
+  message.left = message.top = 0;
+  message.style = u"210"_s;
+  return questions.ask(message);
+}
+
 std::span<const FieldRow> fieldRows() {
   static const auto kRows = [] {
     std::vector<FieldRow> rows;

@@ -3,10 +3,22 @@
 #include <span>
 #include <utility>
 
+#include "base/questions.h"
 #include "model/overview_grid.h"
 #include "model/program.h"
 
 namespace calvora {
+
+/// Codes of the overview's messages.
+namespace uebersicht {
+inline constexpr int kAlleLöschen = 1;
+inline constexpr int kEntfernen = 2;
+inline constexpr int kProjektGespeichert = 3;
+}  // namespace uebersicht
+
+/// Shows the overview's message of `code`, centred, and returns the pressed button. `extra` is the
+/// slot that message 2 asks about.
+Button uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
 
 /// A field of the analysis record and the row of the overview that shows it. Field 10 has none.
 struct FieldRow {

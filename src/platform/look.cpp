@@ -136,6 +136,7 @@ QIcon icon() {
 }  // namespace
 
 void applyLook(QApplication& application) {
+  QApplication::setApplicationVersion(QStringLiteral(CALVORA_VERSION));
   QApplication::setStyle(new FocusStyle);  // the application owns it
   QApplication::setPalette(palette());
   QToolTip::setPalette(palette());  // a tip would otherwise keep the desktop's

@@ -19,7 +19,7 @@ enum class Role {
   kSection,   ///< header of a group
 };
 
-/// Gives the program its font, its colours, its icon and German texts in the toolkit's own dialogs.
+/// Gives the program its version, its font, its colours, its icon and German texts in Qt's dialogs.
 /// The colours are the program's own, so that a dark desktop never meets a light box.
 void applyLook(QApplication& application);
 

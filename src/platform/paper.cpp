@@ -1,10 +1,10 @@
 #include "platform/paper.h"
 
+#include <QCoreApplication>
 #include <QLibrary>
 
 #include "base/runtime_error.h"
 #include "base/safe_write.h"
-#include "base/version.h"
 
 namespace calvora {
 
@@ -32,7 +32,7 @@ PdfPaper::PdfPaper(const QString& path, const QString& title, const QPageLayout&
     : path_(path), writer_(&content_) {
   content_.open(QBuffer::WriteOnly);
   writer_.setTitle(title);
-  writer_.setCreator(u"Calvora %1.%2"_s.arg(kVersionMajor).arg(kVersionMinor));
+  writer_.setCreator(u"Calvora "_s + QCoreApplication::applicationVersion().section('.'_L1, 0, 1));
   writer_.setPageLayout(layout);
 }
 

@@ -90,15 +90,8 @@ void fieldLine(Writer& report, const Field& field, const AnalysisRecord& record)
 
 }  // namespace
 
-QString reportTitle(int kind) {
-  switch (kind) {
-    case bericht::kAnalyse:
-      return u"Wasser - Analyse"_s;
-    case bericht::kÜbersicht:
-      return u"Analysen Übersicht"_s;
-    default:
-      return {};
-  }
+QString reportTitle(Bericht kind) {
+  return kind == Bericht::kAnalyse ? u"Wasser - Analyse"_s : u"Analysen Übersicht"_s;
 }
 
 Statements headStatements(const ReportHead& head, bool landscape) {
@@ -123,7 +116,7 @@ Statements headStatements(const ReportHead& head, bool landscape) {
   line(u"Projekt:"_s, head.project);
   if (!head.fileName.isEmpty()) line(u"Dateiname:   "_s, head.fileName);
   if (!head.sample.isEmpty()) line(u"Bezeichnung Probe:"_s, head.sample);
-  if (head.kind == bericht::kAnalyse) line(u"Probenahme-Datum:"_s, head.samplingDate);
+  if (head.kind == Bericht::kAnalyse) line(u"Probenahme-Datum:"_s, head.samplingDate);
   const QString remark = onOneLine(head.remark);
   if (!remark.isEmpty()) line(u"Bemerkung:"_s, remark);
   portraitLines(2);
@@ -169,8 +162,8 @@ Statements overviewStatements(const OverviewGrid& grid) {
   return report.statements;
 }
 
-QString proposedPdfName(int kind, const QString& analysisName) {
-  QString name = kind == bericht::kAnalyse ? analysisName.trimmed() : QString();
+QString proposedPdfName(Bericht kind, const QString& analysisName) {
+  QString name = kind == Bericht::kAnalyse ? analysisName.trimmed() : QString();
   if (name.isEmpty()) name = reportTitle(kind);
   return asFileName(name) + u".pdf"_s;
 }

@@ -1,25 +1,43 @@
 #pragma once
 
 #include <QDate>
+#include <vector>
 
 #include "model/overview_grid.h"
 #include "model/record.h"
-#include "print/statement.h"
 
 namespace calvora {
 
-/// The kinds of reports.
-namespace bericht {
-inline constexpr int kAnalyse = 2;    ///< the analysis in the main window
-inline constexpr int kÜbersicht = 3;  ///< the analyses of the overview, side by side
-}  // namespace bericht
+/// One thing that a report tells the printer. The printer keeps a current position and a current
+/// font; see ReportPrinter for what each kind does with them.
+struct Statement {
+  enum class Kind {
+    kFont,      ///< text: family
+    kSize,      ///< number: points
+    kEmphasis,  ///< number: 1 on, 0 off
+    kTab,       ///< number: text column, from 1
+    kText,      ///< text
+    kEndLine,
+  };
 
-/// Title of a report kind; empty for any other number.
-QString reportTitle(int kind);
+  Kind kind = Kind::kEndLine;
+  int number = 0;
+  QString text = {};
+};
+
+using Statements = std::vector<Statement>;
+
+/// The kinds of reports.
+enum class Bericht {
+  kAnalyse = 2,    ///< the analysis in the main window
+  kÜbersicht = 3,  ///< the analyses of the overview, side by side
+};
+
+QString reportTitle(Bericht kind);
 
 /// What the head of a report says.
 struct ReportHead {
-  int kind = bericht::kAnalyse;
+  Bericht kind = Bericht::kAnalyse;
   QString companyLine = {};
   QDate today = {};
   QString project = {};
@@ -40,6 +58,6 @@ Statements overviewStatements(const OverviewGrid& grid);
 
 /// File name proposed for a report on an analysis, without characters that no system allows in one.
 /// Named after the report where the analysis has no name.
-QString proposedPdfName(int kind, const QString& analysisName);
+QString proposedPdfName(Bericht kind, const QString& analysisName);
 
 }  // namespace calvora

@@ -42,10 +42,9 @@ QStringList temperaturListe() {
 }
 
 KorrigiertesVolumen korrigiertesVolumen(const QString& volumen, int temperatur) {
-  const double expansion = expansionAt(temperatur);
   const double measured = numberIn(volumen);
   if (measured == 0) return {};
-  const double corrected = measured - expansion * measured / 1000;
+  const double corrected = measured - expansionAt(temperatur) * measured / 1000;
   return {.volumen = numberText(corrected, Format::kTwoDecimals),
           .faktor = numberText(corrected / measured, Format::kThreeDecimals)};
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QString>
-
 #include "base/questions.h"
-#include "model/program.h"
+#include "model/record.h"
 
 namespace calvora {
 
@@ -11,12 +9,13 @@ namespace calvora {
 inline constexpr int kUnitSlots = 14;
 inline constexpr int kSlotRows = 7;
 
-struct Unit;
+struct FieldUnits;
 
 /// What a slot shows.
 struct UnitSlot {
-  QString caption;        ///< the unit; its leading blanks belong to it
-  QString text;           ///< the value in that unit
+  QString caption = {};   ///< the unit; its leading blanks belong to it
+  QString text = {};      ///< the value in that unit
+  double value = 0;       ///< before it is rounded for its text
   bool enabled = false;   ///< can be clicked
   bool massless = false;  ///< a mass concentration of a field that names no substance
 };
@@ -28,13 +27,13 @@ enum class Conversion {
   kTooLarge,    ///< converted and shown, to be typed again
 };
 
-/// The unit converter: shows the value of the program's current field in every unit of its group.
-/// All conversions go through the unit of slot 1: µS/cm, °C or °dH. A field without units (any but
-/// 1, 3 to 6, 20 and 23 to 26) has only empty slots.
+/// The unit converter: shows the value of a field of the analysis in every unit of its group. All
+/// conversions go through the unit of slot 1: µS/cm, °C or °dH. A field without units (any but 1,
+/// 3 to 6, 20 and 23 to 26) has only empty slots.
 class Umrechner {
  public:
-  /// Shows the value that the record holds for the current field.
-  Umrechner(Program& program, Questions& questions);
+  /// Shows the value that the record holds for the field.
+  Umrechner(const AnalysisRecord& record, int field);
 
   [[nodiscard]] int field() const { return field_; }
 
@@ -59,9 +58,6 @@ class Umrechner {
   /// is too large.
   Conversion enter(int slot, const QString& typed);
 
-  /// Tells why a typed value cannot stay; nothing for one that can.
-  void tell(Conversion result, int slot);
-
   /// Empties what the slots show, as after a value that is too large.
   void clearTexts();
 
@@ -76,28 +72,17 @@ class Umrechner {
   [[nodiscard]] bool isRuledOut() const;
 
  private:
-  void labelcap();
-  void hcvmol();
-  void dimumdar(int slot, const NumberCell& value);
-  void dimumlf(int slot, double value);
-  void dimumtemp(int slot, double value);
-  void dimumrest(int slot, double value);
-  void dimumall();
+  void show(int slot, double given);
 
-  void setBase(double value);
-  [[nodiscard]] int lastSlot() const;
-  [[nodiscard]] double toBase(int slot, double value) const;
-  [[nodiscard]] double fromBase(int slot, double base) const;
-  [[nodiscard]] double scaleOf(const Unit& unit) const;
-  [[nodiscard]] NumberCell& value(int slot) const;
-
-  Program& program_;
-  Questions& questions_;
-  Werteingabe entry_;
+  const AnalysisRecord& record_;
   int field_;
-  bool typed_ = false;  ///< the slots show a value that was typed here
+  const FieldUnits* units_;  ///< null: the field has none
+  bool typed_ = false;       ///< the slots show a value that was typed here
   CheckedArray<UnitSlot, kUnitSlots + 1> slots_;
 };
+
+/// Why a value typed in a slot's unit cannot stay.
+Message entryNotice(Conversion result, int slot);
 
 /// What the converter's help says.
 QString umrechnerHilfe();

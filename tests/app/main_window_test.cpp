@@ -430,7 +430,6 @@ class MainWindowTest : public QObject {
     mask.enter(2, u"7"_s);
     mask.program.header[1] = u"Projekt"_s;
     mask.program.dataPresent = true;
-    mask.program.conversion[1][spalte::kWert] = 420.0;
     mask.program.settings.slot[setting::kDataFolder] = u"/gibt/es/nicht"_s;  // is read again
     QVERIFY(mask.window.eincheck());
     mask.questions.expect(kSaveQuestion, Button::kNein);
@@ -439,7 +438,6 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.program.record, AnalysisRecord{});
     QCOMPARE(mask.program.fieldIndex, 0);
     QCOMPARE(mask.program.header[1], QString());
-    QVERIFY(mask.program.conversion == Umrechnungstabelle{});
     QCOMPARE(mask.program.settings.slot[setting::kDataFolder], mask.folder.filePath(u"daten"_s));
     QVERIFY(!mask.program.entryChanged && !mask.program.dataPresent);
     QVERIFY(!mask.window.eincheck());

@@ -60,7 +60,7 @@ Made makeMessage(Mask& mask) {
 
 Made makePrint(Mask& mask) {
   auto dialog = std::make_unique<Drucker>(mask.program, mask.questions, mask.desktop, &mask.window);
-  dialog->druckart(bericht::kAnalyse);
+  dialog->druckart(Bericht::kAnalyse);
   return dialog;
 }
 
@@ -94,10 +94,10 @@ void SmallScreenTest::windows() {
       [](Mask& m) { return std::make_unique<analysen>(m.program, m.questions, m.desktop); });
   row("dimum", [](Mask& m) {
     m.program.fieldIndex = 20;
-    return std::make_unique<dimum>(m.program, m.questions, m.desktop, nullptr, m.window);
+    return std::make_unique<dimum>(m.program.record, 1, m.questions, m.desktop, nullptr, m.window);
   });
-  row("varios", [](Mask& m) { return std::make_unique<varios>(m.questions, &m.window); });
-  row("Version", [](Mask& m) { return std::make_unique<Version>(m.program, &m.window); });
+  row("varios", [](Mask& m) { return std::make_unique<varios>(&m.window); });
+  row("Version", [](Mask& m) { return std::make_unique<Version>(m.program.today(), &m.window); });
   row("nachricht", makeMessage);
   row("Drucker", makePrint);
   row("bb_msg", makeError);

@@ -121,6 +121,14 @@ struct Printing : Mask {
     };
   }
 
+  /// The print dialog for a kind of report, shown.
+  std::unique_ptr<Drucker> opened(Bericht kind, const OverviewGrid* grid = nullptr) {
+    auto dialog = std::make_unique<Drucker>(program, questions, desktop, &window, grid);
+    dialog->druckart(kind);
+    dialog->show();
+    return dialog;
+  }
+
   QString pdf = folder.filePath(u"a.pdf"_s);
 };
 
@@ -130,82 +138,70 @@ class PrintTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void anAnalysisIsPrintedFromTheMenu();
-  void anOverviewOfEightFitsItsPage();
-  void statementsFallOnThePage_data();
-  void statementsFallOnThePage();
-  void aFaultIsToldAndTheHeaderKept_data();
-  void aFaultIsToldAndTheHeaderKept();
-  void theDialogIsUsedWithTheKeyboard();
-  void thePreviewPrintsNothing();
-  void aPdfFileIsOneOfThePrinters();
-};
+  void anAnalysisIsPrintedFromTheMenu() {
+    Printing mask;
+    onNextModal<Drucker>(this, [&](Drucker& window) {
+      QCOMPARE(window.windowTitle(), u"   Drucker"_s);
+      window.Text1(2).setText(u"Neubau"_s);
+      QTest::keyClick(window.Command2, Qt::Key_Enter);
+    });
+    mask.press(Qt::Key_P, Qt::ControlModifier);
+    QCOMPARE(mask.desktop.printRequests.at(0).pdfFile, mask.folder.filePath(u"brunnen.pdf"_s));
+    const ReportHead head{.companyLine = u"Firma Weg 1 Ort"_s,
+                          .today = QDate(2026, 11, 22),
+                          .project = u"Neubau"_s,
+                          .fileName = u"brunnen"_s};
+    Statements report = headStatements(head, false);
+    for (const Statement& statement : analysisStatements(mask.program.record)) {
+      report.push_back(statement);
+    }
+    QCOMPARE(linesOf(mask.pdf), linesOf(report));
+    // Padded values end in one place, and so do the columns that they are read by.
+    const double end = extents(mask.pdf, u"1420,000"_s).value(0).second;
+    const auto values = extents(mask.pdf, u"7,50"_s);
+    QCOMPARE(values.size(), 20);
+    for (const auto& value : values) QVERIFY(std::abs(value.second - end) < 0.5);
+    const QString fonts = outputOf(u"pdffonts"_s, {mask.pdf});  // plain and bold, embedded
+    QCOMPARE(fonts.count(QRegularExpression(u" yes \\w+ +yes "_s)), 2);
+    const QString info = outputOf(u"pdfinfo"_s, {mask.pdf});
+    QVERIFY(info.contains(u"Wasser - Analyse - brunnen"_s) && info.contains(u"Calvora"_s));
 
-void PrintTest::anAnalysisIsPrintedFromTheMenu() {
-  Printing mask;
-  onNextModal<Drucker>(this, [&](Drucker& window) {
-    QCOMPARE(window.windowTitle(), u"   Drucker"_s);
-    window.Text1(2).setText(u"Neubau"_s);
-    QTest::keyClick(window.Command2, Qt::Key_Enter);
-  });
-  mask.press(Qt::Key_P, Qt::ControlModifier);
-  QCOMPARE(mask.desktop.printRequests.at(0).pdfFile, mask.folder.filePath(u"brunnen.pdf"_s));
-  const ReportHead head{.companyLine = u"Firma Weg 1 Ort"_s,
-                        .today = QDate(2026, 11, 22),
-                        .project = u"Neubau"_s,
-                        .fileName = u"brunnen"_s};
-  Statements report = headStatements(head, false);
-  for (const Statement& statement : analysisStatements(mask.program.record)) {
-    report.push_back(statement);
+    mask.program.record.clear();
+    mask.program.record.text[feld::kPhBei25] = u"7,5"_s;
+    mask.activate();
+    mask.questions.expect(u"Es sind keine Daten zum drucken  \n\r vorhanden ! "_s);
+    mask.press(Qt::Key_P, Qt::ControlModifier);
   }
-  QCOMPARE(linesOf(mask.pdf), linesOf(report));
-  // Padded values end in one place, and so do the columns that they are read by.
-  const double end = extents(mask.pdf, u"1420,000"_s).value(0).second;
-  const auto values = extents(mask.pdf, u"7,50"_s);
-  QCOMPARE(values.size(), 20);
-  for (const auto& value : values) QVERIFY(std::abs(value.second - end) < 0.5);
-  const QString fonts = outputOf(u"pdffonts"_s, {mask.pdf});  // plain and bold, embedded
-  QCOMPARE(fonts.count(QRegularExpression(u" yes \\w+ +yes "_s)), 2);
-  const QString info = outputOf(u"pdfinfo"_s, {mask.pdf});
-  QVERIFY(info.contains(u"Wasser - Analyse - brunnen"_s) && info.contains(u"Calvora"_s));
 
-  mask.program.record.clear();
-  mask.program.record.text[feld::kPhBei25] = u"7,5"_s;
-  mask.activate();
-  mask.questions.expect(u"Es sind keine Daten zum drucken  \n\r vorhanden ! "_s);
-  mask.press(Qt::Key_P, Qt::ControlModifier);
-}
-
-void PrintTest::anOverviewOfEightFitsItsPage() {
-  Printing mask;
-  mask.program.header[3] = u"Rücklauf"_s;
-  OverviewGrid grid;
-  for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
-    grid.slot[k].filled = true;
-    grid.slot[k].caption = u"0000000%1"_s.arg(k);
-    grid.slot[k].cells[24] = u"9999,999"_s;
+  void anOverviewOfEightFitsItsPage() {
+    Printing mask;
+    mask.program.header[3] = u"Rücklauf"_s;
+    OverviewGrid grid;
+    for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+      grid.slot[k].filled = true;
+      grid.slot[k].caption = u"0000000%1"_s.arg(k);
+      grid.slot[k].cells[24] = u"9999,999"_s;
+    }
+    const auto dialog = mask.opened(Bericht::kÜbersicht, &grid);
+    Drucker& window = *dialog;
+    QVERIFY(!window.Text1(3).isVisible() && !window.Label3->isVisible());
+    window.Command2->click();
+    const QStringList lines = linesOf(mask.pdf);
+    QVERIFY(lines.contains(u"Bezeichnung Probe: Rücklauf"_s) && !lines.contains(u"---"_s));
+    QCOMPARE(lines.back(), u"9999,999 "_s.repeated(8).trimmed());
+    const double rightMargin = (297 - 10) / 25.4 * 72;
+    QVERIFY(extents(mask.pdf, u"00000008"_s).value(0).second < rightMargin);
+    const auto values = extents(mask.pdf, u"9999,999"_s);
+    for (int k = 0; k < 8; ++k) {
+      const double column = 10 / 25.4 * 72 + (66 + 14 * k) * 904 / 2048.0 * 10;
+      QVERIFY(std::abs(values.value(k).first - column) < 0.5);
+    }
+    QVERIFY(mask.program.landscape);  // stays in force
   }
-  Drucker window(mask.program, mask.questions, mask.desktop, &mask.window, &grid);
-  window.druckart(bericht::kÜbersicht);
-  window.show();
-  QVERIFY(!window.Text1(3).isVisible() && !window.Label3->isVisible());
-  window.Command2->click();
-  const QStringList lines = linesOf(mask.pdf);
-  QVERIFY(lines.contains(u"Bezeichnung Probe: Rücklauf"_s) && !lines.contains(u"---"_s));
-  QCOMPARE(lines.back(), u"9999,999 "_s.repeated(8).trimmed());
-  const double rightMargin = (297 - 10) / 25.4 * 72;
-  QVERIFY(extents(mask.pdf, u"00000008"_s).value(0).second < rightMargin);
-  const auto values = extents(mask.pdf, u"9999,999"_s);
-  for (int k = 0; k < 8; ++k) {
-    const double column = 10 / 25.4 * 72 + (66 + 14 * k) * 904 / 2048.0 * 10;
-    QVERIFY(std::abs(values.value(k).first - column) < 0.5);
-  }
-  QVERIFY(mask.program.landscape);  // stays in force
-}
 
-void PrintTest::statementsFallOnThePage_data() {
-  addRows(
-      uR"(
+  void statementsFallOnThePage_data() {
+    addRows(
+        uR"(
       a tab                    | W*20 tab:60 b | W{20} b;
       a column that is passed  | W*20 tab:20 b | W{20};b;
       a line that shrinks      | W*80          | W{80};
@@ -214,26 +210,25 @@ void PrintTest::statementsFallOnThePage_data() {
       off the page             | W*20 tab:130 b | W{20} +…;
       empty lines make no page | x /*90        | x;
   )"_s);
-}
+  }
+  void statementsFallOnThePage() {
+    QFETCH(QStringList, row);
+    const QTemporaryDir folder;
+    const QString pdf = folder.filePath(u"a.pdf"_s);
+    PdfPaper paper(pdf, u"T"_s, reportPage(false));
+    ReportPrinter printer(paper.device());
+    for (const Statement& statement : parsed(row[1])) printer.print(statement);
+    printer.end();
+    paper.deliver();
+    const QString printed = linesOf(pdf).join(';'_L1) + ';'_L1;
+    const QRegularExpression expected(QRegularExpression::anchoredPattern(row[2]));
+    QVERIFY2(expected.match(printed).hasMatch(), qPrintable(printed));
+    for (const auto& word : extents(pdf, u"[^<]+"_s)) QVERIFY(word.second < 200 / 25.4 * 72 + 0.5);
+  }
 
-void PrintTest::statementsFallOnThePage() {
-  QFETCH(QStringList, row);
-  const QTemporaryDir folder;
-  const QString pdf = folder.filePath(u"a.pdf"_s);
-  PdfPaper paper(pdf, u"T"_s, reportPage(false));
-  ReportPrinter printer(paper.device());
-  for (const Statement& statement : parsed(row[1])) printer.print(statement);
-  printer.end();
-  paper.deliver();
-  const QString printed = linesOf(pdf).join(';'_L1) + ';'_L1;
-  const QRegularExpression expected(QRegularExpression::anchoredPattern(row[2]));
-  QVERIFY2(expected.match(printed).hasMatch(), qPrintable(printed));
-  for (const auto& word : extents(pdf, u"[^<]+"_s)) QVERIFY(word.second < 200 / 25.4 * 72 + 0.5);
-}
-
-void PrintTest::aFaultIsToldAndTheHeaderKept_data() {
-  addRows(
-      uR"(
+  void aFaultIsToldAndTheHeaderKept_data() {
+    addRows(
+        uR"(
       cancelled           |      |                      | old
       no printer          | told |                      | old
       no folder           | told |                      | old
@@ -242,144 +237,140 @@ void PrintTest::aFaultIsToldAndTheHeaderKept_data() {
       jam in the head 1   |      | 482 drucker\druckkopf | body
       jam in the body 3   | told |                      | body
   )"_s);
-}
-
-void PrintTest::aFaultIsToldAndTheHeaderKept() {
-  QFETCH(QStringList, row);
-  const QString fault = row[0];
-  Printing mask;
-  QFile old(mask.pdf);
-  QVERIFY(old.open(QFile::WriteOnly) && old.write("old") == 3);
-  old.close();
-  const auto pdfPaper = mask.desktop.paper;
-  mask.desktop.paper = [&](const PrintRequest& request) -> std::unique_ptr<Paper> {
-    if (fault == "cancelled"_L1) return nullptr;
-    if (fault == "no printer"_L1) throw RuntimeError(ErrorNumber::kPrinter);
-    if (fault.startsWith("jam"_L1)) {
-      return std::make_unique<JammingPaper>(mask.pdf, fault.section(' '_L1, -1).toInt());
-    }
-    if (fault == "no page"_L1) {
-      return std::make_unique<JammingPaper>(u"/gibt/es/nicht.pdf"_s, 0);
-    }
-    if (fault == "no folder"_L1) mask.pdf = u"/gibt/es/nicht.pdf"_s;
-    return pdfPaper(request);
-  };
-  mask.program.header[7] = u"Bemerkung"_s;
-  Drucker window(mask.program, mask.questions, mask.desktop, &mask.window);
-  window.druckart(bericht::kAnalyse);
-  window.show();
-  window.Text1(2).setText(u"Neubau"_s);
-  if (!row[1].isEmpty()) mask.questions.expect(kFailure);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  if (fault == "disk full"_L1) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit full{64, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
   }
-  window.Command2->click();
-  setrlimit(RLIMIT_FSIZE, &before);
-  QVERIFY(!window.isVisible());
-  QCOMPARE(std::exchange(mask.questions.errors, {}).join(' '_L1), row[2]);
-  QCOMPARE(mask.program.header[1], u"Neubau"_s);
-  QCOMPARE(mask.program.header[7], u"Bemerkung"_s);
-  QVERIFY(old.open(QFile::ReadOnly));
-  QCOMPARE(old.readAll() == "old", row[3] == "old"_L1);
-  QCOMPARE(linesOf(mask.pdf).contains(u"Sättigungs-Index SI 7,50"_s), row[3] == "body"_L1);
-  QCOMPARE(QDir(mask.folder.path()).entryList(QDir::Files), QStringList{u"a.pdf"_s});
-}
-
-void PrintTest::theDialogIsUsedWithTheKeyboard() {
-  Printing mask;
-  mask.program.header[3] = QString(150, 'x'_L1);
-  mask.program.header[7] = u"eins\r\nzwei"_s;
-  Drucker window(mask.program, mask.questions, mask.desktop, &mask.window);
-  window.druckart(bericht::kAnalyse);
-  window.show();
-  QCOMPARE(window.focusWidget(), window.Command2);
-  window.Text1(2).setFocus();
-  window.Text1(2).selectAll();
-  for (const QChar c : u"a\"~b\rÄßüX"_s) {
-    const int code = c == '\r'_L1 ? Qt::Key_Return : 0;
-    QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, c);
-    QCoreApplication::sendEvent(&window.Text1(2), &key);
-  }
-  QCOMPARE(window.Text1(2).text(), u"abÄssüX"_s);
-  QVERIFY(window.isVisible());
-  QTest::keyClick(&window.Text1(2), Qt::Key_Escape);
-  QVERIFY(!window.isVisible());
-  QCOMPARE(mask.program.header[1], u"Wohnanlage"_s);
-  // What came with a file and was not touched stays as it is.
-  window.Command2->click();
-  QCOMPARE(mask.program.header[1], u"abÄssüX"_s);
-  QCOMPARE(mask.program.header[3], QString(150, 'x'_L1));
-  QCOMPARE(mask.program.header[7], u"eins\r\nzwei"_s);
-  window.Text4->selectAll();
-  QGuiApplication::clipboard()->setText(u"eins\r\n\"zwei\""_s + QString(200, 'y'_L1));
-  window.Text4->paste();
-  QTest::keyClicks(window.Text4, u"z"_s);
-  QCOMPARE(window.Text4->toPlainText(), u"eins\nzwei"_s + QString(90, 'y'_L1));
-  window.Command2->click();
-  QCOMPARE(mask.program.header[7], u"eins\r\nzwei"_s + QString(90, 'y'_L1));
-}
-
-void PrintTest::thePreviewPrintsNothing() {
-  Printing mask;
-  Drucker window(mask.program, mask.questions, mask.desktop, &mask.window);
-  window.druckart(bericht::kAnalyse);
-  window.show();
-  window.Text1(2).setText(u"Neubau"_s);
-  int painted = 0;
-  mask.desktop.preview = [&](const PrintRequest& request, const auto& paint) {
-    showPreview(&window, request, {}, [&](QPagedPaintDevice& page) {
-      ++painted;
-      QVERIFY(QGuiApplication::overrideCursor() != nullptr);
-      paint(page);
-    });
-  };
-  onNextModal<QPrintPreviewDialog>(this, [&](QPrintPreviewDialog& preview) {
-    QTRY_VERIFY(painted > 0);
-    for (const QAction* action : preview.findChild<QToolBar*>()->actions()) {
-      const QString text = action->text();
-      QVERIFY(!action->isVisible() || (text != "Drucken"_L1 && text != "Seite einrichten"_L1));
-    }
-    preview.close();
-  });
-  window.Command4->click();
-  QVERIFY(window.isVisible() && mask.desktop.printRequests.empty());
-  QCOMPARE(mask.program.header[1], u"Wohnanlage"_s);
-  QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
-}
-
-void PrintTest::aPdfFileIsOneOfThePrinters() {
-  Printing mask;
-  RealDesktop desktop;
-  mask.desktop.paper = [&](const auto& request) { return desktop.askPrinter(nullptr, request); };
-  for (const bool confirmed : {false, true}) {
-    Drucker window(mask.program, mask.questions, mask.desktop, &mask.window);
-    window.druckart(bericht::kÜbersicht);
-    window.show();
-    onNextModal<QPrintDialog>(this, [confirmed](QPrintDialog& dialog) {
-      auto* printers = dialog.findChild<QComboBox*>(u"printers"_s);
-      printers->setCurrentIndex(printers->findText(u"PDF-Datei"_s));
-      emit printers->activated(printers->currentIndex());
-      auto* name = dialog.findChild<QLineEdit*>(u"filename"_s);
-      QVERIFY(name->text().endsWith(u"Analysen Übersicht.pdf"_s));
-      name->setText(u"kurz"_s);  // without folder and extension
-      emit name->editingFinished();
-      auto* buttons = dialog.findChild<QDialogButtonBox*>();
-      for (QAbstractButton* button : buttons->buttons()) {
-        const auto role = buttons->buttonRole(button);
-        if (role == (confirmed ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole)) {
-          button->click();
-        }
+  void aFaultIsToldAndTheHeaderKept() {
+    QFETCH(QStringList, row);
+    const QString fault = row[0];
+    Printing mask;
+    QFile old(mask.pdf);
+    QVERIFY(old.open(QFile::WriteOnly) && old.write("old") == 3);
+    old.close();
+    const auto pdfPaper = mask.desktop.paper;
+    mask.desktop.paper = [&](const PrintRequest& request) -> std::unique_ptr<Paper> {
+      if (fault == "cancelled"_L1) return nullptr;
+      if (fault == "no printer"_L1) throw RuntimeError(ErrorNumber::kPrinter);
+      if (fault.startsWith("jam"_L1)) {
+        return std::make_unique<JammingPaper>(mask.pdf, fault.section(' '_L1, -1).toInt());
       }
-    });
+      if (fault == "no page"_L1) {
+        return std::make_unique<JammingPaper>(u"/gibt/es/nicht.pdf"_s, 0);
+      }
+      if (fault == "no folder"_L1) mask.pdf = u"/gibt/es/nicht.pdf"_s;
+      return pdfPaper(request);
+    };
+    mask.program.header[7] = u"Bemerkung"_s;
+    const auto dialog = mask.opened(Bericht::kAnalyse);
+    Drucker& window = *dialog;
+    window.Text1(2).setText(u"Neubau"_s);
+    if (!row[1].isEmpty()) mask.questions.expect(kFailure);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    if (fault == "disk full"_L1) {
+      std::signal(SIGXFSZ, SIG_IGN);
+      const rlimit full{64, before.rlim_max};
+      setrlimit(RLIMIT_FSIZE, &full);
+    }
     window.Command2->click();
-    const QString pdf = mask.folder.filePath(u"kurz.pdf"_s);
-    QCOMPARE(outputOf(u"pdfinfo"_s, {pdf}).contains(u"842 x 595"_s), confirmed);
+    setrlimit(RLIMIT_FSIZE, &before);
+    QVERIFY(!window.isVisible());
+    QCOMPARE(std::exchange(mask.questions.errors, {}).join(' '_L1), row[2]);
+    QCOMPARE(mask.program.header[1], u"Neubau"_s);
+    QCOMPARE(mask.program.header[7], u"Bemerkung"_s);
+    QVERIFY(old.open(QFile::ReadOnly));
+    QCOMPARE(old.readAll() == "old", row[3] == "old"_L1);
+    QCOMPARE(linesOf(mask.pdf).contains(u"Sättigungs-Index SI 7,50"_s), row[3] == "body"_L1);
+    QCOMPARE(QDir(mask.folder.path()).entryList(QDir::Files), QStringList{u"a.pdf"_s});
   }
-}
+
+  void theDialogIsUsedWithTheKeyboard() {
+    Printing mask;
+    mask.program.header[3] = QString(150, 'x'_L1);
+    mask.program.header[7] = u"eins\r\nzwei"_s;
+    const auto dialog = mask.opened(Bericht::kAnalyse);
+    Drucker& window = *dialog;
+    QCOMPARE(window.focusWidget(), window.Command2);
+    window.Text1(2).setFocus();
+    window.Text1(2).selectAll();
+    for (const QChar c : u"a\"~b\rÄßüX"_s) {
+      const int code = c == '\r'_L1 ? Qt::Key_Return : 0;
+      QKeyEvent key(QEvent::KeyPress, code, Qt::NoModifier, c);
+      QCoreApplication::sendEvent(&window.Text1(2), &key);
+    }
+    QCOMPARE(window.Text1(2).text(), u"abÄssüX"_s);
+    QVERIFY(window.isVisible());
+    QTest::keyClick(&window.Text1(2), Qt::Key_Escape);
+    QVERIFY(!window.isVisible());
+    QCOMPARE(mask.program.header[1], u"Wohnanlage"_s);
+    // What came with a file and was not touched stays as it is.
+    window.Command2->click();
+    QCOMPARE(mask.program.header[1], u"abÄssüX"_s);
+    QCOMPARE(mask.program.header[3], QString(150, 'x'_L1));
+    QCOMPARE(mask.program.header[7], u"eins\r\nzwei"_s);
+    window.Text4->selectAll();
+    QGuiApplication::clipboard()->setText(u"eins\r\n\"zwei\""_s + QString(200, 'y'_L1));
+    window.Text4->paste();
+    QTest::keyClicks(window.Text4, u"z"_s);
+    QCOMPARE(window.Text4->toPlainText(), u"eins\nzwei"_s + QString(90, 'y'_L1));
+    window.Command2->click();
+    QCOMPARE(mask.program.header[7], u"eins\r\nzwei"_s + QString(90, 'y'_L1));
+  }
+
+  void thePreviewPrintsNothing() {
+    Printing mask;
+    const auto dialog = mask.opened(Bericht::kAnalyse);
+    Drucker& window = *dialog;
+    window.Text1(2).setText(u"Neubau"_s);
+    int painted = 0;
+    mask.desktop.preview = [&](const PrintRequest& request, const auto& paint) {
+      showPreview(&window, request, {}, [&](QPagedPaintDevice& page) {
+        ++painted;
+        QVERIFY(QGuiApplication::overrideCursor() != nullptr);
+        paint(page);
+      });
+    };
+    onNextModal<QPrintPreviewDialog>(this, [&](QPrintPreviewDialog& preview) {
+      QTRY_VERIFY(painted > 0);
+      for (const QAction* action : preview.findChild<QToolBar*>()->actions()) {
+        const QString text = action->text();
+        QVERIFY(!action->isVisible() || (text != "Drucken"_L1 && text != "Seite einrichten"_L1));
+      }
+      preview.close();
+    });
+    window.Command4->click();
+    QVERIFY(window.isVisible() && mask.desktop.printRequests.empty());
+    QCOMPARE(mask.program.header[1], u"Wohnanlage"_s);
+    QCOMPARE(QGuiApplication::overrideCursor(), nullptr);
+  }
+
+  void aPdfFileIsOneOfThePrinters() {
+    Printing mask;
+    RealDesktop desktop;
+    mask.desktop.paper = [&](const auto& request) { return desktop.askPrinter(nullptr, request); };
+    for (const bool confirmed : {false, true}) {
+      const auto opened = mask.opened(Bericht::kÜbersicht);
+      Drucker& window = *opened;
+      onNextModal<QPrintDialog>(this, [confirmed](QPrintDialog& dialog) {
+        auto* printers = dialog.findChild<QComboBox*>(u"printers"_s);
+        printers->setCurrentIndex(printers->findText(u"PDF-Datei"_s));
+        emit printers->activated(printers->currentIndex());
+        auto* name = dialog.findChild<QLineEdit*>(u"filename"_s);
+        QVERIFY(name->text().endsWith(u"Analysen Übersicht.pdf"_s));
+        name->setText(u"kurz"_s);  // without folder and extension
+        emit name->editingFinished();
+        auto* buttons = dialog.findChild<QDialogButtonBox*>();
+        for (QAbstractButton* button : buttons->buttons()) {
+          const auto role = buttons->buttonRole(button);
+          if (role == (confirmed ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole)) {
+            button->click();
+          }
+        }
+      });
+      window.Command2->click();
+      const QString pdf = mask.folder.filePath(u"kurz.pdf"_s);
+      QCOMPARE(outputOf(u"pdfinfo"_s, {pdf}).contains(u"842 x 595"_s), confirmed);
+    }
+  }
+};
 
 CALVORA_TEST_MAIN(PrintTest)
 #include "print_test.moc"

@@ -12,7 +12,7 @@ namespace {
 
 enum Content { kEmpty, kSparse, kFull };
 
-ReportHead headOf(Content content, int kind) {
+ReportHead headOf(Content content, Bericht kind) {
   const QDate today(2026, 11, 22);
   if (content == kEmpty) return {.kind = kind, .today = today, .remark = u"   "_s};
   if (content == kSparse) {
@@ -74,25 +74,23 @@ class ReportTest : public QObject {
 
  private slots:
   void aReportSaysWhatItShould_data() {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("content");
+    QTest::addColumn<Bericht>("kind");
+    QTest::addColumn<Content>("content");
     QTest::addColumn<bool>("landscape");
-    QTest::newRow("analysis_full") << 2 << int(kFull) << false;
-    QTest::newRow("analysis_sparse") << 2 << int(kSparse) << true;
-    QTest::newRow("analysis_empty") << 2 << int(kEmpty) << false;
-    QTest::newRow("overview_full") << 3 << int(kFull) << true;
-    QTest::newRow("overview_sparse") << 3 << int(kSparse) << true;
-    QTest::newRow("overview_empty") << 3 << int(kEmpty) << false;
+    QTest::newRow("analysis_full") << Bericht::kAnalyse << kFull << false;
+    QTest::newRow("analysis_sparse") << Bericht::kAnalyse << kSparse << true;
+    QTest::newRow("analysis_empty") << Bericht::kAnalyse << kEmpty << false;
+    QTest::newRow("overview_full") << Bericht::kÜbersicht << kFull << true;
+    QTest::newRow("overview_sparse") << Bericht::kÜbersicht << kSparse << true;
+    QTest::newRow("overview_empty") << Bericht::kÜbersicht << kEmpty << false;
   }
-
   void aReportSaysWhatItShould() {
-    QFETCH(int, kind);
-    QFETCH(int, content);
+    QFETCH(Bericht, kind);
+    QFETCH(Content, content);
     QFETCH(bool, landscape);
-    const auto filling = static_cast<Content>(content);
-    Statements report = headStatements(headOf(filling, kind), landscape);
-    const Statements body = kind == bericht::kAnalyse ? analysisStatements(recordOf(filling))
-                                                      : overviewStatements(gridOf(filling));
+    Statements report = headStatements(headOf(content, kind), landscape);
+    const Statements body = kind == Bericht::kAnalyse ? analysisStatements(recordOf(content))
+                                                      : overviewStatements(gridOf(content));
     report.insert(report.end(), body.begin(), body.end());
     QStringList said;
     for (const Statement& statement : report) said += describe(statement);
@@ -107,9 +105,9 @@ class ReportTest : public QObject {
   }
 
   void aPdfFileIsNamedAfterTheAnalysis() {
-    QCOMPARE(proposedPdfName(2, u"../a:b*c"_s), u"..-a-b-c.pdf"_s);
-    QCOMPARE(proposedPdfName(2, u" "_s), u"Wasser - Analyse.pdf"_s);
-    QCOMPARE(proposedPdfName(3, u"brunnen"_s), u"Analysen Übersicht.pdf"_s);
+    QCOMPARE(proposedPdfName(Bericht::kAnalyse, u"../a:b*c"_s), u"..-a-b-c.pdf"_s);
+    QCOMPARE(proposedPdfName(Bericht::kAnalyse, u" "_s), u"Wasser - Analyse.pdf"_s);
+    QCOMPARE(proposedPdfName(Bericht::kÜbersicht, u"brunnen"_s), u"Analysen Übersicht.pdf"_s);
   }
 };
 

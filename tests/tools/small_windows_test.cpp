@@ -1,5 +1,6 @@
-// Information and version, opened from the main window.
+// Volume correction, information and version.
 #include "support/window_support.h"
+#include "tools/temperaturkorrektur.h"
 #include "tools/windows/info1.h"
 #include "tools/windows/version_window.h"
 
@@ -10,6 +11,23 @@ class SmallWindowsTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void aVolumeIsCorrectedTo20Degrees() {
+    QStringList corrected;
+    for (int t = 0; t < temperaturListe().size(); ++t) {
+      const auto [volume, factor] = korrigiertesVolumen(u"100 ml"_s, t);
+      corrected += temperaturListe()[t] + ' '_L1 + volume + ' '_L1 + factor;
+    }
+    QCOMPARE(corrected.join(u"; "_s),
+             u"20 °C 100,00 1,000; 30 °C 99,74 0,997; 40 °C 99,39 0,994; 50 °C 98,98 0,990; "
+             "60 °C 98,50 0,985; 70 °C 97,95 0,980; 80 °C 97,36 0,974; 90 °C 96,70 0,967; "
+             "100 °C 95,60 0,956"_s);
+    QCOMPARE(volumenListe().size(), 20);
+    for (const QString& none : {u"0 ml"_s, u"ml"_s, QString()}) {  // then there is no factor
+      const auto [volume, factor] = korrigiertesVolumen(none, 1);
+      QCOMPARE(volume + '|'_L1 + factor, u"|"_s);
+    }
+  }
+
   void theInformationIsShownOnceAndWhole() {
     Mask mask;
     int seen = 0;
@@ -49,8 +67,8 @@ class SmallWindowsTest : public QObject {
   }
 
   void anyClickOrKeyClosesTheVersion() {
-    Mask mask;
-    Version window(mask.program, &mask.window);
+    QCoreApplication::setApplicationVersion(u"2.0.17"_s);
+    Version window(QDate(2026, 1, 1), nullptr);
     const auto closes = [&](const std::function<void()>& act) {
       window.show();
       act();
@@ -61,10 +79,22 @@ class SmallWindowsTest : public QObject {
     QVERIFY(closes([&] { QTest::mouseClick(&window.Label1(2), Qt::LeftButton); }));
     QVERIFY(closes([&] { QTest::keyClick(&window, Qt::Key_Tab); }));
     QVERIFY(closes([&] { QTest::keyClick(&window, Qt::Key_F1); }));
+    QCOMPARE(window.Label1(4).text(), u"2.0 /17"_s);
     QVERIFY(window.Label1(4).geometry().right() < window.Label1(0).x());
     const QImage image = window.grab().toImage();  // green, darker towards the bottom
-    QVERIFY(image.pixelColor(2, image.height() - 1).green() <= 82);
-    QVERIFY(image.pixelColor(2, 0).green() > 140);
+    const auto colour = [&](int y) { return image.pixelColor(2, y); };
+    QVERIFY(colour(image.height() - 1).green() <= 82 && colour(0).green() > 140);
+    QVERIFY(colour(0).red() == 0 && colour(0).green() < 155 && colour(0).blue() < 12);
+  }
+
+  void theBuildMonthIsThatOfTheFile() {
+    QTemporaryDir folder;
+    QFile file(folder.filePath(u"programm"_s));
+    QVERIFY(file.open(QFile::WriteOnly));
+    const QDateTime lastMinute(QDate(2021, 3, 31), QTime(23, 59));
+    QVERIFY(file.setFileTime(lastMinute, QFile::FileModificationTime));
+    QCOMPARE(Version::vdate(file.fileName()), u"03-2021"_s);
+    QCOMPARE(Version::vdate(folder.filePath(u"fehlt"_s)), QString());
   }
 };
 

@@ -22,8 +22,8 @@ dimum& opened(Mask& mask, int field, double value = 0) {
   return window;
 }
 
-QColor background(QLabel& label) {
-  return label.grab().toImage().pixelColor(4, label.height() / 2);
+QColor background(QWidget& slot) {
+  return slot.grab().toImage().pixelColor(4, slot.height() / 2);
 }
 
 }  // namespace
@@ -32,22 +32,9 @@ class UmrechnerTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void theSlotsShow_data();
-  void theSlotsShow();
-  void typingAsksUntilTheValueIsValid_data();
-  void typingAsksUntilTheValueIsValid();
-  void aValueIsTakenOver_data();
-  void aValueIsTakenOver();
-  void theMaskComesBackHoweverTheConverterCloses_data();
-  void theMaskComesBackHoweverTheConverterCloses();
-  void aRuledOutCapacityTakesNothing();
-  void keysReachAndOpenASlot();
-  void theInputBoxIsFullyVisible();
-};
-
-void UmrechnerTest::theSlotsShow_data() {
-  addRows(
-      uR"(
+  void theSlotsShow_data() {
+    addRows(
+        uR"(
 field, stored, slot and text typed
 1, 1500, 0|1500;1,50;150;0,15;0,15;1500
 1, 1500, 2 -2|-2000;-2;-200;-0,20;-0,20;-2000
@@ -67,31 +54,29 @@ field, stored, slot and text typed
 25, 0.01, 0|0,00079;0,00082;0,0014;0,00099;0,014;0,014;0,010;0,010;0,010;10;0,00028;0,00028;0,28;0,00028
 2, 7, 1 5|
 )"_s);
-}
-
-void UmrechnerTest::theSlotsShow() {
-  QFETCH(QStringList, row);
-  const QStringList given = row[0].split(u", "_s);
-  const int slot = given[2].section(' ', 0, 0).toInt();
-  ScriptedQuestions questions;
-  Program program;
-  program.fieldIndex = given[0].toInt();
-  program.record.value[program.fieldIndex] = FixedPoint::fromDouble(given[1].toDouble());
-  Umrechner converter(program, questions);
-  if (slot != 0) converter.enter(slot, given[2].section(' ', 1));
-  QStringList shown;
-  for (int i = 1; i <= kUnitSlots; ++i) {
-    const QString& text = converter.slot(i).text;
-    QCOMPARE(converter.slot(i).enabled, !text.isEmpty() && text != "------"_L1);
-    shown += text;
   }
-  while (!shown.isEmpty() && shown.last().isEmpty()) shown.removeLast();
-  QCOMPARE(shown.join(';'), row[1]);
-}
+  void theSlotsShow() {
+    QFETCH(QStringList, row);
+    const QStringList given = row[0].split(u", "_s);
+    const int slot = given[2].section(' ', 0, 0).toInt();
+    const int field = given[0].toInt();
+    AnalysisRecord record;
+    record.value[field] = FixedPoint::fromDouble(given[1].toDouble());
+    Umrechner converter(record, field);
+    if (slot != 0) converter.enter(slot, given[2].section(' ', 1));
+    QStringList shown;
+    for (int i = 1; i <= kUnitSlots; ++i) {
+      const QString& text = converter.slot(i).text;
+      QCOMPARE(converter.slot(i).enabled, !text.isEmpty() && text != "------"_L1);
+      shown += text;
+    }
+    while (!shown.isEmpty() && shown.last().isEmpty()) shown.removeLast();
+    QCOMPARE(shown.join(';'), row[1]);
+  }
 
-void UmrechnerTest::typingAsksUntilTheValueIsValid_data() {
-  addRows(
-      uR"(
+  void typingAsksUntilTheValueIsValid_data() {
+    addRows(
+        uR"(
 field, slot, typed; told; own slot in the end
 1, 2, zwei;2|N|2000
 1, 2, 1,2,3;5-3;-;2|N;N;N|2000
@@ -103,41 +88,43 @@ field, slot, typed; told; own slot in the end
 3, 1, 10001;25|10000|25
 1, 3, 10000,1;10000|10000|100000
 1, 1, 20000;cancel||
+24, 14, 10001;cancel||
 1, 1, 99999999999999999999;5|10000|5
 23, 10, 900001;900000|900000|900
 23, 9, 10001;10000|10000|10000
 )"_s);
-}
-
-void UmrechnerTest::typingAsksUntilTheValueIsValid() {
-  QFETCH(QStringList, row);
-  const int field = row[0].section(u", "_s, 0, 0).toInt();
-  const int slot = row[0].section(u", "_s, 1, 1).toInt();
-  Mask mask;
-  dimum& window = opened(mask, field, 7);
-  const QStringList typed = row[0].section(u", "_s, 2).split(';');
-  for (const QString& text : typed) {
-    mask.desktop.texts += text == "cancel"_L1 ? QString() : text;
   }
-  const bool emptied = row[2].isEmpty();
-  for (const QString& told : (emptied ? u"10000"_s : row[1]).split(';', Qt::SkipEmptyParts)) {
-    mask.questions.expect(told == 'N'_L1 ? u" Bitte nur Zahlen eingeben ! "_s
-                                         : u" Der Wert ist zu groß ! \n\r Es sind höchstens "_s +
-                                               told + u" zulässig. "_s);
+  void typingAsksUntilTheValueIsValid() {
+    QFETCH(QStringList, row);
+    const int field = row[0].section(u", "_s, 0, 0).toInt();
+    const int slot = row[0].section(u", "_s, 1, 1).toInt();
+    Mask mask;
+    dimum& window = opened(mask, field, 7);
+    const QStringList typed = row[0].section(u", "_s, 2).split(';');
+    for (const QString& text : typed) {
+      mask.desktop.texts += text == "cancel"_L1 ? QString() : text;
+    }
+    const bool emptied = row[2].isEmpty();
+    for (const QString& told : (emptied ? u"10000"_s : row[1]).split(';', Qt::SkipEmptyParts)) {
+      mask.questions.expect(told == 'N'_L1 ? u" Bitte nur Zahlen eingeben ! "_s
+                                           : u" Der Wert ist zu groß ! \n\r Es sind höchstens "_s +
+                                                 told + u" zulässig. "_s);
+    }
+    QTest::mouseClick(&window.Label1(slot), Qt::LeftButton);
+    QCOMPARE(mask.desktop.textRequests.size(), static_cast<size_t>(typed.size()));
+    QCOMPARE(
+        mask.desktop.textRequests[0].prompt,
+        mask.window.Label5(field).text() + u"   in    "_s + window.Label1(slot).text().trimmed());
+    QCOMPARE(window.Label3(window.Text2).text(), row[2]);
+    for (const auto& [index, value] : window.Label3) QVERIFY(!emptied || value->text().isEmpty());
+    QCOMPARE(window.Command1->isEnabled(), !emptied && row[2] != "7"_L1);  // 7 was there before
+    QCOMPARE(mask.desktop.textRequests.front().title, u"Eingabe"_s);
+    for (const Message& notice : mask.questions.asked) QCOMPARE(notice.title, u"Eingabe"_s);
   }
-  QTest::mouseClick(&window.Label1(slot), Qt::LeftButton);
-  QCOMPARE(mask.desktop.textRequests.size(), static_cast<size_t>(typed.size()));
-  QCOMPARE(mask.desktop.textRequests[0].prompt, mask.window.Label5(field).text() + u"   in    "_s +
-                                                    window.Label1(slot).text().trimmed());
-  QCOMPARE(window.Label3(window.Text2).text(), row[2]);
-  QCOMPARE(window.Command1->isEnabled(), !emptied && row[2] != "7"_L1);  // 7 was there before
-  QCOMPARE(mask.desktop.textRequests.front().title, u"Eingabe"_s);
-  for (const Message& notice : mask.questions.asked) QCOMPARE(notice.title, u"Eingabe"_s);
-}
 
-void UmrechnerTest::aValueIsTakenOver_data() {
-  addRows(
-      uR"(
+  void aValueIsTakenOver_data() {
+    addRows(
+        uR"(
 field, slot, typed; message; box; converter
 1, 2, 2||2000,0000|closed
 20, 3, 25||14,0|closed
@@ -147,122 +134,121 @@ field, slot, typed; message; box; converter
 3, 2, 212|3 1-90 °C||open
 24, 8, 500|3 0,1 - 420␣||open
 )"_s);
-}
-
-void UmrechnerTest::aValueIsTakenOver() {
-  QFETCH(QStringList, row);
-  const QStringList given = row[0].split(u", "_s);
-  const int field = given[0].toInt();
-  Mask mask;
-  mask.enter(2, u"7"_s);
-  mask.enter(3, u"10"_s);
-  mask.enter(6, u"0,25"_s);
-  mask.program.record.flag.clear();
-  dimum& window = opened(mask, field);
-  QVERIFY(!mask.window.isEnabled() && window.isEnabled() && !window.isModal());
-  mask.desktop.texts = {given[2]};
-  QTest::mouseClick(&window.Label3(given[1].toInt()), Qt::LeftButton);
-  if (!row[1].isEmpty()) mask.questions.expect(says(row[1]));
-  QTest::mouseClick(window.Command1, Qt::LeftButton);
-  QCOMPARE(mask.window.Text1(field).text(), row[2]);
-  QCOMPARE(window.isVisible(), row[3] == "open"_L1);
-  QCOMPARE(mask.window.isEnabled(), row[3] == "closed"_L1);
-  QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
-  QCOMPARE(mask.program.fieldIndex, field);
-  QCOMPARE(mask.window.Label2(11).text().isEmpty(), field != 5);  // recalculated
-  if (window.isVisible()) return;
-  mask.activate();
-  QCOMPARE(mask.focusedBox(), field);
-}
-
-void UmrechnerTest::theMaskComesBackHoweverTheConverterCloses_data() {
-  QTest::addColumn<QString>("way");
-  for (const char* way : {"abbrechen", "Escape", "close box"}) QTest::newRow(way) << QString(way);
-}
-
-void UmrechnerTest::theMaskComesBackHoweverTheConverterCloses() {
-  QFETCH(QString, way);
-  Mask mask;
-  mask.enter(3, u"20"_s);
-  dimum& window = opened(mask, 3, 20);
-  // A fault is reported, the mask shows what the record holds, and the way out stays open.
-  const auto fault = [] { throw RuntimeError(ErrorNumber::kOverflow); };
-  mask.desktop.texts = {u"x"_s, u"200"_s};
-  mask.questions.expectAndRaise(u" Bitte nur Zahlen eingeben ! "_s, fault);
-  QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
-  QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
-  mask.questions.expectAndRaise(says(u"3 1-90 °C"_s), fault);
-  QTest::mouseClick(window.Command1, Qt::LeftButton);
-  QCOMPARE(std::exchange(mask.questions.errors, {}),
-           (QStringList{u"6 dimum\\labclick"_s, u"6 dimum\\command1"_s}));
-  QCOMPARE(mask.window.Text1(3).text(), QString());
-  QVERIFY(!mask.window.isEnabled() && window.isVisible());
-  if (way == "abbrechen"_L1) QTest::mouseClick(window.Command2, Qt::LeftButton);
-  if (way == "Escape"_L1) QTest::keyClick(&window, Qt::Key_Escape);
-  if (way == "close box"_L1) window.close();
-  QVERIFY(mask.window.isEnabled() && !window.isVisible());
-  mask.activate();
-  QCOMPARE(mask.focusedBox(), 3);
-}
-
-void UmrechnerTest::aRuledOutCapacityTakesNothing() {
-  Mask mask;
-  mask.enter(2, u"7"_s);  // rules Ks8,2 out
-  dimum& window = opened(mask, 4);
-  mask.desktop.texts = {u"1"_s};
-  QTest::mouseClick(&window.Label1(11), Qt::LeftButton);
-  QCOMPARE(window.Label3(1).text(), u"2,80"_s);
-  QVERIFY(!window.Command1->isEnabled());
-  window.close();
-  mask.activate();
-  QCOMPARE(mask.focusedBox(), 5);  // never the locked box
-}
-
-void UmrechnerTest::keysReachAndOpenASlot() {
-  Mask mask;
-  QPushButton& unit = mask.window.Command1(20);
-  for (int i = 0; i < 20 && !unit.hasFocus(); ++i) mask.press(Qt::Key_Tab);
-  mask.press(Qt::Key_Enter);
-  dimum& window = *mask.window.findChild<dimum*>();
-  QVERIFY(QTest::qWaitForWindowActive(&window));
-  QTRY_COMPARE(window.focusWidget(), &window.Label1(1));
-  const auto press = [&](Qt::Key key) { QTest::keyClick(window.focusWidget(), key); };
-  press(Qt::Key_Right);  // to a slot that cannot be clicked
-  QCOMPARE(window.focusWidget(), &window.Label1(1));
-  for (int i = 0; i < 6; ++i) press(Qt::Key_Down);
-  QCOMPARE(window.focusWidget(), &window.Label1(11));
-  QCOMPARE(background(window.Label1(11)), QColor(0x0000c0));
-  press(Qt::Key_Left);
-  QCOMPARE(window.focusWidget(), &window.Label1(4));
-  QCOMPARE(background(window.Label1(11)), QColor(0xffff00));
-  mask.desktop.texts = {u"17,5"_s};
-  press(Qt::Key_Enter);
-  QCOMPARE(window.Label3(1).text(), u"14"_s);
-  QTest::mouseMove(window.windowHandle(), window.Label1(3).mapTo(&window, QPoint(5, 5)));
-  QCOMPARE(background(window.Label3(3)), QColor(0x0000c0));
-  QCOMPARE(background(window.Label1(4)), QColor(0xffff00));
-  press(Qt::Key_Tab);
-  QCOMPARE(window.focusWidget(), window.Command1);
-  press(Qt::Key_Enter);
-  QVERIFY(!window.isVisible());
-  QCOMPARE(mask.window.Text1(20).text(), u"14,0"_s);
-}
-
-void UmrechnerTest::theInputBoxIsFullyVisible() {
-  RealDesktop desktop;
-  QWidget parent;
-  for (const bool accept : {true, false}) {
-    onNextModal<QInputDialog>(this, [accept](QInputDialog& box) {
-      QVERIFY(box.screen()->availableGeometry().contains(box.frameGeometry()));
-      auto* line = box.findChild<QLineEdit*>();
-      QTest::keyClicks(line, u"12,5"_s);
-      QTest::keyClick(line, accept ? Qt::Key_Enter : Qt::Key_Escape);
-    });
-    const QString prompt = u"Leitfähigkeit  gemessen   in    uS/cm"_s;
-    QCOMPARE(desktop.askText(&parent, {u"Eingabe"_s, prompt, 6200, 8400}),
-             accept ? std::optional(u"12,5"_s) : std::nullopt);
   }
-}
+  void aValueIsTakenOver() {
+    QFETCH(QStringList, row);
+    const QStringList given = row[0].split(u", "_s);
+    const int field = given[0].toInt();
+    Mask mask;
+    mask.enter(2, u"7"_s);
+    mask.enter(3, u"10"_s);
+    mask.enter(6, u"0,25"_s);
+    mask.program.record.flag.clear();
+    dimum& window = opened(mask, field);
+    QVERIFY(!mask.window.isEnabled() && window.isEnabled() && !window.isModal());
+    mask.desktop.texts = {given[2]};
+    QTest::mouseClick(&window.Label3(given[1].toInt()), Qt::LeftButton);
+    if (!row[1].isEmpty()) mask.questions.expect(says(row[1]));
+    QTest::mouseClick(window.Command1, Qt::LeftButton);
+    QCOMPARE(mask.window.Text1(field).text(), row[2]);
+    QCOMPARE(window.isVisible(), row[3] == "open"_L1);
+    QCOMPARE(mask.window.isEnabled(), row[3] == "closed"_L1);
+    QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
+    QCOMPARE(mask.program.fieldIndex, field);
+    QCOMPARE(mask.window.Label2(11).text().isEmpty(), field != 5);  // recalculated
+    if (window.isVisible()) return;
+    mask.activate();
+    QCOMPARE(mask.focusedBox(), field);
+  }
+
+  void theMaskComesBackHoweverTheConverterCloses_data() {
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"abbrechen", "Escape", "close box"}) QTest::newRow(way) << QString(way);
+  }
+  void theMaskComesBackHoweverTheConverterCloses() {
+    QFETCH(QString, way);
+    Mask mask;
+    mask.enter(3, u"20"_s);
+    dimum& window = opened(mask, 3, 20);
+    // A fault is reported, the mask shows what the record holds, and the way out stays open.
+    const auto fault = [] { throw RuntimeError(ErrorNumber::kOverflow); };
+    mask.desktop.texts = {u"x"_s, u"200"_s};
+    mask.questions.expectAndRaise(u" Bitte nur Zahlen eingeben ! "_s, fault);
+    QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
+    QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
+    mask.questions.expectAndRaise(says(u"3 1-90 °C"_s), fault);
+    QTest::mouseClick(window.Command1, Qt::LeftButton);
+    QCOMPARE(std::exchange(mask.questions.errors, {}),
+             (QStringList{u"6 dimum\\labclick"_s, u"6 dimum\\command1"_s}));
+    QCOMPARE(mask.window.Text1(3).text(), QString());
+    QVERIFY(!mask.window.isEnabled() && window.isVisible());
+    if (way == "abbrechen"_L1) QTest::mouseClick(window.Command2, Qt::LeftButton);
+    if (way == "Escape"_L1) QTest::keyClick(&window, Qt::Key_Escape);
+    if (way == "close box"_L1) window.close();
+    QVERIFY(mask.window.isEnabled() && !window.isVisible());
+    mask.activate();
+    QCOMPARE(mask.focusedBox(), 3);
+  }
+
+  void aRuledOutCapacityTakesNothing() {
+    Mask mask;
+    mask.enter(2, u"7"_s);  // rules Ks8,2 out
+    dimum& window = opened(mask, 4);
+    mask.desktop.texts = {u"1"_s};
+    QTest::mouseClick(&window.Label1(11), Qt::LeftButton);
+    QCOMPARE(window.Label3(1).text(), u"2,80"_s);
+    QVERIFY(!window.Command1->isEnabled());
+    window.close();
+    mask.activate();
+    QCOMPARE(mask.focusedBox(), 5);  // never the locked box
+  }
+
+  void keysReachAndOpenASlot() {
+    Mask mask;
+    QPushButton& unit = mask.window.Command1(20);
+    for (int i = 0; i < 20 && !unit.hasFocus(); ++i) mask.press(Qt::Key_Tab);
+    mask.press(Qt::Key_Enter);
+    dimum& window = *mask.window.findChild<dimum*>();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTRY_COMPARE(window.focusWidget(), &window.Label1(1));
+    const auto press = [&](Qt::Key key) { QTest::keyClick(window.focusWidget(), key); };
+    press(Qt::Key_Right);  // to a slot that cannot be clicked
+    QCOMPARE(window.focusWidget(), &window.Label1(1));
+    for (int i = 0; i < 6; ++i) press(Qt::Key_Down);
+    QCOMPARE(window.focusWidget(), &window.Label1(11));
+    QCOMPARE(background(window.Label1(11)), QColor(0x0000c0));
+    press(Qt::Key_Left);
+    QCOMPARE(window.focusWidget(), &window.Label1(4));
+    QCOMPARE(background(window.Label1(11)), QColor(0xffff00));
+    mask.desktop.texts = {u"17,5"_s};
+    press(Qt::Key_Enter);
+    QCOMPARE(window.Label3(1).text(), u"14"_s);
+    QTest::mouseMove(window.windowHandle(), window.Label1(3).mapTo(&window, QPoint(5, 5)));
+    QCOMPARE(background(window.Label3(3)), QColor(0x0000c0));
+    QCOMPARE(background(window.Label1(4)), QColor(0xffff00));
+    press(Qt::Key_Tab);
+    QCOMPARE(window.focusWidget(), window.Command1);
+    press(Qt::Key_Enter);
+    QVERIFY(!window.isVisible());
+    QCOMPARE(mask.window.Text1(20).text(), u"14,0"_s);
+  }
+
+  void theInputBoxIsFullyVisible() {
+    RealDesktop desktop;
+    QWidget parent;
+    for (const bool accept : {true, false}) {
+      onNextModal<QInputDialog>(this, [accept](QInputDialog& box) {
+        QVERIFY(box.screen()->availableGeometry().contains(box.frameGeometry()));
+        auto* line = box.findChild<QLineEdit*>();
+        QTest::keyClicks(line, u"12,5"_s);
+        QTest::keyClick(line, accept ? Qt::Key_Enter : Qt::Key_Escape);
+      });
+      const QString prompt = u"Leitfähigkeit  gemessen   in    uS/cm"_s;
+      QCOMPARE(desktop.askText(&parent, {u"Eingabe"_s, prompt, 6200, 8400}),
+               accept ? std::optional(u"12,5"_s) : std::nullopt);
+    }
+  }
+};
 
 CALVORA_TEST_MAIN(UmrechnerTest)
 #include "umrechner_test.moc"

@@ -1,8 +1,10 @@
 #include "dialogs/windows/bb_msg.h"
 
 #include <QBoxLayout>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QWindow>
 
-#include "base/version.h"
 #include "dialogs/windows/symbols.h"
 #include "platform/form.h"
 
@@ -31,7 +33,6 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
   heading.setPointSize(heading.pointSize() + 2);
   heading.setBold(true);
   Label1(1).setFont(heading);
-  Label1(2).setObjectName(u"errorCode"_s);
   // What is to be passed on must be easy to copy.
   for (const int index : {2, 5}) Label1(index).setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -55,12 +56,26 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
 
 void bb_msg::message(int mode, const QString& text) {
   if (mode != 2) return;
-  Label1(2).setText(u"  Error-Code :   %1    V-%2%3%4"_s.arg(text, QString::number(kVersionMajor),
-                                                             QString::number(kVersionMinor),
-                                                             QString::number(kVersionRevision)));
+  const QString version = QCoreApplication::applicationVersion().remove('.'_L1);
+  Label1(2).setText(u"  Error-Code :   %1    V-%2"_s.arg(text, version));
   show();
   raise();
   activateWindow();
+}
+
+bool bb_msg::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked) joinModalWindow();
+  return QDialog::event(event);
+}
+
+/// A modal window blocks every window that does not belong to it. This one belongs to whichever is
+/// open, and to the one below when that closes.
+void bb_msg::joinModalWindow() {
+  QWindow* modal = QGuiApplication::modalWindow();
+  windowHandle()->setTransientParent(modal);
+  if (modal == nullptr) return;
+  constexpr auto kOnceItIsOver = Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection);
+  connect(modal, &QWindow::visibleChanged, this, &bb_msg::joinModalWindow, kOnceItIsOver);
 }
 
 void bb_msg::Check1_Click(int index) {

@@ -10,7 +10,8 @@
 namespace calvora {
 
 /// Reports a runtime error and lets the user go on or end the program. Not modal: the program runs
-/// on behind it. There is one window; a further error replaces the text of the one that is open.
+/// on behind it. It can be used while a modal window is open. There is one window; a further error
+/// replaces the text of the one that is open.
 class bb_msg : public QDialog {
   Q_OBJECT
 
@@ -24,8 +25,12 @@ class bb_msg : public QDialog {
   ControlArray<QLabel> Label1;
   ControlArray<QPushButton> Check1;
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   void Check1_Click(int index);
+  void joinModalWindow();
 
   Desktop& desktop_;
 };

@@ -8,7 +8,6 @@
 #include <QScreen>
 
 #include "base/guarded.h"
-#include "overview/meldungen.h"
 #include "overview/overview_content.h"
 #include "platform/form.h"
 #include "print/windows/drucker.h"
@@ -137,7 +136,7 @@ void analysen::Command1_Click(int index) {
 
 void analysen::print() {
   Drucker window(program_, questions_, desktop_, this, &grid_);
-  window.druckart(bericht::kÜbersicht);
+  window.druckart(Bericht::kÜbersicht);
   window.exec();
 }
 
@@ -199,7 +198,7 @@ void analysen::buildWindow() {
   layout->addWidget(MSFlexGrid1, 1);
   layout->addSpacing(10);
   layout->addLayout(buildButtons());
-  MSFlexGrid1->arranged = [this] { arrangeHead(); };
+  connect(MSFlexGrid1, &OverviewTable::arranged, this, &analysen::arrangeHead);
 
   auto* copyCells = new QAction(u"&Kopieren"_s, this);
   copyCells->setShortcut(QKeySequence::Copy);
@@ -223,7 +222,8 @@ QWidget* analysen::buildHead() {
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
     auto& label = Label1.add(k, new SlotLabel(slotLabels_));
     connect(&label, &SlotLabel::clicked, this, [this, k] { Label1_Click(k); });
-    label.entered = [this, k] { MSFlexGrid1->scrollTo(MSFlexGrid1->model()->index(0, k + 1)); };
+    connect(&label, &SlotLabel::entered, this,
+            [this, k] { MSFlexGrid1->scrollTo(MSFlexGrid1->model()->index(0, k + 1)); });
   }
   head_->setFixedHeight(Label1(1).sizeHint().height());
   return head_;

@@ -175,7 +175,7 @@ void OverviewTable::snap(int value) {
     horizontalScrollBar()->setValue(value > snapped_ ? value - rest + width : value - rest);
   } else {
     snapped_ = value;
-    arranged();
+    emit arranged();
   }
 }
 
@@ -205,7 +205,7 @@ void OverviewTable::resizeEvent(QResizeEvent* event) {
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
     setColumnWidth(k + 1, room * k / OverviewGrid::kSlots - room * (k - 1) / OverviewGrid::kSlots);
   }
-  arranged();
+  emit arranged();
 }
 
 }  // namespace calvora

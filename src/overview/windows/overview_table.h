@@ -2,7 +2,6 @@
 
 #include <QTableView>
 #include <QTableWidget>
-#include <functional>
 
 namespace calvora {
 
@@ -17,12 +16,13 @@ class OverviewTable : public QTableWidget {
   /// Pixels of the columns 0 and 1.
   [[nodiscard]] int fixedWidth() const { return columnWidth(0) + columnWidth(1); }
 
-  /// Called after columns have moved or changed their width.
-  std::function<void()> arranged = [] {};
-
   [[nodiscard]] QModelIndex indexAt(const QPoint& place) const override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
   [[nodiscard]] QSize sizeHint() const override;
+
+ signals:
+  /// Columns have moved or changed their width.
+  void arranged();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -101,7 +101,7 @@ void SlotLabel::keyPressEvent(QKeyEvent* event) {
 
 void SlotLabel::focusInEvent(QFocusEvent* event) {
   QAbstractButton::focusInEvent(event);
-  entered();
+  emit entered();
 }
 
 }  // namespace calvora

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <functional>
 
 namespace calvora {
 
@@ -19,10 +18,11 @@ class SlotLabel : public QAbstractButton {
   [[nodiscard]] QString caption() const { return caption_; }
   [[nodiscard]] QColor backColour() const;
 
-  /// Called when the keyboard reaches the label.
-  std::function<void()> entered = [] {};
-
   [[nodiscard]] QSize sizeHint() const override;
+
+ signals:
+  /// The keyboard reached the label.
+  void entered();
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -18,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLongestDate = 12;
 constexpr int kLongestText = 99;
 
 }  // namespace
@@ -46,9 +45,9 @@ void Drucker::Form_Load() {
   Text4->setPlainText(program_.header[kopf::kBemerkung]);
 }
 
-void Drucker::druckart(int kind) {
+void Drucker::druckart(Bericht kind) {
   kind_ = kind;
-  if (kind == bericht::kÜbersicht) {
+  if (kind == Bericht::kÜbersicht) {
     Text1(3).hide();
     Label3->hide();
     program_.landscape = true;
@@ -73,7 +72,7 @@ void Drucker::keepHeader() {
 PrintRequest Drucker::request() const {
   const QString& name = program_.header[kopf::kDateiname];
   QString title = reportTitle(kind_);
-  if (kind_ == bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
+  if (kind_ == Bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
   return {
       .title = title,
@@ -109,7 +108,7 @@ void Drucker::Command2_Click() {
 void Drucker::printOn(Paper& paper) {
   ReportPrinter printer(paper.device());
   druckkopf(printer, paper.landscape());
-  const bool whole = papier(printer, kind_);
+  const bool whole = papier(printer);
   paper.deliver();
   if (!whole) throw RuntimeError(ErrorNumber::kPrinter);
 }
@@ -130,10 +129,10 @@ void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
 }
 
 /// Prints the body and ends the document. False if a statement had to be left out.
-bool Drucker::papier(ReportPrinter& printer, int kind) {
+bool Drucker::papier(ReportPrinter& printer) {
   bool whole = true;
   const Statements body =
-      kind == bericht::kÜbersicht
+      kind_ == Bericht::kÜbersicht
           ? overviewStatements(overview_ == nullptr ? OverviewGrid{} : *overview_)
           : analysisStatements(program_.record);
   for (const Statement& statement : body) {
@@ -147,10 +146,6 @@ bool Drucker::papier(ReportPrinter& printer, int kind) {
   return whole;
 }
 
-void Drucker::Command3_Click() {
-  reject();
-}
-
 /// Nothing is written back, and nothing is printed.
 void Drucker::Command4_Click() {
   guarded(questions_, u" drucker\\vorschau"_s, [this] {
@@ -158,7 +153,7 @@ void Drucker::Command4_Click() {
       guarded(questions_, u" drucker\\vorschau"_s, [&] {
         ReportPrinter printer(page);
         druckkopf(printer, page.pageLayout().orientation() == QPageLayout::Landscape);
-        papier(printer, kind_);
+        papier(printer);
       });
     });
   });
@@ -215,7 +210,6 @@ void Drucker::buildFields() {
     box.keyPress = [](int& code) { text_check(code); };
   }
   TextBox& today = Text1(1);
-  today.setMaxLength(kLongestDate);
   today.setReadOnly(true);  // the report always says when it was printed
   today.setFocusPolicy(Qt::NoFocus);
   today.setStyleSheet(u"background: #c0ffc0"_s);
@@ -233,7 +227,7 @@ void Drucker::buildFields() {
     return made;
   };
   Command2 = button(u"drucken"_s, &Drucker::Command2_Click);
-  Command3 = button(u"abbrechen"_s, &Drucker::Command3_Click);
+  Command3 = button(u"abbrechen"_s, &Drucker::reject);
   Command4 = button(u"Vorschau"_s, &Drucker::Command4_Click);
 }
 

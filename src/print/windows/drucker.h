@@ -29,7 +29,7 @@ class Drucker : public QDialog {
           const OverviewGrid* overview = nullptr);
 
   /// Prepares the dialog for a kind of report. The overview turns the printer's page to landscape.
-  void druckart(int kind);
+  void druckart(Bericht kind);
 
   QPushButton* Command1;  ///< shows the title; does nothing
   QLabel* Label1;
@@ -49,12 +49,11 @@ class Drucker : public QDialog {
   void limitRemark();
   void Form_Load();
   void Command2_Click();
-  void Command3_Click();
   void Command4_Click();
   void keepHeader();
   void printOn(Paper& paper);
   void druckkopf(ReportPrinter& printer, bool landscape);
-  bool papier(ReportPrinter& printer, int kind);
+  bool papier(ReportPrinter& printer);
   [[nodiscard]] QString remark() const;
   [[nodiscard]] PrintRequest request() const;
 
@@ -62,7 +61,7 @@ class Drucker : public QDialog {
   Questions& questions_;
   Desktop& desktop_;
   const OverviewGrid* overview_;
-  int kind_ = 0;
+  Bericht kind_ = Bericht::kAnalyse;
 };
 
 }  // namespace calvora

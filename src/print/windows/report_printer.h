@@ -4,7 +4,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 
-#include "print/statement.h"
+#include "print/report.h"
 
 namespace calvora {
 

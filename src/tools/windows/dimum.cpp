@@ -1,6 +1,7 @@
 #include "tools/windows/dimum.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 
@@ -26,28 +27,28 @@ constexpr int kTop = 600;
 constexpr int kInputBoxLeft = 6200;
 constexpr int kInputBoxTop = 8400;
 
-QString converterLook() {
-  return uR"(
-ClickLabel { border: 1px solid #728194; border-radius: 3px; padding: 2px 8px; color: #000000; }
+const QString kLook =
+    uR"(
+*[look] { border: 1px solid #728194; border-radius: 3px; padding: 2px 8px; color: #000000;
+  text-align: right; }
 *[look="normal"] { background: #ffff00; }
 *[look="value"] { background: #ffffff; }
 *[look="own"] { background: #ff0080; color: #ffffff; border-color: #a80054; font-weight: bold; }
 *[look="marked"] { background: #0000c0; color: #ffffff; border-color: #00007a; }
 *[look="massless"] { background: #e0e0e0; color: #4a4a4a; border-color: #c4c4c4; }
 *[look="empty"] { background: transparent; border-color: #d6dde4; }
-ClickLabel:focus { border: 2px solid #1b2430; padding: 1px 7px; }
-)"_s.replace(u"ClickLabel"_s, u"calvora--ClickLabel"_s);
-}
+*[look]:focus { border: 2px solid #1b2430; padding: 1px 7px; outline: none; }
+)"_s;
 
 }  // namespace
 
-dimum::dimum(Program& program, Questions& questions, Desktop& desktop, TakeOver takeOver,
-             QWidget& mainWindow)
+dimum::dimum(const AnalysisRecord& record, int field, Questions& questions, Desktop& desktop,
+             TakeOver takeOver, QWidget& mainWindow)
     : QDialog(&mainWindow),
       questions_(questions),
       desktop_(desktop),
       takeOver_(std::move(takeOver)),
-      converter_(program, questions) {
+      converter_(record, field) {
   setAttribute(Qt::WA_DeleteOnClose);
   setEnabled(true);  // although the window below is not
   buildWindow();
@@ -121,7 +122,7 @@ void dimum::labclick(int index) {
                                                  .top = kInputBoxTop});
       result = converter_.enter(index, typed.value_or(QString()));
       showSlots();
-      converter_.tell(result, index);
+      if (result != Conversion::kDone) questions_.ask(entryNotice(result, index));
       if (result == Conversion::kTooLarge) {
         converter_.clearTexts();
         showSlots();
@@ -145,25 +146,54 @@ void dimum::mnuhelp_Click() {
   questions_.ask({.text = umrechnerHilfe(), .title = u"Hilfe"_s});
 }
 
-void dimum::addSlot(QGridLayout& grid, int index) {
-  auto& unit = Label1.add(index, new ClickLabel);
-  auto& value = Label3.add(index, new ClickLabel);
-  unit.setMinimumSize(twips(kUnitWidth), twips(kRowHeight));
-  value.setMinimumSize(twips(kValueWidth), twips(kRowHeight));
-  if (index <= kSlotRows) unit.setToolTip(u"Zur Wert-Eingabe anklicken"_s);
-  unit.clicked = value.clicked = [this, index] { labclick(index); };
-  unit.focused = [this, index] { Label1_MouseMove(index); };
-  unit.pointedAt = [this, index] {
+bool dimum::eventFilter(QObject* receiver, QEvent* event) {
+  const int index = receiver->property("index").toInt();
+  if (event->type() == QEvent::KeyPress) return keyOn(index, *static_cast<QKeyEvent*>(event));
+  if (event->type() == QEvent::FocusIn) Label1_MouseMove(index);
+  const auto& unit = *static_cast<QWidget*>(receiver);
+  const bool pointedAt = event->type() == QEvent::MouseMove && unit.isEnabled() &&
+                         unit.rect().contains(static_cast<QMouseEvent*>(event)->pos());
+  if (pointedAt) {
     // Mouse and arrow keys move one and the same mark while the focus is on a slot.
-    const bool onSlot = qobject_cast<ClickLabel*>(focusWidget()) != nullptr;
+    const bool onSlot = focusWidget() != nullptr && focusWidget()->property("index").isValid();
     if (onSlot) moveFocusTo(index);
     Label1_MouseMove(index);
+  }
+  return QDialog::eventFilter(receiver, event);
+}
+
+bool dimum::keyOn(int index, const QKeyEvent& key) {
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      break;
+    default:
+      return false;
+  }
+  const bool sideways = key.key() == Qt::Key_Left || key.key() == Qt::Key_Right;
+  const bool back = key.key() == Qt::Key_Left || key.key() == Qt::Key_Up;
+  const int rows = sideways ? kSlotRows : 1;
+  moveFocusTo(converter_.neighbour(index, back ? -rows : rows));
+  return true;
+}
+
+void dimum::addSlot(QGridLayout& grid, int index) {
+  const auto add = [&](ControlArray<QPushButton>& buttons, int width) -> QPushButton& {
+    QPushButton& button = buttons.add(index, new QPushButton);
+    button.setMinimumSize(twips(width), twips(kRowHeight));
+    pressOnEnter(button);
+    connect(&button, &QPushButton::clicked, this, [this, index] { labclick(index); });
+    return button;
   };
-  unit.arrow = [this, index](Qt::Key key) {
-    const int rows = key == Qt::Key_Left || key == Qt::Key_Right ? kSlotRows : 1;
-    const bool back = key == Qt::Key_Left || key == Qt::Key_Up;
-    moveFocusTo(converter_.neighbour(index, back ? -rows : rows));
-  };
+  QPushButton& unit = add(Label1, kUnitWidth);
+  QPushButton& value = add(Label3, kValueWidth);
+  if (index <= kSlotRows) unit.setToolTip(u"Zur Wert-Eingabe anklicken"_s);
+  unit.setProperty("index", index);
+  unit.setMouseTracking(true);
+  unit.installEventFilter(this);
+  value.setFocusPolicy(Qt::NoFocus);
   const int column = index <= kSlotRows ? 0 : 3;
   const int row = (index - 1) % kSlotRows;
   grid.addWidget(&unit, row, column);
@@ -184,7 +214,7 @@ QWidget* dimum::buildSlots() {
 
 void dimum::buildWindow() {
   setWindowTitle(u"  Dimensions-Umrechnung"_s);
-  setStyleSheet(converterLook());
+  setStyleSheet(kLook);
   auto* layout = new QVBoxLayout(this);
   setWindowMargins(*layout);
   layout->setSpacing(14);

@@ -9,7 +9,6 @@
 #include "platform/control_array.h"
 #include "platform/desktop.h"
 #include "tools/umrechner.h"
-#include "tools/windows/click_label.h"
 
 class QGridLayout;
 
@@ -26,13 +25,16 @@ class dimum : public QDialog {
   /// wants it to be entered again, else 0.
   using TakeOver = std::function<int(int field, const QString& text)>;
 
-  /// Opens over the main window.
-  dimum(Program& program, Questions& questions, Desktop& desktop, TakeOver takeOver,
-        QWidget& mainWindow);
+  /// Opens over the main window, on the value that the record holds for a field.
+  dimum(const AnalysisRecord& record, int field, Questions& questions, Desktop& desktop,
+        TakeOver takeOver, QWidget& mainWindow);
 
-  ControlArray<ClickLabel> Label1;  ///< units
-  ControlArray<ClickLabel> Label3;  ///< values
-  QLabel* Label2;                   ///< heading
+  /// The focus, the mouse and the arrow keys on a unit.
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+  ControlArray<QPushButton> Label1;  ///< units
+  ControlArray<QPushButton> Label3;  ///< values
+  QLabel* Label2;                    ///< heading
   QPushButton* Command1;
   QPushButton* Command2;
   QAction* mnuhelp;
@@ -45,6 +47,7 @@ class dimum : public QDialog {
   void Form_Load();
   void Label1_MouseMove(int index);
   void labclick(int index);
+  bool keyOn(int index, const QKeyEvent& key);
   void Command1_Click();
   void Command2_Click();
   void mnuhelp_Click();

@@ -6,7 +6,6 @@
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
-#include "tools/infotexte.h"
 
 namespace calvora {
 
@@ -17,6 +16,22 @@ namespace {
 // Twips.
 constexpr int kWidth = 9200;
 constexpr int kListWidth = 8900;
+
+/// Names and explanations line up in a font of fixed width; a row of one blank separates blocks.
+const QStringList kRows{
+    u"pH aus Ks-Wert      pH-Wert wird aus Kb- bzw. den Ks-Werten berechnet"_s,
+    u" "_s,
+    u"pH-Wert aus Ks8,2   pH-Wert der aus dem Ks8,2  berechnet werden kann. "_s,
+    u"                    Bedingung: salzarme Matrix (VE-Wasser, Natronlauge)"_s,
+    u" "_s,
+    u"pH bei 25°C         Umrechnung des gemessenen pH-Wertes auf Std.-Temp."_s,
+    u"                    25 °C  nach DIN 38404"_s,
+    u" "_s,
+    u"pH aus LF / VE      pH-Wert der nur aus der Leitfähigkeit berechnet  "_s,
+    u"                    wird. für Wässer mit pH >8,2. und salzarmer Matrix"_s,
+    u" "_s,
+    QString(),
+};
 
 }  // namespace
 
@@ -50,7 +65,7 @@ info1::info1(QWidget* parent)
 
 void info1::infotxt1() {
   List1->clear();
-  List1->addItems(infotexte());
+  List1->addItems(kRows);
   List1->setMinimumHeight(List1->sizeHintForRow(0) * List1->count() + 2 * List1->frameWidth());
   List1->setVisible(true);
 }

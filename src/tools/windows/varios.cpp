@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 
-#include "base/guarded.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
@@ -28,7 +27,7 @@ QComboBox* makeList(const QStringList& entries, const QString& name) {
 
 }  // namespace
 
-varios::varios(Questions& questions, QWidget* parent) : QDialog(parent), questions_(questions) {
+varios::varios(QWidget* parent) : QDialog(parent) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   Form_Load();
@@ -45,12 +44,9 @@ void varios::Form_Load() {
 }
 
 void varios::tempkorr() {
-  guarded(questions_, u" varios\\tempkorr"_s, [this] {
-    const KorrigiertesVolumen result =
-        korrigiertesVolumen(Combo1->currentText(), Combo2->currentIndex());
-    Label3(1).setText(result.volumen);
-    Label3(2).setText(result.faktor);
-  });
+  const auto [volume, factor] = korrigiertesVolumen(Combo1->currentText(), Combo2->currentIndex());
+  Label3(1).setText(volume);
+  Label3(2).setText(factor);
 }
 
 void varios::keyPressEvent(QKeyEvent* event) {

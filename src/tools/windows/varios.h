@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include "base/questions.h"
 #include "platform/control_array.h"
 
 namespace calvora {
@@ -16,7 +15,7 @@ class varios : public QDialog {
   Q_OBJECT
 
  public:
-  varios(Questions& questions, QWidget* parent);
+  explicit varios(QWidget* parent);
 
   QLabel* Label1;
   QComboBox* Combo1;  ///< volume
@@ -33,8 +32,6 @@ class varios : public QDialog {
   void buildWindow();
   void Form_Load();
   void tempkorr();
-
-  Questions& questions_;
 };
 
 }  // namespace calvora
