@@ -97,6 +97,11 @@ const Field& fieldOf(int index) {
   return found == fields().end() ? kNone : *found;
 }
 
+const Field& fieldOfRow(int row) {
+  const auto found = std::ranges::find(fields(), row, &Field::overviewRow);
+  return row == 0 || found == fields().end() ? fieldOf(0) : *found;
+}
+
 bool isShown(int index) {
   return fieldOf(index).index != 0;
 }

@@ -90,6 +90,9 @@ std::span<const Field> resultFields();
 /// The row of a field; an empty one for a field that the mask does not show.
 const Field& fieldOf(int index);
 
+/// The row of the field that a row of the overview shows; an empty one for a row without a field.
+const Field& fieldOfRow(int row);
+
 /// Whether the mask shows the field; these are the fields that analysis files hold.
 bool isShown(int index);
 

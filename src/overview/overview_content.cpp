@@ -38,48 +38,33 @@ Button uebersichtMeldung(Questions& questions, int code, const QString& extra) {
   return questions.ask(message);
 }
 
-std::span<const FieldRow> fieldRows() {
-  static const auto kRows = [] {
-    std::vector<FieldRow> rows;
-    for (const auto& fields : {inputFields(), resultFields()}) {
-      for (const Field& field : fields) {
-        if (field.overviewRow != 0) rows.push_back({field.index, field.overviewRow});
-      }
-    }
-    return rows;
-  }();
-  return kRows;
-}
-
 bool isSeparatorRow(int row) {
-  return row != 0 && std::ranges::find(fieldRows(), row, &FieldRow::row) == fieldRows().end();
+  return row != 0 && fieldOfRow(row).index == 0;
 }
 
 QString symbolOfRow(int row) {
-  const auto pair = std::ranges::find(fieldRows(), row, &FieldRow::row);
-  if (pair == fieldRows().end()) return {};
-  const Field& caption = fieldOf(pair->field);
+  const Field& field = fieldOfRow(row);
   static const QRegularExpression kBetweenWords(u"[ -]+"_s);
-  const bool said = caption.caption.split(kBetweenWords).contains(caption.shortLabel);
-  return said ? QString() : caption.shortLabel;
+  const bool said = field.caption.split(kBetweenWords).contains(field.shortLabel);
+  return said ? QString() : field.shortLabel;
 }
 
 void enterNames(OverviewGrid& grid) {
-  grid.names[0] = u"Probe-Datum"_s;
-  for (const auto& [field, row] : fieldRows()) {
-    grid.names[row] = fieldOf(field).caption;
-    grid.units[row] = fieldOf(field).unit;
+  for (int row = 0; row < OverviewGrid::kRows; ++row) {
+    grid.names[row] = row == 0 ? u"Probe-Datum"_s : fieldOfRow(row).caption;
+    grid.units[row] = fieldOfRow(row).unit;
   }
 }
 
 void enterAnalysis(OverviewGrid& grid, int slot, const Program& program) {
-  const QString prefix = slot == OverviewGrid::kSlots ? u" "_s : QString();
   OverviewGrid::Slot& entered = grid.slot[slot] = {};
-  for (const auto& [field, row] : fieldRows()) {
-    entered.cells[row] = prefix + program.overviewText[field];
+  entered.cells[0] = program.record.flag[flag::kOverviewDate];
+  for (int row = 1; row < OverviewGrid::kRows; ++row) {
+    if (isSeparatorRow(row)) continue;
+    const QString& text = program.overviewText[fieldOfRow(row).index];
+    entered.cells[row] = slot == OverviewGrid::kSlots ? ' '_L1 + text : text;
   }
   entered.caption = program.record.flag[flag::kOverviewName];
-  entered.cells[0] = program.record.flag[flag::kOverviewDate];
   entered.filled = true;
 }
 

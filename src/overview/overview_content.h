@@ -20,15 +20,6 @@ inline constexpr int kProjektGespeichert = 3;
 /// slot that message 2 asks about.
 Button uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
 
-/// A field of the analysis record and the row of the overview that shows it. Field 10 has none.
-struct FieldRow {
-  int field;
-  int row;
-};
-
-/// The 21 of them, in the order in which an analysis is entered.
-std::span<const FieldRow> fieldRows();
-
 /// Whether a row is empty in every column and only parts two groups of fields.
 bool isSeparatorRow(int row);
 

@@ -152,7 +152,10 @@ Statements overviewStatements(const OverviewGrid& grid) {
   report.emptyLines(3).at(kParameter, u"Dateiname"_s);
   eachFilled([](const OverviewGrid::Slot& slot) { return slot.caption.trimmed().left(8); });
   for (int row = 0; row < OverviewGrid::kRows; ++row) {
-    report.at(kParameter, grid.names[row]).at(kUnit, grid.units[row]);
+    report.at(kParameter, grid.names[row]);
+    const QString& symbol = fieldOfRow(row).shortLabel;
+    if (!symbol.isEmpty()) report.at(kSymbol, symbol);  // two rows have the same name
+    report.at(kUnit, grid.units[row]);
     eachFilled([row](const OverviewGrid::Slot& slot) {
       const QString cell = slot.cells[row].trimmed();
       return row == 0 ? cell.left(6) + cell.right(2) : cell;  // a date without its century
