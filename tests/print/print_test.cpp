@@ -188,7 +188,7 @@ class PrintTest : public QObject {
     window.Command2->click();
     const QStringList lines = linesOf(mask.pdf);
     QVERIFY(lines.contains(u"Bezeichnung Probe: Rücklauf"_s) && !lines.contains(u"---"_s));
-    QCOMPARE(lines.back(), u"9999,999 "_s.repeated(8).trimmed());
+    QCOMPARE(lines.back(), u"SI"_s + u" 9999,999"_s.repeated(8));
     const double rightMargin = (297 - 10) / 25.4 * 72;
     QVERIFY(extents(mask.pdf, u"00000008"_s).value(0).second < rightMargin);
     const auto values = extents(mask.pdf, u"9999,999"_s);
