@@ -76,7 +76,7 @@ void subcalc::c_formen() {
   const double hco3 = kHydrogencarbonat * equivalent;
   const double co3 = kCarbonat * carbonateAt(ph.toDouble(), constant(pk::kSäure2), equivalent);
   const double co2 =
-      kKohlendioxid * carbonDioxideAt(ph.toDouble(), constant(pk::kSäure1), equivalent);
+      kKohlendioxid * equivalent * std::pow(10.0, constant(pk::kSäure1) - ph.toDouble());
   const bool stored = store(feld::kHydrogencarbonat, hco3, Format::kOneDecimal) &&
                       store(feld::kCarbonat, co3, Format::kTwoDecimals) &&
                       store(feld::kCo2Frei, co2, Format::kOneDecimal);

@@ -11,11 +11,6 @@ namespace calvora {
 // 10^(pH − pK2). A species follows from its neighbour by that ratio alone, so that the sum of all
 // three is never formed and nothing is lost to rounding. Concentrations in mmol/l.
 
-/// Carbon dioxide that belongs to a concentration of hydrogencarbonate.
-inline double carbonDioxideAt(double ph, double pk1, double hydrogencarbonate) {
-  return hydrogencarbonate * std::pow(10.0, pk1 - ph);
-}
-
 /// Carbonate that belongs to a concentration of hydrogencarbonate.
 inline double carbonateAt(double ph, double pk2, double hydrogencarbonate) {
   return hydrogencarbonate * std::pow(10.0, ph - pk2);
