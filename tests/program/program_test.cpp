@@ -1,10 +1,8 @@
 // The whole program, driven through its real windows: start, questions, runtime errors, end.
-#include <QComboBox>
+#include <QAbstractItemView>
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 
 #include "app/application.h"
 #include "app/start_window.h"
@@ -29,6 +27,29 @@ Message question(Buttons buttons) {
           .symbol = Symbol::kQuestion};
 }
 
+/// What a window says: its title, and the text, tip and spoken name of every control and command.
+QStringList textsOf(const QString& name, const QWidget& window) {
+  QStringList said{u"%1 '%2'"_s.arg(name, window.windowTitle())};
+  const auto say = [&](const QString& text, const QStringList& more) {
+    QString line = u"  '%1' %2"_s.arg(text, more.join(' '_L1)).replace('\n'_L1, u"¶"_s).trimmed();
+    if (line != "''"_L1) said += line;
+  };
+  for (const QObject* child : window.findChildren<QObject*>()) {
+    const auto* action = qobject_cast<const QAction*>(child);
+    if (action != nullptr && !action->text().isEmpty()) {
+      say(action->text(),
+          {action->shortcut().toString(), action->isEnabled() ? u"on"_s : u"off"_s});
+    } else if (const auto* list = qobject_cast<const QAbstractItemView*>(child)) {
+      for (int i = 0; i < list->model()->rowCount(); ++i) {
+        say(list->model()->index(i, 0).data().toString(), {});
+      }
+    } else if (const auto* control = qobject_cast<const QWidget*>(child)) {
+      say(control->property("text").toString(), {control->toolTip(), control->accessibleName()});
+    }
+  }
+  return said;
+}
+
 }  // namespace
 
 class ProgramTest : public QObject {
@@ -36,65 +57,26 @@ class ProgramTest : public QObject {
 
  private slots:
   void theWindowsSayWhatTheyShould() {
-    QStringList said;
-    const auto say = [&](const QString& name, const auto& controls) {
-      for (const auto& [index, control] : controls) {
-        said += u"%1(%2) '%3' %4"_s.arg(name).arg(index).arg(control->text(), control->toolTip());
-      }
-    };
     Mask mask;
-    auto& [questions, desktop, folder, program, window] = mask;
-    say(u"Label5"_s, window.Label5);
-    say(u"Label6"_s, window.Label6);
-    say(u"Label3"_s, window.Label3);
-    say(u"Label10"_s, window.Label10);
-    say(u"Command1"_s, window.Command1);
-    said += u"'%1' '%2'"_s.arg(window.Label1->text(), window.Label4->text());
-    for (QAction* menu : window.menuBar()->actions()) {
-      said += u"menu '%1'"_s.arg(menu->text().remove('&'_L1));
-      for (QAction* action : menu->menu()->actions()) {
-        said += u"  '%1' %2 %3"_s.arg(action->text().remove('&'_L1), action->shortcut().toString(),
-                                      action->isEnabled() ? u"on"_s : u"off"_s);
-      }
-    }
-    const start startWindow(window, desktop);
-    say(u"start Label1"_s, startWindow.Label1);
-    say(u"start Label3"_s, startWindow.Label3);
-    say(u"start Command1"_s, startWindow.Command1);
+    QStringList said = textsOf(u"main"_s, mask.window);
+    said += textsOf(u"start"_s, start(mask.window, mask.desktop));
     for (const int field : {1, 3, 23}) {
-      const dimum converter(program.record, field, questions, desktop, {}, window);
-      said += u"dimum '%1' '%2'"_s.arg(converter.windowTitle(), converter.Label2->text());
-      said += u"'%1' '%2' '%3'"_s.arg(converter.Command1->text(), converter.Command2->text(),
-                                      converter.mnuhelp->text());
-      say(u"dimum Label1"_s, converter.Label1);
+      said += textsOf(u"dimum"_s, dimum(mask.program.record, field, mask.questions, mask.desktop,
+                                        {}, mask.window));
     }
-    const bb_msg report(desktop);
-    said += u"bb_msg '%1'"_s.arg(report.windowTitle());
-    say(u"bb_msg Label1"_s, report.Label1);
-    say(u"bb_msg Check1"_s, report.Check1);
-    const varios volume(&window);
-    said += u"varios '%1' '%2'"_s.arg(volume.Label1->text(), volume.Command1->text());
-    say(u"varios Label2"_s, volume.Label2);
-    say(u"varios Label3"_s, volume.Label3);
-    for (const QComboBox* list : {volume.Combo1, volume.Combo2}) {
-      said += u"varios '%1': '%2' to '%3'"_s.arg(list->accessibleName(), list->itemText(0),
-                                                 list->itemText(list->count() - 1));
-    }
-    info1 information(&window);
+    said += textsOf(u"bb_msg"_s, bb_msg(mask.desktop));
+    said += textsOf(u"varios"_s, varios(&mask.window));
+    info1 information(&mask.window);
     information.infotxt1();
-    said += u"info1 '%1' '%2'"_s.arg(information.windowTitle(), information.Command1->text());
-    for (int i = 0; i < information.List1->count(); ++i) {
-      said += u"'%1'"_s.arg(information.List1->item(i)->text());
-    }
-    const Version version(QDate(2026, 5, 4), &window);
-    said += u"Version '%1'"_s.arg(version.windowTitle());
-    for (const int i : {1, 2, 3, 5, 6}) said += version.Label1(i).text();
-    for (QString& line : said) line = line.replace('\n'_L1, u"¶"_s).trimmed();
+    said += textsOf(u"info1"_s, information);
+    const Version version(QDate(2026, 5, 4), &mask.window);
+    for (const int index : {0, 4}) version.Label1(index).clear();  // of this build
+    said += textsOf(u"Version"_s, version);
 
     QFile golden(QFINDTESTDATA("program/golden/texts.txt"));
-    QVERIFY(golden.open(QFile::ReadOnly));
+    QVERIFY2(golden.open(QFile::ReadOnly), qUtf8Printable(said.join('\n'_L1)));
     const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n'_L1);
-    for (qsizetype i = 0; i < said.size(); ++i) QCOMPARE(said[i], expected.value(i).trimmed());
+    for (qsizetype i = 0; i < said.size(); ++i) QCOMPARE(said[i], expected.value(i));
     QCOMPARE(said.size(), expected.size());
   }
 
@@ -117,8 +99,6 @@ class ProgramTest : public QObject {
     QCOMPARE(application.program().fieldIndex, 0);
     const double scale = window.logicalDpiX() / 1440.0;
     QCOMPARE(startWindow->pos() - window.pos(), QPoint(qRound(40 * scale), qRound(400 * scale)));
-    QCOMPARE(startWindow->Label3(1).text(),
-             u"> Temperatur\n> Säurekapazität Ks 4,3 / Ks8,2\n> Basekapazität  Kb 8,2"_s);
     QTimer::singleShot(0, startWindow, [&] {
       button == 0 ? void(startWindow->close()) : startWindow->Command1(button).click();
     });

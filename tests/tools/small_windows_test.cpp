@@ -22,6 +22,7 @@ class SmallWindowsTest : public QObject {
              "60 °C 98,50 0,985; 70 °C 97,95 0,980; 80 °C 97,36 0,974; 90 °C 96,70 0,967; "
              "100 °C 95,60 0,956"_s);
     QCOMPARE(volumenListe().size(), 20);
+    QCOMPARE(volumenListe().first() + volumenListe().last(), u"10 ml200 ml"_s);
     for (const QString& none : {u"0 ml"_s, u"ml"_s, QString()}) {  // then there is no factor
       const auto [volume, factor] = korrigiertesVolumen(none, 1);
       QCOMPARE(volume + '|'_L1 + factor, u"|"_s);

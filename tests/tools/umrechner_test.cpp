@@ -74,89 +74,77 @@ field, stored, slot and text typed
     QCOMPARE(shown.join(';'), row[1]);
   }
 
-  void typingAsksUntilTheValueIsValid_data() {
+  void aTypedValueIsConvertedAndTakenOver_data() {
     addRows(
         uR"(
-field, slot, typed; told; own slot in the end
-1, 2, zwei;2|N|2000
-1, 2, 1,2,3;5-3;-;2|N;N;N|2000
-1, 1, cancel||7
-1, 1, 0||7
-1, 1, x;cancel|N|7
-3, 1, 0||0
-3, 2, cancel||-17,78
-3, 1, 10001;25|10000|25
-1, 3, 10000,1;10000|10000|100000
-1, 1, 20000;cancel||
-24, 14, 10001;cancel||
-1, 1, 99999999999999999999;5|10000|5
-23, 10, 900001;900000|900000|900
-23, 9, 10001;10000|10000|10000
+field, slot, typed; told; own slot in the end; message on taking it over; box
+1, 2, zwei;2|N|2000||2000,0000
+1, 2, 1,2,3;5-3;-;2|N;N;N|2000||2000,0000
+1, 1, cancel||7|disabled|
+1, 1, 0||7|disabled|
+1, 1, x;cancel|N|7|disabled|
+3, 1, 0||0|3 1-90 °C|
+3, 2, cancel||-17,78|3 1-90 °C|
+3, 1, 10001;25|10000|25||25,0000
+1, 3, 10000,1;10000|10000|100000|3 0,5 - 5000 µS/cm|
+1, 1, 20000;cancel|10000||disabled|
+24, 14, 10001;cancel|10000||disabled|
+1, 1, 99999999999999999999;5|10000|5||5,0000
+23, 10, 900001;900000|900000|900|3 0,1 - 700|
+23, 9, 10001;10000|10000|10000|3 0,1 - 700|
+20, 3, 25||14||14,0
+5, 14, 2,5||2,50||2,5000
+6, 13, 125||0,13||0,1250
+1, 2, 9||9000|3 0,5 - 5000 µS/cm|
+3, 2, 212||100|3 1-90 °C|
+24, 8, 500||500|3 0,1 - 420␣|
 )"_s);
   }
-  void typingAsksUntilTheValueIsValid() {
+  void aTypedValueIsConvertedAndTakenOver() {
     QFETCH(QStringList, row);
     const int field = row[0].section(u", "_s, 0, 0).toInt();
     const int slot = row[0].section(u", "_s, 1, 1).toInt();
-    Mask mask;
-    dimum& window = opened(mask, field, 7);
-    const QStringList typed = row[0].section(u", "_s, 2).split(';');
-    for (const QString& text : typed) {
-      mask.desktop.texts += text == "cancel"_L1 ? QString() : text;
-    }
-    const bool emptied = row[2].isEmpty();
-    for (const QString& told : (emptied ? u"10000"_s : row[1]).split(';', Qt::SkipEmptyParts)) {
-      mask.questions.expect(told == 'N'_L1 ? u" Bitte nur Zahlen eingeben ! "_s
-                                           : u" Der Wert ist zu groß ! \n\r Es sind höchstens "_s +
-                                                 told + u" zulässig. "_s);
-    }
-    QTest::mouseClick(&window.Label1(slot), Qt::LeftButton);
-    QCOMPARE(mask.desktop.textRequests.size(), static_cast<size_t>(typed.size()));
-    QCOMPARE(
-        mask.desktop.textRequests[0].prompt,
-        mask.window.Label5(field).text() + u"   in    "_s + window.Label1(slot).text().trimmed());
-    QCOMPARE(window.Label3(window.Text2).text(), row[2]);
-    for (const auto& [index, value] : window.Label3) QVERIFY(!emptied || value->text().isEmpty());
-    QCOMPARE(window.Command1->isEnabled(), !emptied && row[2] != "7"_L1);  // 7 was there before
-    QCOMPARE(mask.desktop.textRequests.front().title, u"Eingabe"_s);
-    for (const Message& notice : mask.questions.asked) QCOMPARE(notice.title, u"Eingabe"_s);
-  }
-
-  void aValueIsTakenOver_data() {
-    addRows(
-        uR"(
-field, slot, typed; message; box; converter
-1, 2, 2||2000,0000|closed
-20, 3, 25||14,0|closed
-5, 14, 2,5||2,5000|closed
-6, 13, 125||0,1250|closed
-1, 2, 9|3 0,5 - 5000 µS/cm||closed
-3, 2, 212|3 1-90 °C||open
-24, 8, 500|3 0,1 - 420␣||open
-)"_s);
-  }
-  void aValueIsTakenOver() {
-    QFETCH(QStringList, row);
-    const QStringList given = row[0].split(u", "_s);
-    const int field = given[0].toInt();
     Mask mask;
     mask.enter(2, u"7"_s);
     mask.enter(3, u"10"_s);
     mask.enter(6, u"0,25"_s);
     mask.program.record.flag.clear();
-    dimum& window = opened(mask, field);
+    dimum& window = opened(mask, field, 7);
     QVERIFY(!mask.window.isEnabled() && window.isEnabled() && !window.isModal());
-    mask.desktop.texts = {given[2]};
-    QTest::mouseClick(&window.Label3(given[1].toInt()), Qt::LeftButton);
-    if (!row[1].isEmpty()) mask.questions.expect(says(row[1]));
+    const QStringList typed = row[0].section(u", "_s, 2).split(';');
+    for (const QString& text : typed) {
+      mask.desktop.texts += text == "cancel"_L1 ? QString() : text;
+    }
+    for (const QString& told : row[1].split(';', Qt::SkipEmptyParts)) {
+      mask.questions.expect(told == 'N'_L1 ? u" Bitte nur Zahlen eingeben ! "_s
+                                           : u" Der Wert ist zu groß ! \n\r Es sind höchstens "_s +
+                                                 told + u" zulässig. "_s);
+    }
+    const auto& clicked = typed.size() > 1 ? window.Label1 : window.Label3;
+    QTest::mouseClick(&clicked(slot), Qt::LeftButton);
+    QCOMPARE(mask.desktop.textRequests.size(), static_cast<size_t>(typed.size()));
+    QCOMPARE(mask.desktop.textRequests[0].title, u"Eingabe"_s);
+    QCOMPARE(
+        mask.desktop.textRequests[0].prompt,
+        mask.window.Label5(field).text() + u"   in    "_s + window.Label1(slot).text().trimmed());
+    QCOMPARE(window.Label3(window.Text2).text(), row[2]);
+    const bool emptied = row[2].isEmpty();
+    for (const auto& [index, value] : window.Label3) QVERIFY(!emptied || value->text().isEmpty());
+
+    const bool disabled = row[3] == "disabled"_L1;
+    QCOMPARE(window.Command1->isEnabled(), !disabled);
+    if (disabled) return;
+    if (!row[3].isEmpty()) mask.questions.expect(says(row[3]));
     QTest::mouseClick(window.Command1, Qt::LeftButton);
-    QCOMPARE(mask.window.Text1(field).text(), row[2]);
-    QCOMPARE(window.isVisible(), row[3] == "open"_L1);
-    QCOMPARE(mask.window.isEnabled(), row[3] == "closed"_L1);
+    QCOMPARE(mask.window.Text1(field).text(), row[4]);
+    // Only the check of the conductivity does not ask for the value again.
+    const bool again = !row[3].isEmpty() && field != 1;
+    QCOMPARE(window.isVisible(), again);
+    QCOMPARE(mask.window.isEnabled(), !again);
     QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
     QCOMPARE(mask.program.fieldIndex, field);
     QCOMPARE(mask.window.Label2(11).text().isEmpty(), field != 5);  // recalculated
-    if (window.isVisible()) return;
+    if (again) return;
     mask.activate();
     QCOMPARE(mask.focusedBox(), field);
   }

@@ -29,10 +29,7 @@ bb_msg::bb_msg(Desktop& desktop) : desktop_(desktop) {
     label.setTextFormat(Qt::PlainText);
     texts->addWidget(&label);
   }
-  QFont heading = font();
-  heading.setPointSize(heading.pointSize() + 2);
-  heading.setBold(true);
-  Label1(1).setFont(heading);
+  Label1(1).setStyleSheet(u"font-size: 12pt; font-weight: bold"_s);
   // What is to be passed on must be easy to copy.
   for (const int index : {2, 5}) Label1(index).setTextInteractionFlags(Qt::TextSelectableByMouse);
 

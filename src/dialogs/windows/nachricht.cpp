@@ -19,15 +19,6 @@ QString shownText(QString text) {
   return text.replace("\n\r"_L1, "\n"_L1).replace(kLongWord, u"\\1\u200b"_s);
 }
 
-QFont fontOfSize(QFont font, int points) {
-  if (points != 0) font.setPointSize(points);
-  return font;
-}
-
-int inTwips(int pixels) {
-  return pixels * 1000 / twips(1000) + 1;
-}
-
 }  // namespace
 
 nachricht::nachricht(QWidget* parent)
@@ -53,14 +44,15 @@ nachricht::nachricht(QWidget* parent)
 
 void nachricht::messein(const Message& message) {
   const auto measure = [this](const QString& text, int points) {
-    const QFontMetrics metrics(fontOfSize(font(), points));
-    return inTwips(metrics.size(0, shownText(text)).width());
+    QFont shown = font();
+    if (points != 0) shown.setPointSize(points);
+    Label6->setFont(shown);
+    return Label6->fontMetrics().size(0, shownText(text)).width() * 1000 / twips(1000) + 1;
   };
   const MessageLayout layout = layoutMessage(message, measure);
   answer_ = closeAnswer(layout);
   setWindowTitle(layout.title);
   Label6->setText(shownText(layout.text));
-  Label6->setFont(fontOfSize(font(), layout.fontSize));
   for (const auto& [index, button] : Command1) button->setFont(Label6->font());
   colour(layout);
   place(layout);
