@@ -18,7 +18,7 @@ const auto kDisplay = QRegularExpression(u"^-?[0-9]*(,[0-9]+)?(E[+-][0-9]{2,})?$
 /// Requires of a display text that it looks like one, says the number to the digits it shows, and
 /// never says minus zero.
 void requireShows(double number, const QString& text) {
-  const QString what = QString::number(number, 'g', 17) + u" as " + text;
+  const QString what = QString::number(number, 'g', 17) + u" as "_s + text;
   fuzz::require(kDisplay.match(text).hasMatch(), "a display text is a number", what);
   const qsizetype comma = text.indexOf(u',');
   const qsizetype exponent = text.indexOf(u'E');

@@ -51,12 +51,12 @@ void subcalc::checkeingabe(int index, const QString& text, int& status) {
 /// value is out of every range. A rejected one is deleted, and the user told the range.
 bool subcalc::rejectOutOfRange(int index, bool representable, int& status) {
   const auto& range = fieldOf(index).range;
-  if (!range) return false;
+  if (!fieldOf(index).isTyped()) return false;
   const FixedPoint value = record_.value[index];
-  if (representable && value >= range->minimum && value <= range->maximum) return false;
+  if (representable && value >= range.minimum && value <= range.maximum) return false;
   record_.clearField(index);
-  if (range->focusBack) status = kFocusBack;
-  show(range->fault, range->text);
+  if (range.focusBack) status = kFocusBack;
+  show(range.fault, range.text);
   return true;
 }
 

@@ -14,8 +14,9 @@ constexpr size_t kInputs = 13;
 /// The field table: index, caption, symbol, unit, row of the overview, range or tool tip.
 std::span<const Field> fields() {
   using enum InputFault;
-  // The texts are made by _s: a QStringLiteral leaves a temporary, and clang up to 14 destroys
-  // those that stand beside a _fp at the end of the function, also where nothing was initialised.
+  // No row may make a temporary, neither by QStringLiteral nor by an optional range: clang up to 14
+  // destroys those that stand beside a _fp at the end of the function, also where nothing was
+  // initialised.
   static const std::array kFields{
       Field{1, u"Leitfähigkeit  gemessen"_s, u"LF"_s, u"µS/cm"_s, 1,
             FieldRange{0.5_fp, 5000_fp, u"0,5 - 5000 µS/cm"_s}},
@@ -41,27 +42,12 @@ std::span<const Field> fields() {
             FieldRange{0.01_fp, 500_fp, u"0,01 - 500"_s, true}},
       Field{26, u"Eisen"_s, u"Fe"_s, u"mg/l"_s, 14,
             FieldRange{0.01_fp, 20_fp, u"0,01 - 20"_s, true}},
-      Field{7, u"pH aus Ks-, Kb- Wert"_s, {}, u"pH"_s, 16},
-      Field{8,
-            u"pH-Wert aus  Ks8,2"_s,
-            {},
-            u"pH"_s,
-            17,
-            {},
+      Field{7, u"pH aus Ks-, Kb- Wert"_s, QString(), u"pH"_s, 16},
+      Field{8, u"pH-Wert aus  Ks8,2"_s, QString(), u"pH"_s, 17, FieldRange{},
             u"pH-Wert berechnet nur aus dem Ks8,2-Wert"_s},
-      Field{9,
-            u"pH bei 25 °C  aus Mess-pH"_s,
-            {},
-            u"pH"_s,
-            18,
-            {},
+      Field{9, u"pH bei 25 °C  aus Mess-pH"_s, QString(), u"pH"_s, 18, FieldRange{},
             u"Umrechnung des gemessenen pH-Wertes  auf T=25°C"_s},
-      Field{10,
-            u"pH aus LF / VE   / mind. LF "_s,
-            {},
-            u"pH"_s,
-            0,
-            {},
+      Field{10, u"pH aus LF / VE   / mind. LF "_s, QString(), u"pH"_s, 0, FieldRange{},
             u" Leitfähigkeit berechnet aus pH wenn dieser größer als 8,3 ist."_s},
       Field{11, u"Hydrogencarbonat "_s, u"HCO3"_s, u"mg/l"_s, 20},
       Field{12, u"Carbonat"_s, u"CO3"_s, u"mg/l"_s, 21},

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <functional>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -74,11 +73,11 @@ struct Field {
   QString caption;
   QString shortLabel;
   QString unit;
-  int overviewRow = 0;                   ///< 0: the overview does not show the field
-  std::optional<FieldRange> range = {};  ///< empty for a computed field
+  int overviewRow = 0;    ///< 0: the overview does not show the field
+  FieldRange range = {};  ///< of a typed field
   QString toolTip = {};
 
-  [[nodiscard]] bool isTyped() const { return range.has_value(); }
+  [[nodiscard]] bool isTyped() const { return !range.text.isEmpty(); }
 };
 
 /// The fields 1 to 6 and 20 to 26, in the order in which the focus walks those that are typed.
