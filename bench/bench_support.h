@@ -10,10 +10,12 @@
 
 namespace calvora {
 
-/// Takes notice of every message; a runtime error ends the benchmark.
+/// Takes notice of every message and agrees; a runtime error ends the benchmark.
 class SilentQuestions : public Questions {
  public:
-  Button ask(const Message&) override { return Button::kOk; }
+  Button ask(const Message& message) override {
+    return message.buttons.testFlag(Button::kJa) ? Button::kJa : Button::kOk;
+  }
   void reportError(const QString& text) override { qFatal("%s", qUtf8Printable(text)); }
 };
 

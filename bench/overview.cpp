@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "base/safe_write.h"
 #include "bench_support.h"
 #include "overview/windows/analysen.h"
 #include "storage/project_file.h"
@@ -16,21 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-OverviewGrid eightAnalyses() {
-  OverviewGrid grid;
+Project eightAnalyses() {
+  Project project;
+  OverviewGrid& grid = project.grid;
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
     grid.slot[k].filled = true;
     grid.slot[k].caption = u"leitungswasser-fuellung-%1"_s.arg(k);
     for (int row = 0; row < OverviewGrid::kRows; ++row) grid.slot[k].cells[row] = u"480,0000"_s;
   }
-  return grid;
+  return project;
 }
 
 void clearAndReloadAProjectOfEight(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
   bench.desktop.file = folder.filePath(u"acht"_s);
-  writeProject(bench.program, eightAnalyses(), folder.filePath(u"acht.cvp"_s), u"acht.cvp"_s);
+  writeFileSafely(folder.filePath(u"acht.cvp"_s), projectContent(eightAnalyses(), u"acht"_s));
   analysen overview(bench.program, bench.questions, bench.desktop);
   overview.setAttribute(Qt::WA_DeleteOnClose, false);
   overview.show();
@@ -41,7 +43,7 @@ void clearAndReloadAProjectOfEight(benchmark::State& state) {
     });
     overview.Command1(5).click();
     overview.grab();  // paints it
-    if (!overview.grid().slot[OverviewGrid::kSlots].filled) {
+    if (!overview.project().grid.slot[OverviewGrid::kSlots].filled) {
       state.SkipWithError("the project was not read");
     }
   }

@@ -15,13 +15,14 @@ void printToPdf(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
   bench.desktop.file = folder.filePath(u"bericht"_s);
-  OverviewGrid grid;
+  Project project;
+  OverviewGrid& grid = project.grid;
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
     grid.slot[k].filled = true;
     for (int row = 0; row < OverviewGrid::kRows; ++row) grid.slot[k].cells[row] = u"1234,5"_s;
   }
   for ([[maybe_unused]] auto _ : state) {
-    Drucker dialog(bench.program, bench.questions, bench.desktop, &bench.window, &grid);
+    Drucker dialog(bench.program, bench.questions, bench.desktop, &bench.window, &project);
     dialog.druckart(static_cast<Bericht>(state.range(0)));
     dialog.Command2->click();
   }

@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 
+#include "base/safe_write.h"
 #include "bench_support.h"
 #include "storage/analysis_file.h"
 #include "storage/windows/dateien.h"
@@ -18,7 +19,8 @@ void saveFromTheConfirmedDialog(benchmark::State& state) {
   Bench bench(acidWater());
   bench.desktop.file = folder.filePath(u"analyse"_s);
   for ([[maybe_unused]] auto _ : state) {
-    Dateien window(bench.program, bench.questions, bench.desktop, &bench.window);
+    Dateien window(Dateien::Mode::kSaveAnalysis, bench.program, bench.questions, bench.desktop,
+                   &bench.window);
     window.show();
     window.Command1->click();
     if (window.isVisible()) state.SkipWithError("the analysis was not saved");
@@ -29,7 +31,7 @@ void loadAndCompute(benchmark::State& state) {
   const QTemporaryDir folder;
   Bench bench(acidWater());
   const QString path = folder.filePath(u"analyse.cva"_s);
-  writeAnalysis(bench.program, path, u"analyse"_s);
+  writeFileSafely(path, analysisContent(bench.program, u"analyse"_s));
   for ([[maybe_unused]] auto _ : state) {
     if (!readAnalysis(bench.program, path, [&] { bench.window.datenkill(0); })) {
       state.SkipWithError("the analysis was not read");

@@ -11,20 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Project {
-  Program program;
-  OverviewGrid grid;
-};
-
 /// The bytes of a project. Empty if a text is too long for a line.
-std::optional<QByteArray> written(Project& project) {
-  project.program.record.flag[flag::kNameLine] = project.program.header[0];
+std::optional<QByteArray> written(const Project& project) {
   try {
-    return projectContent(project.program, project.grid);
+    return projectContent(project, project.header[0]);
   } catch (const RuntimeError&) {
     qsizetype longest = 0;
     const auto measure = [&](const QString& text) { longest = std::max(longest, text.size()); };
-    for (int slot = 0; slot <= 7; ++slot) measure(project.program.header[slot]);
+    for (int slot = 0; slot <= 7; ++slot) measure(project.header[slot]);
     for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
       measure(project.grid.slot[k].caption);
       for (int row = 0; row < OverviewGrid::kRows; ++row) measure(project.grid.slot[k].cells[row]);
@@ -46,8 +40,8 @@ void requireSameSlot(const OverviewGrid::Slot& slot, const OverviewGrid::Slot& a
 /// The filled slots, moved up into the gaps between them, and nothing behind them.
 void requireSame(const Project& project, const Project& again) {
   for (const int slot : {0, 1, 2, 4, 5, 7}) {
-    fuzz::require(again.program.header[slot] == fuzz::inFile(project.program.header[slot]),
-                  "a header comes back", project.program.header[slot]);
+    fuzz::require(again.header[slot] == fuzz::inFile(project.header[slot]), "a header comes back",
+                  project.header[slot]);
   }
   int next = 1;
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
@@ -63,17 +57,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   file.put(fuzz::bytes(data, size));
 
   Project project;
-  for (const int slot : {0, 1, 2, 4, 5, 7}) project.program.header[slot] = u"of before"_s;
-  readProject(project.program, project.grid, file.path());
+  for (const int slot : {0, 1, 2, 4, 5, 7}) project.header[slot] = u"of before"_s;
+  readProject(project, file.path());
   for (const int slot : {0, 1, 2, 4, 5, 7}) {
-    fuzz::require(project.program.header[slot] != "of before"_L1, "nothing stays of before");
+    fuzz::require(project.header[slot] != "of before"_L1, "nothing stays of before");
   }
   const auto content = written(project);
   if (!content) return 0;
 
   file.put(*content);
   Project again;
-  fuzz::require(readProject(again.program, again.grid, file.path()), "what was written is whole");
+  fuzz::require(readProject(again, file.path()), "what was written is whole");
   requireSame(project, again);
   fuzz::require(written(again) == content, "writing again gives the same bytes");
   return 0;

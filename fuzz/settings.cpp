@@ -5,7 +5,6 @@
 #include <optional>
 
 #include "fuzz_support.h"
-#include "storage/company_line.h"
 
 using namespace calvora;
 

@@ -11,7 +11,6 @@
 #include "overview/windows/analysen.h"
 #include "storage/analysis_file.h"
 #include "storage/line_file.h"
-#include "storage/project_file.h"
 #include "support/files.h"
 
 namespace calvora::monkey {
@@ -138,7 +137,7 @@ std::optional<QString> MonkeyDesktop::askSaveFile(QWidget* parent, const FileReq
     if (overview == nullptr) {
       checkAnalysis(path);
     } else {
-      checkProject(path, overview->grid());
+      checkProject(path, overview->project());
     }
   });
   return answer;
@@ -147,7 +146,8 @@ std::optional<QString> MonkeyDesktop::askSaveFile(QWidget* parent, const FileReq
 void MonkeyDesktop::checkAnalysis(const QString& path) {
   Program again;
   require(readAnalysis(again, path, [] {}), u"what was saved is whole: "_s + path);
-  require(bytesOf(path) == analysisContent(*program), u"the file holds this analysis: "_s + path);
+  require(bytesOf(path) == analysisContent(*program, program->record.flag[flag::kNameLine]),
+          u"the file holds this analysis: "_s + path);
   for (int slot = 1; slot <= 7; ++slot) {
     require(sameInFile(again.header[slot], program->header[slot]),
             u"header %1 comes back: "_s.arg(slot) + program->header[slot]);
@@ -161,16 +161,16 @@ void MonkeyDesktop::checkAnalysis(const QString& path) {
   }
 }
 
-void MonkeyDesktop::checkProject(const QString& path, const OverviewGrid& grid) {
-  Program read;
-  OverviewGrid again;
-  require(readProject(read, again, path), u"what was saved is whole: "_s + path);
-  require(bytesOf(path) == projectContent(*program, grid), u"the file holds this project"_s);
+void MonkeyDesktop::checkProject(const QString& path, const Project& project) {
+  Project read;
+  require(readProject(read, path), u"what was saved is whole: "_s + path);
+  require(bytesOf(path) == projectContent(project, program->record.flag[flag::kNameLine]),
+          u"the file holds this project"_s);
   int next = 1;
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
-    const OverviewGrid::Slot& slot = grid.slot[k];
+    const OverviewGrid::Slot& slot = project.grid.slot[k];
     if (!slot.filled) continue;
-    const OverviewGrid::Slot& found = again.slot[next++];
+    const OverviewGrid::Slot& found = read.grid.slot[next++];
     require(found.filled && sameInFile(found.caption.trimmed(), slot.caption.trimmed()),
             u"slot %1 comes back: "_s.arg(k) + slot.caption);
     for (int row = 0; row < OverviewGrid::kRows; ++row) {

@@ -4,10 +4,10 @@
 #include <QPointer>
 #include <random>
 
-#include "model/overview_grid.h"
 #include "model/program.h"
 #include "platform/desktop.h"
 #include "platform/paper.h"
+#include "storage/project_file.h"
 
 namespace calvora::monkey {
 
@@ -61,7 +61,7 @@ class MonkeyDesktop final : public Desktop {
   QString anyName(const QString& extension);
   void damageOne(const QString& extension);
   void checkAnalysis(const QString& path);
-  void checkProject(const QString& path, const OverviewGrid& grid);
+  void checkProject(const QString& path, const Project& project);
 
   Dice& dice_;
   QDir folder_;

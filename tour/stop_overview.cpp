@@ -43,8 +43,9 @@ void fillSlots(Tour& tour, analysen& overview) {
 }
 
 void saveAndReload(Tour& tour, analysen& overview) {
-  const calvora::OverviewGrid before = overview.grid();
+  const calvora::OverviewGrid before = overview.project().grid;
   tour.desktop().file = tour.file(u"rundgang"_s);
+  QFile::remove(tour.file(u"rundgang.cvp"_s));
   tour.expectModal<calvora::Dateien>(u"overview-save"_s, [&tour](calvora::Dateien& dateien) {
     tour.picture(dateien, u"overview-save"_s);
     answerNext(tour, u"overview-saved"_s, 1);
@@ -57,8 +58,8 @@ void saveAndReload(Tour& tour, analysen& overview) {
   lookAtNextHeader(tour, u"overview-project"_s);
   overview.Command1(5).click();
   // The project packs its analyses.
-  tour.require(overview.grid().slot[1] == before.slot[1], u"the first analysis again"_s);
-  tour.require(overview.grid().slot[2] == before.slot[5], u"the second analysis again"_s);
+  tour.require(overview.project().grid.slot[1] == before.slot[1], u"the first analysis again"_s);
+  tour.require(overview.project().grid.slot[2] == before.slot[5], u"the second analysis again"_s);
   overview.MSFlexGrid1->setFocus();
   overview.MSFlexGrid1->setRangeSelected({1, 0, 6, 3}, true);
   tour.picture(overview, u"overview-reloaded"_s);
@@ -86,7 +87,7 @@ void showOverview(Tour& tour) {
   printOverview(tour, *overview);
   answerNext(tour, u"overview-remove"_s, 2);
   overview->Label1(2).click();
-  tour.require(!overview->grid().slot[2].filled, u"the empty slot 2"_s);
+  tour.require(!overview->project().grid.slot[2].filled, u"the empty slot 2"_s);
   saveAndReload(tour, *overview);
   overview->resize(overview->width() * 2 / 3, overview->height() * 2 / 3);
   overview->activateWindow();

@@ -163,6 +163,7 @@ void Tour::saveStartOverAndLoad() {
     dateien.Command1->click();
   });
   desktop().file = file(u"rundgang"_s);
+  QFile::remove(file(u"rundgang.cva"_s));  // of a tour before; else the program asks
   shortcut(Qt::Key_S);
   shortcut(Qt::Key_N);
   require(program().record == calvora::AnalysisRecord{}, u"the empty mask"_s);

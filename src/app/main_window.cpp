@@ -16,7 +16,6 @@
 #include "overview/windows/analysen.h"
 #include "platform/look.h"
 #include "print/windows/drucker.h"
-#include "storage/settings.h"
 #include "storage/windows/dateien.h"
 #include "storage/windows/datenpfad.h"
 #include "storage/windows/firma.h"
@@ -77,7 +76,7 @@ bool main::event(QEvent* event) {
 
 void main::Form_Load() {
   program_.fieldIndex = kFirstActivationPending;
-  readSettings(program_.settings, program_.programFolder);
+  Dateien::iniladen(program_);
   darstellen();
 }
 
@@ -356,26 +355,21 @@ void main::datenkill(int number) {
 
 QString main::datensich() {
   if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
-  const Button answer = katalogMeldung(questions_, meldung::kVorherSpeichern);
+  const Button answer = datenpfad::message(questions_, meldung::kVorherSpeichern);
   if (answer == Button::kJa) showSaveWindow();
   return answer == Button::kNein ? QString() : kAbbruch;
 }
 
 void main::showSaveWindow() {
-  Dateien window(program_, questions_, desktop_, this);
+  Dateien window(Dateien::Mode::kSaveAnalysis, program_, questions_, desktop_, this);
   window.exec();
 }
 
 void main::mnu_load_Click() {
   if (datensich() == kAbbruch) return;
-  Dateien window(program_, questions_, desktop_, this);
+  Dateien window(Dateien::Mode::kLoadAnalysis, program_, questions_, desktop_, this);
   window.reset = [this] { datenkill(0); };
-  int result = 0;
-  do {
-    result = 0;
-    window.dateiladen(result);
-  } while (result == static_cast<int>(ErrorNumber::kFileNotFound));
-  if (result != 0) return;
+  if (!window.dateiladen()) return;
   // No entry of the analysis that was there before may decide how this one is completed.
   program_.fieldIndex = 0;
   // Nor may its temperature: where a step does not compute the constants, the next ones read them.
@@ -389,13 +383,13 @@ void main::mnu_save_Click() {
   if (program_.dataPresent) {
     showSaveWindow();
   } else {
-    katalogMeldung(questions_, meldung::kNichtsZuSpeichern);
+    datenpfad::message(questions_, meldung::kNichtsZuSpeichern);
   }
 }
 
 void main::mnu_drucken_Click() {
   if (!eincheck()) {
-    katalogMeldung(questions_, meldung::kNichtsZuDrucken);
+    datenpfad::message(questions_, meldung::kNichtsZuDrucken);
     return;
   }
   Drucker window(program_, questions_, desktop_, this);
@@ -451,7 +445,7 @@ void main::mnu_neustart_Click() {
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
   darstellen();
-  readSettings(program_.settings, program_.programFolder);
+  Dateien::iniladen(program_);
 }
 
 void main::Command2_Click() {

@@ -33,6 +33,7 @@ struct Message {
   int left = 500;  ///< twips; 0: centred
   int top = 500;   ///< twips
   QString style = QStringLiteral("210|10");
+  Buttons defaultButton = {};  ///< that Enter presses; the first one if none is named
 };
 
 /// Joins the lines of a catalogue message with line feed and carriage return. Empty lines at the

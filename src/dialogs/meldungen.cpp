@@ -45,8 +45,8 @@ std::span<const CatalogueMessage> catalogue() {
 
 }  // namespace
 
-Button katalogMeldung(Questions& questions, int code, const QString& extra) {
-  return questions.ask(catalogueMessage(catalogue(), code, extra));
+Message katalogMeldung(int code, const QString& extra) {
+  return catalogueMessage(catalogue(), code, extra);
 }
 
 }  // namespace calvora

@@ -16,8 +16,8 @@ inline constexpr int kNichtsZuSpeichern = 11;
 inline constexpr int kNichtsZuDrucken = 12;
 }  // namespace meldung
 
-/// Shows the catalogue message of `code` and returns the pressed button. `extra` is
-/// the fourth line of message 2. Any other code shows an empty message.
-Button katalogMeldung(Questions& questions, int code, const QString& extra = {});
+/// The catalogue message of `code`, an empty one for any other. `extra` is the fourth line of
+/// message 2.
+Message katalogMeldung(int code, const QString& extra = {});
 
 }  // namespace calvora

@@ -17,9 +17,6 @@ struct Program {
 
   AnalysisHeader header;
 
-  /// Display texts, by field index, of the analysis read last for the overview.
-  CheckedArray<QString, 41> overviewText;
-
   bool entryChanged = false;  ///< a character was typed into a box that was not left since
   int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
   bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save

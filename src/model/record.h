@@ -26,10 +26,6 @@ inline constexpr int kBemerkung = 7;   ///< remark
 namespace flag {
 inline constexpr int kNameLine = 0;  ///< name line of the file written last
 inline constexpr int kStatus = 1;    ///< "1": there are unsaved changes
-/// While a project is saved, kStatus says so; "abbruch" then means that it was not.
-inline const QString kProjekt = QStringLiteral("projekt");
-inline constexpr int kOverviewName = 4;  ///< name line of the file read for the overview
-inline constexpr int kOverviewDate = 5;  ///< its creation date
 }  // namespace flag
 
 /// The one water analysis that the program holds. An input field is empty exactly when its text is;

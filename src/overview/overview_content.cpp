@@ -56,15 +56,15 @@ void enterNames(OverviewGrid& grid) {
   }
 }
 
-void enterAnalysis(OverviewGrid& grid, int slot, const Program& program) {
+void enterAnalysis(OverviewGrid& grid, int slot, const OverviewAnalysis& analysis) {
   OverviewGrid::Slot& entered = grid.slot[slot] = {};
-  entered.cells[0] = program.record.flag[flag::kOverviewDate];
+  entered.cells[0] = analysis.header[kopf::kErstellt];
   for (int row = 1; row < OverviewGrid::kRows; ++row) {
     if (isSeparatorRow(row)) continue;
-    const QString& text = program.overviewText[fieldOfRow(row).index];
+    const QString& text = analysis.text[fieldOfRow(row).index];
     entered.cells[row] = slot == OverviewGrid::kSlots ? ' '_L1 + text : text;
   }
-  entered.caption = program.record.flag[flag::kOverviewName];
+  entered.caption = analysis.header[kopf::kDateiname];
   entered.filled = true;
 }
 

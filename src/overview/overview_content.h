@@ -5,7 +5,7 @@
 
 #include "base/questions.h"
 #include "model/overview_grid.h"
-#include "model/program.h"
+#include "storage/analysis_file.h"
 
 namespace calvora {
 
@@ -29,9 +29,9 @@ QString symbolOfRow(int row);
 /// Writes the columns 0 and 1: the fields' names and units.
 void enterNames(OverviewGrid& grid);
 
-/// Enters the analysis that was read last for the overview: overview texts, name line and creation
-/// date. Slot 8 gets its cells with a leading blank.
-void enterAnalysis(OverviewGrid& grid, int slot, const Program& program);
+/// Enters an analysis that was read for the overview: display texts, name line and creation date.
+/// Slot 8 gets its cells with a leading blank.
+void enterAnalysis(OverviewGrid& grid, int slot, const OverviewAnalysis& analysis);
 
 /// How many slots are filled.
 int filledSlots(const OverviewGrid& grid);

@@ -60,6 +60,7 @@ std::optional<QString> RealDesktop::askOpenFile(QWidget* parent, const FileReque
 std::optional<QString> RealDesktop::askSaveFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Speichern unter"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
   return askFile(dialog, request);
 }
 

@@ -42,8 +42,8 @@ class Desktop {
   /// The path of the file to open; none if the user cancels.
   virtual std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) = 0;
 
-  /// The path of the file to save, with the question before an existing one of exactly that name is
-  /// replaced; the extension may be missing. None if the user cancels.
+  /// The path of the file to save; none if the user cancels. The extension may be missing, and it
+  /// is the caller who asks before a file is replaced.
   virtual std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) = 0;
 
   /// The text that the user types into an input box; none if the user cancels.

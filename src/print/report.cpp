@@ -4,7 +4,7 @@
 #include "entry/date_text.h"
 #include "entry/decimal.h"
 #include "model/fields.h"
-#include "storage/file_name.h"
+#include "storage/line_file.h"
 
 namespace calvora {
 
@@ -55,16 +55,6 @@ class Writer {
     return *this;
   }
 };
-
-QString onOneLine(const QString& remark) {
-  QString line = remark.trimmed();
-  for (QChar& c : line) {
-    const bool breaks =
-        c == '\r'_L1 || c == '\n'_L1 || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-    if (breaks) c = ' '_L1;
-  }
-  return line;
-}
 
 /// A value in its column, which keeps the last characters. Decimal zeros give way before, and then
 /// what is finer than three decimals: else "1420,0000" would lose its thousands on paper.
@@ -117,7 +107,7 @@ Statements headStatements(const ReportHead& head, bool landscape) {
   if (!head.fileName.isEmpty()) line(u"Dateiname:   "_s, head.fileName);
   if (!head.sample.isEmpty()) line(u"Bezeichnung Probe:"_s, head.sample);
   if (head.kind == Bericht::kAnalyse) line(u"Probenahme-Datum:"_s, head.samplingDate);
-  const QString remark = onOneLine(head.remark);
+  const QString remark = onOneLine(head.remark).trimmed();
   if (!remark.isEmpty()) line(u"Bemerkung:"_s, remark);
   portraitLines(2);
   return report.statements;

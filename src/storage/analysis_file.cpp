@@ -1,6 +1,5 @@
 #include "storage/analysis_file.h"
 
-#include "base/safe_write.h"
 #include "model/fields.h"
 #include "storage/line_file.h"
 
@@ -35,16 +34,10 @@ void readRecords(LineReader& reader,
 
 }  // namespace
 
-QString nameLine(const QString& title, const QString& extension) {
-  QString name = title.trimmed();
-  if (name.contains(extension, Qt::CaseInsensitive)) name.chop(extension.size());
-  return name;
-}
-
-QByteArray analysisContent(const Program& program) {
+QByteArray analysisContent(const Program& program, const QString& name) {
   const AnalysisRecord& record = program.record;
   LineWriter writer;
-  writer.text(record.flag[flag::kNameLine]);
+  writer.text(name);
   for (int slot = 1; slot <= kHeaderSlots; ++slot) writer.text(program.header[slot]);
   writer.text(u"ende"_s);
   for (int index = 1; index < record.text.size(); ++index) {
@@ -54,22 +47,6 @@ QByteArray analysisContent(const Program& program) {
   }
   writer.fields({QString::number(kEndRecord), u"0"_s, u"0"_s});
   return writer.content();
-}
-
-void writeNamed(Program& program, const QString& path, const QString& nameLine,
-                const std::function<QByteArray()>& content) {
-  QString& name = program.record.flag[flag::kNameLine];
-  const QString before = std::exchange(name, nameLine);
-  try {
-    writeFileSafely(path, content());
-  } catch (const RuntimeError&) {
-    name = before;
-    throw;
-  }
-}
-
-void writeAnalysis(Program& program, const QString& path, const QString& title) {
-  writeNamed(program, path, nameLine(title, u".cva"_s), [&] { return analysisContent(program); });
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {
@@ -85,16 +62,14 @@ bool readAnalysis(Program& program, const QString& path, const std::function<voi
   });
 }
 
-bool readForOverview(Program& program, const QString& path, AnalysisHeader& header) {
-  const bool complete = LineReader::readFile(path, [&](LineReader& reader) {
-    readHeader(header, reader);
-    readRecords(reader, [&](int field, FixedPoint, const QString& text) {
-      program.overviewText[field] = text;
-    });
+OverviewAnalysis readForOverview(const QString& path) {
+  OverviewAnalysis analysis;
+  analysis.complete = LineReader::readFile(path, [&](LineReader& reader) {
+    readHeader(analysis.header, reader);
+    readRecords(reader,
+                [&](int field, FixedPoint, const QString& text) { analysis.text[field] = text; });
   });
-  program.record.flag[flag::kOverviewName] = header[kopf::kDateiname];
-  program.record.flag[flag::kOverviewDate] = header[kopf::kErstellt];
-  return complete;
+  return analysis;
 }
 
 }  // namespace calvora

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "base/runtime_error.h"
@@ -37,6 +38,28 @@ QString takeField(const QString& line, qsizetype& position) {
 
 }  // namespace
 
+QString onOneLine(QString text) {
+  static const QRegularExpression kBreak(u"[\\r\\n\\x{2028}\\x{0}]"_s);
+  return text.replace(QChar::ParagraphSeparator, u"  "_s).replace(kBreak, u" "_s);
+}
+
+QString asFileName(QString name) {
+  static const QRegularExpression kNotAllowed(u"[\\x00-\\x1f\\\\/:*?\"<>|]"_s);
+  return name.replace(kNotAllowed, u"-"_s);
+}
+
+QString withExtension(const QString& path, const QString& extension) {
+  const qsizetype name = path.lastIndexOf('/'_L1) + 1;
+  const qsizetype point = path.indexOf('.'_L1, name + 1);
+  return path.left(point) + '.'_L1 + extension;
+}
+
+QString nameLine(const QString& title, const QString& extension) {
+  QString name = title.trimmed();
+  if (name.contains('.'_L1 + extension, Qt::CaseInsensitive)) name.chop(extension.size() + 1);
+  return name;
+}
+
 bool isStorable(const QString& text) {
   return text.size() < LineReader::kLongestLine / 2 &&
          LineWriter::quoted(fromWindows1252(toWindows1252(text))) == '"'_L1 + text + '"'_L1;
@@ -55,14 +78,7 @@ void LineWriter::fields(const QStringList& fields) {
 }
 
 QString LineWriter::quoted(const QString& text) {
-  QString safe = text;
-  safe.replace("\r\n"_L1, " "_L1).replace('"'_L1, '\''_L1);
-  for (QChar& c : safe) {
-    const bool breaks = c == '\r'_L1 || c == '\n'_L1 || c == QChar::LineSeparator ||
-                        c == QChar::ParagraphSeparator || c.isNull();
-    if (breaks) c = ' '_L1;
-  }
-  return '"'_L1 + safe + '"'_L1;
+  return '"'_L1 + onOneLine(text).replace('"'_L1, '\''_L1) + '"'_L1;
 }
 
 LineReader LineReader::ofFile(const QString& path) {
@@ -115,35 +131,27 @@ QStringList LineReader::fields(int count) {
 
 QString invariantNumber(FixedPoint value) {
   const quint64 raw = value.magnitude();
-  QString text = QString::number(raw / FixedPoint::kScale);
-  if (const quint64 decimals = raw % FixedPoint::kScale; decimals != 0) {
-    QString digits = QString::number(decimals).rightJustified(4, '0'_L1);
-    while (digits.endsWith('0'_L1)) digits.chop(1);
-    text += '.'_L1 + digits;
-  }
+  QString text =
+      u"%1.%2"_s.arg(raw / FixedPoint::kScale).arg(raw % FixedPoint::kScale, 4, 10, '0'_L1);
+  while (text.endsWith('0'_L1)) text.chop(1);
+  if (text.endsWith('.'_L1)) text.chop(1);
   return value.raw() < 0 ? '-'_L1 + text : text;
 }
 
 FixedPoint readInvariantNumber(const QString& text) {
   if (!isNumberText(text) || text.contains(','_L1)) throw RuntimeError(ErrorNumber::kType, text);
-  // The digits before and after the point, read as one integer, are exact up to the last value
-  // that fits; further decimals only round.
-  const bool negative = text.startsWith('-'_L1);
-  const QString magnitude = negative ? text.mid(1) : text;
-  const qsizetype point = magnitude.indexOf('.'_L1);
-  const QString decimals = point < 0 ? QString() : magnitude.mid(point + 1);
-  const QString digits =
-      (point < 0 ? magnitude : magnitude.left(point)) + decimals.left(4).leftJustified(4, '0'_L1);
+  // The digits before the point and four behind it, read as one integer, are exact up to the last
+  // value that fits; further decimals only round.
+  const QString decimals = text.section('.'_L1, 1);
+  const QString digits = text.section('.'_L1, 0, 0) + decimals.left(4).leftJustified(4, '0'_L1);
   bool fits = false;
-  qint64 raw = (negative ? '-'_L1 + digits : digits).toLongLong(&fits);
-  if (!fits) throw RuntimeError(ErrorNumber::kOverflow, text);
-  if (decimals.size() > 4) {
-    const QString rest = u"0."_s + decimals.mid(4);
-    const double fraction = readNumber(rest);
-    const bool up = fraction > 0.5 || (fraction == 0.5 && raw % 2 != 0);
-    const qint64 end = negative ? FixedPoint::lowest().raw() : FixedPoint::highest().raw();
-    if (up && raw == end) throw RuntimeError(ErrorNumber::kOverflow, text);
-    if (up) raw += negative ? -1 : 1;
+  qint64 raw = digits.toLongLong(&fits);
+  QString rest = decimals.mid(4);
+  while (rest.endsWith('0'_L1)) rest.chop(1);
+  const bool up = rest > "5"_L1 || (rest == "5"_L1 && raw % 2 != 0);
+  const qint64 step = text.startsWith('-'_L1) ? -1 : 1;
+  if (!fits || (up && qAddOverflow(raw, step, &raw))) {
+    throw RuntimeError(ErrorNumber::kOverflow, text);
   }
   return FixedPoint::fromRaw(raw);
 }

@@ -8,6 +8,21 @@
 
 namespace calvora {
 
+/// The text on one line, as header, file and report have it: each carriage return and line feed is
+/// a blank, and so is a null character; Qt's paragraph separator stands for both and is two.
+QString onOneLine(QString text);
+
+/// A name as a file name: "-" for what would lead into another folder, split the name into several,
+/// or is not allowed in a name everywhere.
+QString asFileName(QString name);
+
+/// The path with the extension that belongs to it: its file name is cut at the first point behind
+/// its first character.
+QString withExtension(const QString& path, const QString& extension);
+
+/// Name line of a file: its title without blanks at the ends and without the extension.
+QString nameLine(const QString& title, const QString& extension);
+
 /// Whether a text can be written to a file and read back as it is.
 bool isStorable(const QString& text);
 

@@ -1,6 +1,5 @@
 #include "storage/project_file.h"
 
-#include "storage/analysis_file.h"
 #include "storage/line_file.h"
 
 namespace calvora {
@@ -29,13 +28,13 @@ void readBlock(OverviewGrid::Slot& slot, LineReader& reader) {
 
 }  // namespace
 
-QByteArray projectContent(const Program& program, const OverviewGrid& grid) {
+QByteArray projectContent(const Project& project, const QString& name) {
   LineWriter writer;
-  writer.text(program.record.flag[flag::kNameLine]);
-  for (const int slot : kHeaderSlots) writer.text(program.header[slot]);
+  writer.text(name);
+  for (const int slot : kHeaderSlots) writer.text(project.header[slot]);
   writer.text(u"ende"_s);
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
-    const OverviewGrid::Slot& slot = grid.slot[k];
+    const OverviewGrid::Slot& slot = project.grid.slot[k];
     if (!slot.filled) continue;
     writer.text(notMarker(slot.caption, kFileEnd));
     for (int row = 0; row < OverviewGrid::kRows; ++row) {
@@ -47,26 +46,19 @@ QByteArray projectContent(const Program& program, const OverviewGrid& grid) {
   return writer.content();
 }
 
-void writeProject(Program& program, const OverviewGrid& grid, const QString& path,
-                  const QString& title) {
-  writeNamed(program, path, nameLine(title, u".cvp"_s),
-             [&] { return projectContent(program, grid); });
-}
-
-bool readProject(Program& program, OverviewGrid& grid, const QString& path) {
+bool readProject(Project& project, const QString& path) {
   return LineReader::readFile(path, [&](LineReader& reader) {
-    auto& header = program.header;
-    // No header of the main window's analysis may stay beside this one.
-    header[kopf::kDateiname].clear();
-    for (const int slot : kHeaderSlots) header[slot].clear();
+    AnalysisHeader& header = project.header;
+    header.clear();  // nothing of what the overview opened with may stay beside this one
     header[kopf::kDateiname] = reader.text();
     for (const int slot : kHeaderSlots) header[slot] = reader.text();
     reader.skipLine();  // the marker, whatever it says
     for (int k = 1;; ++k) {
       const QString caption = reader.text();
       if (caption == kFileEnd) return;
-      grid.slot[k].caption = caption;  // a ninth block is runtime error 9
-      readBlock(grid.slot[k], reader);
+      OverviewGrid::Slot& slot = project.grid.slot[k];  // a ninth block is runtime error 9
+      slot.caption = caption;
+      readBlock(slot, reader);
     }
   });
 }

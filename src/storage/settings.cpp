@@ -23,7 +23,7 @@ QString settingsPath(const QString& programFolder) {
 }
 
 /// Stands in for a company line that was never entered.
-const std::array<QString, 4>& defaultSegments() {
+const CompanyLines& defaultSegments() {
   static const std::array kSegments{u"Calvora Wassertechnik       "_s, u"Am Beispielbach 1    "_s,
                                     u"12345 Musterstadt    "_s, u"kontakt@calvora.example"_s};
   return kSegments;
@@ -44,7 +44,7 @@ void readSlots(Settings& settings, LineReader reader) {
 }
 
 void deriveCompanyLine(Settings& settings) {
-  const std::array<QString, 4>& segments = settings.segments;
+  const CompanyLines& segments = settings.segments;
   const QString line = joinedSegments(segments).left(kLongestPrintLine);
   if (line.trimmed().isEmpty()) {
     settings.slot[setting::kPrintLine] = joinedSegments(defaultSegments());
@@ -55,6 +55,21 @@ void deriveCompanyLine(Settings& settings) {
   }
   settings.slot[setting::kPrintLine] = line;
   settings.slot[setting::kSegmentList] = segmentList(segments);
+}
+
+constexpr std::array kPadding{7, 4, 4, 0};
+
+CompanyLines padded(const CompanyLines& lines, bool emptyToo) {
+  CompanyLines segments;
+  for (size_t i = 0; i < segments.size(); ++i) {
+    const bool optional = i == 1 || i == 2;
+    const bool pads = emptyToo || !optional || !lines.at(i).isEmpty();
+    // '|' separates the segments in their list, so that no segment may contain it.
+    QString line = lines.at(i);
+    while (line.endsWith(' '_L1)) line.chop(1);
+    segments.at(i) = line.replace('|'_L1, '/'_L1) + QString(pads ? kPadding.at(i) : 0, ' '_L1);
+  }
+  return segments;
 }
 
 /// Saves what the next writing would lose, beside what was saved so before.
@@ -89,16 +104,31 @@ QString dialogFolder(const Settings& settings, const QString& programFolder) {
   return isThere ? chosen : defaultDataFolder(programFolder);
 }
 
-QString segmentList(const std::array<QString, 4>& segments) {
+QString segmentList(const CompanyLines& segments) {
   QString list;
   for (QString segment : segments) list += segment.replace('|'_L1, '/'_L1) + '|'_L1;
   return list;
 }
 
-QString joinedSegments(const std::array<QString, 4>& segments) {
-  QString line;
-  for (const QString& segment : segments) line += segment;
-  return line;
+QString joinedSegments(const CompanyLines& segments) {
+  return QStringList(segments.begin(), segments.end()).join(QString());
+}
+
+CompanyLines storedSegments(const CompanyLines& lines) {
+  return padded(lines, true);
+}
+
+QString companyPreview(const CompanyLines& lines) {
+  return joinedSegments(padded(lines, false)).left(kLongestPrintLine);
+}
+
+CompanyLines linesOfSegmentList(const QString& list) {
+  const QStringList pieces = list.split('|'_L1);
+  CompanyLines lines;
+  for (qsizetype i = 0; i < pieces.size() - 1 && i < 4; ++i) {
+    lines.at(static_cast<size_t>(i)) = pieces[i];
+  }
+  return lines;
 }
 
 void readSettings(Settings& settings, const QString& programFolder) {

@@ -8,6 +8,9 @@ namespace calvora {
 
 inline constexpr int kLongestPrintLine = 115;
 
+/// The four lines of the company line, or its segments.
+using CompanyLines = std::array<QString, 4>;
+
 /// The folder that analyses are kept in unless another was chosen.
 QString defaultDataFolder(const QString& programFolder);
 
@@ -26,9 +29,21 @@ void readSettings(Settings& settings, const QString& programFolder);
 void writeSettings(Settings& settings, const QString& programFolder);
 
 /// The four segments as one list: each followed by "|", and a "|" in them as "/".
-QString segmentList(const std::array<QString, 4>& segments);
+QString segmentList(const CompanyLines& segments);
 
 /// The segments joined without separator.
-QString joinedSegments(const std::array<QString, 4>& segments);
+QString joinedSegments(const CompanyLines& segments);
+
+/// The segments that are stored: lines without blanks at their end, then seven blanks after the
+/// first, four after the second and third, also where those are empty.
+CompanyLines storedSegments(const CompanyLines& lines);
+
+/// The line as it is previewed while typing: an empty second or third line gets no padding, and it
+/// is cut at the longest print line.
+QString companyPreview(const CompanyLines& lines);
+
+/// The lines that a segment list shows: the texts before its first four "|". What is not followed
+/// by one is dropped.
+CompanyLines linesOfSegmentList(const QString& list);
 
 }  // namespace calvora

@@ -225,7 +225,8 @@ class MainWindowTest : public QObject {
 
   void textFieldsTakeMoreThanKeysCanType() {
     Mask mask;
-    Dateien window(mask.program, mask.questions, mask.desktop, &mask.window);
+    Dateien window(Dateien::Mode::kSaveAnalysis, mask.program, mask.questions, mask.desktop,
+                   &mask.window);
     window.show();
     for (QWidget* field : std::initializer_list<QWidget*>{window.Text1, window.Text7}) {
       field->setFocus();

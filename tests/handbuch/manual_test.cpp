@@ -164,7 +164,7 @@ void ManualTest::itSaysWhatTheProgramSays_data() {
   }
   start startWindow(window, desktop);
   bb_msg report(desktop);
-  Dateien files(program, questions, desktop, nullptr);
+  Dateien files(Dateien::Mode::kSaveAnalysis, program, questions, desktop, nullptr);
   datenpfad path(program, questions, nullptr);
   firma company(program, questions, nullptr);
   for (const QWidget* w :

@@ -83,7 +83,8 @@ void SmallScreenTest::windows() {
   const auto row = [](const char* name, const Make& make) { QTest::newRow(name) << make; };
   row("start", [](Mask& m) { return std::make_unique<start>(m.window, m.desktop); });
   row("Dateien", [](Mask& m) {
-    return std::make_unique<Dateien>(m.program, m.questions, m.desktop, &m.window);
+    return std::make_unique<Dateien>(Dateien::Mode::kSaveAnalysis, m.program, m.questions,
+                                     m.desktop, &m.window);
   });
   row("datenpfad", [](Mask& m) {
     m.program.settings.slot[setting::kDataFolder] = QDir::tempPath();

@@ -3,29 +3,95 @@
 
 #include <QCalendarWidget>
 #include <QClipboard>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QTemporaryDir>
+#include <QListWidget>
 #include <QWheelEvent>
 #include <csignal>
 
+#include "dialogs/meldungen.h"
+#include "dialogs/windows/nachricht.h"
 #include "storage/windows/dateien.h"
+#include "storage/windows/datenpfad.h"
+#include "storage/windows/firma.h"
 #include "support/files.h"
+#include "support/tables.h"
 #include "support/window_support.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
-
+const QString kIncomplete = u" Die Datei konnte nicht vollständig gelesen werden ! "_s;
 const QByteArray kSmallFile =
     "\"brunnen\"\r\n\"Projekt A\"\r\n\"7\"\r\n\"Probe\"\r\n\"Caf\xE9\"\r\n\"03.02.2026\"\r\n"
     "\"05.02.2026\"\r\n\"nass\"\r\n\"ende\"\r\n1,420,\"420,0000\"\r\n20,10.6868,\"10,7\"\r\n"
     "23,60,\"60,0\"\r\n24,10,\"10,0\"\r\n";
+
+/// A mask on a given day, whose data folder is that of the program.
+struct House : Mask {
+  House() {
+    program.today = [] { return QDate(2026, 11, 22); };
+    program.settings.slot[setting::kDataFolder] = folder.path();
+  }
+  [[nodiscard]] QString at(const QString& name) const {
+    return QDir(folder.path()).absoluteFilePath(name);
+  }
+  void load(const QString& name, const std::function<void(Dateien&)>& look) {
+    desktop.paths += at(name);
+    onNextModal<Dateien>(&context, [look](Dateien& header) {
+      look(header);
+      if (header.isVisible()) header.reject();
+    });
+    activate();
+    press(Qt::Key_O, Qt::ControlModifier);
+  }
+  void save(const std::function<void(Dateien&)>& act) {
+    onNextModal<Dateien>(&context, act);
+    activate();
+    press(Qt::Key_S, Qt::ControlModifier);
+  }
+  void expectReplacing(const QString& name, Button answer) {
+    questions.expect(
+        u" Die Datei \n\r %1\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s.arg(name),
+        answer);
+  }
+  /// A message of the catalogue.
+  void expectMessage(int code, Button answer = Button::kOk, const QString& extra = {}) {
+    questions.expect(katalogMeldung(code, extra).text, answer);
+  }
+  /// A window of the settings, in a program folder with some folders.
+  template <class Window>
+  Window& open() {
+    for (const auto& name : {u"daten"_s, u"Werte/Werte"_s, u".versteckt"_s, u"Вода"_s}) {
+      [&] { QVERIFY(QDir(folder.path()).mkpath(name)); }();
+    }
+    QDir::setCurrent(folder.path());
+    auto* made = new Window(program, questions, &window);
+    made->show();
+    made->activateWindow();
+    [&] { QVERIFY(QTest::qWaitForWindowActive(made)); }();
+    settle();
+    return *made;
+  }
+  QObject context;
+};
+
+/// Clicks on the folders of a way, one after another.
+void click(datenpfad& window, const QStringList& way, bool twice = false) {
+  for (const QString& name : way) {
+    const QListWidgetItem* found = window.Dir1->findItems(name, Qt::MatchEndsWith).value(0);
+    QVERIFY2(found != nullptr, qPrintable(name));
+    const QPoint place = window.Dir1->visualItemRect(found).center();
+    QTest::mouseClick(window.Dir1->viewport(), Qt::LeftButton, {}, place);
+    if (twice) QTest::mouseDClick(window.Dir1->viewport(), Qt::LeftButton, {}, place);
+  }
+}
+
+/// Types on, wherever the focus is.
+void typeOn(const QWidget& window, const QString& text) {
+  for (const QChar c : text) QTest::keyClick(window.focusWidget(), c.toLatin1());
+}
 
 }  // namespace
 
@@ -33,345 +99,486 @@ class StorageWindowsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void anAnalysisIsSavedWithItsHeader();
-  void aSaveThatFailsLeavesTheWindowOpen_data();
-  void aSaveThatFailsLeavesTheWindowOpen();
-  void anotherExtensionIsReplaced_data();
-  void anotherExtensionIsReplaced();
-  void theSamplingDateCanBeRemovedAndSetAgain();
-  void aLoadedAnalysisShowsItsHeaderAndKeepsItsHardness();
-  void loadingTellsWhatItCouldNotRead_data();
-  void loadingTellsWhatItCouldNotRead();
-  void aLoadedAnalysisIsSavedAgainWithItsDates();
-  void theExamplesLoadWithoutAMessage();
-  void noCommandDropsChangesUnasked_data();
-  void noCommandDropsChangesUnasked();
-  void theFileDialogsSpeakGermanAndAskBeforeReplacing();
-};
-
-void StorageWindowsTest::anAnalysisIsSavedWithItsHeader() {
-  QTemporaryDir folder;
-  Mask mask;
-  mask.program.today = [] { return QDate(2026, 11, 22); };
-  mask.program.settings.slot[setting::kDataFolder] = folder.path();
-  mask.enter(1, u"420"_s);
-  mask.desktop.paths = {folder.filePath(u"brunnen.cva"_s)};
-  onNextModal<Dateien>(this, [](Dateien& window) {
-    QCOMPARE(window.windowTitle(), u"  Daten - laden / speichern"_s);
-    QTest::keyClicks(window.Text1, u"Projekt \"A\""_s);
-    QTest::keyClick(window.Text1, Qt::Key_Enter);
-    QCOMPARE(window.focusWidget(), window.Text2);
-    for (TextBox* field : {window.Text2, window.Text3, window.Text4}) {
-      QTest::keyClicks(field, u" x\" "_s);
-      field->insert(u"\"€"_s);  // as pasted
-      QTest::keyClick(field, Qt::Key_Enter);
-    }
-    QCOMPARE(window.focusWidget(), window.Text7);
-    QTest::keyClicks(window.Text7, u"Wasser \"aus"_s);
-    QGuiApplication::clipboard()->setText(u"\ndem \"Keller\""_s);
-    window.Text7->paste();
-    QTest::keyClick(window.Text7, Qt::Key_Enter);
-    QCOMPARE(window.focusWidget(), window.Command1);
-    QTest::keyClick(window.Command1, Qt::Key_Enter);
-  });
-  mask.press(Qt::Key_S, Qt::ControlModifier);
-  QCOMPARE(bytesOf(folder.filePath(u"brunnen.cva"_s)),
-           QByteArray("\"brunnen\"\r\n\"Projekt A\"\r\n\"x \x80\"\r\n\"x \x80\"\r\n\"x "
-                      "\x80\"\r\n\"22.11.2026\"\r\n"
-                      "\"22.11.2026\"\r\n\"Wasser aus dem Keller\"\r\n\"ende\"\r\n"
-                      "1,420,\"420,0000\"\r\n10,0,\"n.b.\"\r\n999,0,0\r\n"));
-  QCOMPARE(mask.desktop.requests.front().folder, folder.path());
-  QCOMPARE(mask.program.record.flag[flag::kStatus], QString());
-  QVERIFY(!mask.program.dataPresent);
-  QVERIFY(mask.window.close());
-}
-
-void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen_data() {
-  QTest::addColumn<QString>("name");
-  QTest::addColumn<bool>("told");
-  QTest::newRow("cancelled") << QString() << false;
-  QTest::newRow("folder gone") << u"fort/brunnen.cva"_s << true;
-  QTest::newRow("a folder in the way") << u"ordner.cva"_s << true;
-  QTest::newRow("a remark that no file can hold") << u"lang.cva"_s << true;
-  QTest::newRow("disk full") << u"alt.cva"_s << true;
-}
-
-void StorageWindowsTest::aSaveThatFailsLeavesTheWindowOpen() {
-  QFETCH(QString, name);
-  QFETCH(bool, told);
-  QTemporaryDir folder;
-  QVERIFY(QDir(folder.path()).mkpath(u"ordner.cva/darin"_s));
-  put(folder.filePath(u"alt.cva"_s), "alt");
-  Mask mask;
-  mask.enter(1, u"420"_s);
-  mask.program.record.flag[flag::kNameLine] = u"vorher"_s;
-  if (!name.isEmpty()) mask.desktop.paths = {folder.filePath(name)};
-  rlimit room{};
-  getrlimit(RLIMIT_FSIZE, &room);
-  std::signal(SIGXFSZ, SIG_IGN);
-  onNextModal<Dateien>(this, [&](Dateien& window) {
-    if (name == "lang.cva"_L1) window.Text7->setPlainText(QString(70000, 'x'_L1));
-    const rlimit full{64, room.rlim_max};
-    if (name == "alt.cva"_L1) setrlimit(RLIMIT_FSIZE, &full);
-    window.Command1->click();
-    setrlimit(RLIMIT_FSIZE, &room);
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), told);
-    QCOMPARE(cutTexts(window), QStringList());
-    window.Command2->click();
-  });
-  mask.press(Qt::Key_S, Qt::ControlModifier);
-  QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
-  QCOMPARE(mask.program.record.flag[flag::kNameLine], u"vorher"_s);
-  QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-           (QStringList{u"alt.cva"_s, u"ordner.cva"_s}));
-  QCOMPARE(bytesOf(folder.filePath(u"alt.cva"_s)), QByteArray("alt"));
-}
-
-void StorageWindowsTest::anotherExtensionIsReplaced_data() {
-  QTest::addColumn<QString>("chosen");
-  QTest::addColumn<QString>("written");
-  QTest::addColumn<Buttons>("answer");
-  QTest::newRow("none") << u"probe"_s << u"probe.cva"_s << Buttons();
-  QTest::newRow("another") << u"probe.txt.alt"_s << u"probe.cva"_s << Buttons();
-  QTest::newRow("a folder with a point") << u"ab.cd/probe"_s << u"ab.cd/probe.cva"_s << Buttons();
-  QTest::newRow("onto an existing file") << u"da.txt"_s << u"da.cva"_s << Buttons(Button::kJa);
-  QTest::newRow("a blank behind it") << u"da.cva "_s << QString() << Buttons(Button::kNein);
-  QTest::newRow("other letters") << u"DA.CVA"_s << u"DA.cva"_s << Buttons();
-  QTest::newRow("other letters of a file") << u"GROSS.CVA"_s << u"GROSS.CVA"_s << Buttons();
-  QTest::newRow("not onto an existing file") << u"da.txt"_s << QString() << Buttons(Button::kNein);
-}
-
-void StorageWindowsTest::anotherExtensionIsReplaced() {
-  QFETCH(QString, chosen);
-  QFETCH(QString, written);
-  QFETCH(Buttons, answer);
-  QTemporaryDir folder;
-  QVERIFY(QDir(folder.path()).mkpath(u"ab.cd"_s));
-  put(folder.filePath(u"da.cva"_s), "alt");
-  put(folder.filePath(u"GROSS.CVA"_s), "alt");
-  Mask mask;
-  mask.enter(1, u"420"_s);
-  mask.desktop.paths = {folder.filePath(chosen)};
-  if (answer) {
-    mask.questions.expect(
-        u" Die Datei \n\r da.cva\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
-        static_cast<Button>(answer.toInt()));
-  }
-  onNextModal<Dateien>(this, [](Dateien& window) {
-    window.Command1->click();
-    if (window.isVisible()) window.reject();
-  });
-  mask.press(Qt::Key_S, Qt::ControlModifier);
-  if (written.isEmpty()) {
-    QCOMPARE(bytesOf(folder.filePath(u"da.cva"_s)), QByteArray("alt"));
-  } else {
-    QVERIFY(bytesOf(folder.filePath(written)).endsWith("999,0,0\r\n"));
-  }
-}
-
-void StorageWindowsTest::theSamplingDateCanBeRemovedAndSetAgain() {
-  Mask mask;
-  mask.program.today = [] { return QDate(2026, 11, 22); };
-  mask.program.header[5] = u"03.02.2026"_s;
-  Dateien window(mask.program, mask.questions, mask.desktop, &mask.window);
-  window.show();
-  QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
-  QCOMPARE(window.DTPicker1->maximumDate(), QDate(2026, 11, 22));
-  // Neither the wheel on its way over the form nor typed digits change it unseen.
-  QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                    false);
-  QCoreApplication::sendEvent(window.DTPicker1, &wheel);
-  QTest::keyClicks(window.DTPicker1, u"31"_s);
-  QTest::keyClicks(window.DTPicker1->calendarWidget(), u"15"_s);
-  QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
-  QCOMPARE(window.DTPicker1->calendarWidget()->firstDayOfWeek(), Qt::Monday);
-  window.Label8->click();
-  QVERIFY(!window.DTPicker1->isVisible());
-  QCOMPARE(window.Label8->text(), u"setzen"_s);
-  window.Command1->click();  // cancelled, but the header is kept
-  QCOMPARE(mask.program.header[5], QString());
-  window.Label8->click();
-  QVERIFY(window.DTPicker1->isVisible());
-  window.Command1->click();
-  QCOMPARE(mask.program.header[5], u"03.02.2026"_s);
-}
-
-void StorageWindowsTest::aLoadedAnalysisShowsItsHeaderAndKeepsItsHardness() {
-  QTemporaryDir folder;
-  const QString path = folder.filePath(u"brunnen.cva"_s);
-  put(path, kSmallFile);
-  Mask mask;
-  mask.focus(20);
-  mask.focus(1);  // the field last left is the total hardness
-  mask.desktop.paths = {folder.filePath(u"gibt es nicht.cva"_s), path};
-  onNextModal<Dateien>(this, [](Dateien& window) {
-    QCOMPARE(window.Text4->text(), u"Café"_s);  // what cannot be typed stays
-    QCOMPARE(window.Text6->text(), u"05.02.2026"_s);
-    QCOMPARE(window.Text7->toPlainText(), u"nass"_s);
-    QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
-    QVERIFY(!window.DTPicker1->isEnabled() && !window.Label8->isVisible());
-    QVERIFY(window.Text1->isEnabled());
-    QTest::keyClick(window.Text1, Qt::Key_Escape);
-  });
-  mask.press(Qt::Key_O, Qt::ControlModifier);
-  QCOMPARE(mask.desktop.requests.size(), 2U);
-  QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
-  for (const auto& [box, text] :
-       {std::pair{20, u"10,7"_s}, std::pair{23, u"60,0"_s}, std::pair{24, u"10,0"_s}}) {
-    QCOMPARE(mask.window.Text1(box).text(), text);
-  }
-  QVERIFY(mask.window.close());  // nothing unsaved
-}
-
-void StorageWindowsTest::loadingTellsWhatItCouldNotRead_data() {
-  QTest::addColumn<QByteArray>("content");
-  QTest::addColumn<QString>("conductivity");
-  QTest::newRow("cut in a record")
-      << kSmallFile.left(kSmallFile.indexOf("23,60") + 3) << u"420,0000"_s;
-  QTest::newRow("cut in the header") << kSmallFile.left(40) << QString();
-  for (const char* date : {"31.02.2026", "+1.+2.2026", "01.02.0099", "heute"}) {
-    QTest::newRow(date) << QByteArray(kSmallFile).replace("03.02.2026", date) << u"420,0000"_s;
-  }
-}
-
-void StorageWindowsTest::loadingTellsWhatItCouldNotRead() {
-  QFETCH(QByteArray, content);
-  QTemporaryDir folder;
-  put(folder.filePath(u"a.cva"_s), content);
-  Mask mask;
-  mask.desktop.paths = {folder.filePath(u"a.cva"_s)};
-  mask.questions.expect(u" Die Datei konnte nicht vollständig gelesen werden ! "_s);
-  onNextModal<Dateien>(this, [](Dateien& window) { window.reject(); });
-  mask.press(Qt::Key_O, Qt::ControlModifier);
-  QTEST(mask.window.Text1(1).text(), "conductivity");
-}
-
-void StorageWindowsTest::aLoadedAnalysisIsSavedAgainWithItsDates() {
-  QTemporaryDir folder;
-  const QString path = folder.filePath(u"brunnen.cva"_s);
-  put(path, kSmallFile);
-  Mask mask;
-  mask.desktop.paths = {path, path};
-  onNextModal<Dateien>(this, [](Dateien& window) { window.Command1->click(); });
-  mask.press(Qt::Key_O, Qt::ControlModifier);
-  QCOMPARE(mask.desktop.requests.back().proposed, u"brunnen"_s);
-  QCOMPARE(bytesOf(path).left(kSmallFile.indexOf("1,420")),
-           kSmallFile.left(kSmallFile.indexOf("1,420")));
-  // What cannot be opened leaves the analysis that is there, and says so.
-  mask.desktop.paths = {folder.path()};
-  mask.questions.expect(u" Die Datei konnte nicht vollständig gelesen werden ! "_s);
-  mask.activate();
-  mask.press(Qt::Key_O, Qt::ControlModifier);
-  QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
-  QCOMPARE(mask.program.header[1], u"Projekt A"_s);
-}
-
-/// Also one after another: nothing of one water may show beside the next.
-void StorageWindowsTest::theExamplesLoadWithoutAMessage() {
-  const QFileInfoList examples = QDir(QStringLiteral(CALVORA_EXAMPLES)).entryInfoList(QDir::Files);
-  QVERIFY(examples.size() >= 4);
-  const auto load = [&](Mask& mask, const QFileInfo& example) {
-    mask.desktop.paths = {example.filePath()};
-    onNextModal<Dateien>(this, [](Dateien& window) { window.reject(); });
-    mask.activate();
-    mask.press(Qt::Key_O, Qt::ControlModifier);
-    QStringList texts;
-    for (const auto& [index, label] : mask.window.Label2) texts += label->text();
-    return texts;
-  };
-  Mask used;
-  for (qsizetype i = 0; i < 2 * examples.size(); ++i) {
-    const QFileInfo& example = examples[i % examples.size()];
-    Mask fresh;
-    const QStringList texts = load(fresh, example);
-    QVERIFY(!fresh.window.Label2(11).text().isEmpty());
-    QCOMPARE(load(used, example), texts);
-  }
-}
-
-void StorageWindowsTest::noCommandDropsChangesUnasked_data() {
-  QTest::addColumn<QString>("command");
-  QTest::addColumn<Button>("answer");
-  QTest::addColumn<bool>("cancelled");
-  for (const QString& command : {u"load"_s, u"restart"_s, u"close"_s}) {
-    for (const Button answer : {Button::kJa, Button::kNein, Button::kAbbrechen}) {
-      for (const bool cancelled : {false, true}) {
-        const bool hasDialog = answer == Button::kJa || command == "load"_L1;
-        if (cancelled && (!hasDialog || answer == Button::kAbbrechen)) continue;
-        QTest::addRow("%s %d %d", qPrintable(command), static_cast<int>(answer), cancelled ? 1 : 0)
-            << command << answer << cancelled;
+  void anAnalysisIsSavedWithItsHeader() {
+    House house;
+    house.enter(1, u"420"_s);
+    house.desktop.paths = {house.at(u"brunnen.cva"_s)};
+    house.save([](Dateien& window) {
+      QCOMPARE(window.windowTitle(), u"  Daten - laden / speichern"_s);
+      QTest::keyClicks(window.Text1, u"Projekt \"A\""_s);
+      QTest::keyClick(window.Text1, Qt::Key_Enter);
+      QCOMPARE(window.focusWidget(), window.Text2);
+      for (TextBox* field : {window.Text2, window.Text3, window.Text4}) {
+        QTest::keyClicks(field, u" x\" "_s);
+        field->insert(u"\"€"_s);  // as pasted
+        QTest::keyClick(field, Qt::Key_Enter);
       }
-    }
+      QCOMPARE(window.focusWidget(), window.Text7);
+      typeOn(window, u"Wasser \"aus"_s);
+      QGuiApplication::clipboard()->setText(u"\ndem \"Keller\""_s);
+      window.Text7->paste();
+      // Enter leads to the button, but who types on means the remark.
+      window.Text7->moveCursor(QTextCursor::Start);
+      QTest::keyClick(window.Text7, Qt::Key_Enter);
+      QCOMPARE(window.focusWidget(), window.Command1);
+      typeOn(window, u" der \"Burg"_s);
+      QCOMPARE(window.focusWidget(), window.Text7);
+      QTest::keyClick(window.Text7, Qt::Key_Enter);
+      QTest::keyClick(window.Command1, Qt::Key_Enter);
+    });
+    QCOMPARE(bytesOf(house.at(u"brunnen.cva"_s)),
+             QByteArray("\"brunnen\"\r\n\"Projekt A\"\r\n\"x \x80\"\r\n\"x \x80\"\r\n\"x "
+                        "\x80\"\r\n\"22.11.2026\"\r\n"
+                        "\"22.11.2026\"\r\n\"Wasser aus dem Keller der Burg\"\r\n\"ende\"\r\n"
+                        "1,420,\"420,0000\"\r\n10,0,\"n.b.\"\r\n999,0,0\r\n"));
+    QCOMPARE(house.desktop.requests.front().folder, house.folder.path());
+    QCOMPARE(house.program.record.flag[flag::kStatus], QString());
+    QCOMPARE(house.program.record.flag[flag::kNameLine], u"brunnen"_s);
+    QVERIFY(!house.program.dataPresent);
+    QVERIFY(house.window.close());
   }
-}
 
-/// "Ja" saves and stops there; so does cancelling, without saving. The file dialog that follows may
-/// be cancelled too.
-void StorageWindowsTest::noCommandDropsChangesUnasked() {
-  QFETCH(QString, command);
-  QFETCH(Button, answer);
-  QFETCH(bool, cancelled);
-  QTemporaryDir folder;
-  const QString old = folder.filePath(u"alt.cva"_s);
-  const QString saved = folder.filePath(u"neu.cva"_s);
-  put(old, kSmallFile);
-  Mask mask;
-  mask.keys(u"500"_s);  // not left yet
-  mask.questions.expect(kSaveQuestion, answer);
-  const bool saves = answer == Button::kJa;
-  const bool loads = answer == Button::kNein && command == "load"_L1 && !cancelled;
-  if (!cancelled && (saves || loads)) mask.desktop.paths = {saves ? saved : old};
-  if (saves || loads) {
-    onNextModal<Dateien>(this, [&](Dateien& window) {
-      if (saves) window.Command1->click();
-      QCOMPARE(window.isVisible(), cancelled || loads);
+  void aSaveThatFailsLeavesTheWindowOpen_data() {
+    // Cancelled, no folder, a folder in the way, a remark that no file can hold, the disk full.
+    rows<QString>("=> | fort/a.cva=>told | ordner.cva=>told | lang.cva=>told | alt.cva=>told");
+  }
+  void aSaveThatFailsLeavesTheWindowOpen() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const bool full = given == "alt.cva"_L1;
+    House house;
+    QVERIFY(QDir(house.folder.path()).mkpath(u"ordner.cva/darin"_s));
+    put(house.at(u"alt.cva"_s), "alt");
+    house.enter(1, u"420"_s);
+    house.program.record.flag[flag::kNameLine] = u"vorher"_s;
+    if (!given.isEmpty()) house.desktop.paths = {house.at(given)};
+    if (full) house.expectReplacing(given, Button::kJa);
+    rlimit room{};
+    getrlimit(RLIMIT_FSIZE, &room);
+    std::signal(SIGXFSZ, SIG_IGN);
+    house.save([&](Dateien& window) {
+      if (given == "lang.cva"_L1) window.Text7->setPlainText(QString(70000, 'x'_L1));
+      const rlimit none{64, room.rlim_max};
+      if (full) setrlimit(RLIMIT_FSIZE, &none);
+      window.Command1->click();
+      setrlimit(RLIMIT_FSIZE, &room);
+      QVERIFY(window.isVisible());
+      QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), !expected.isEmpty());
+      QCOMPARE(cutTexts(window), QStringList());
       window.Command2->click();
     });
+    QCOMPARE(house.program.record.flag[flag::kStatus], u"1"_s);
+    QCOMPARE(house.program.record.flag[flag::kNameLine], u"vorher"_s);
+    QCOMPARE(QDir(house.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             (QStringList{u"alt.cva"_s, u"ordner.cva"_s}));
+    QCOMPARE(bytesOf(house.at(u"alt.cva"_s)), QByteArray("alt"));
   }
-  const bool ends = command == "close"_L1 && answer == Button::kNein;
-  if (command == "load"_L1) mask.press(Qt::Key_O, Qt::ControlModifier);
-  if (command == "restart"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
-  if (command == "close"_L1) QCOMPARE(mask.window.close(), ends);
-  QCOMPARE(mask.desktop.ended, ends ? 1 : 0);
-  QCOMPARE(bytesOf(saved).contains("1,500,"), saves && !cancelled);
-  const bool gone = loads || (command == "restart"_L1 && answer == Button::kNein);
-  const bool unsaved = !gone && (!saves || cancelled);
-  QCOMPARE(mask.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());
-  const QString other = loads ? u"420,0000"_s : QString();
-  QCOMPARE(mask.window.Text1(1).text(), gone ? other : u"500,0000"_s);
-}
 
-void StorageWindowsTest::theFileDialogsSpeakGermanAndAskBeforeReplacing() {
-  QTemporaryDir folder;
-  for (const auto* name : {"da.cva", "fremd.txt"}) {
-    put(folder.filePath(QLatin1String(name)), "alt");
+  void aFileGetsItsExtensionAndIsReplacedWhenTheUserWants_data() {
+    // What the dialog answers, and the answer to the question that follows => the file written.
+    rows<QString>(
+        "probe=>probe.cva | probe.txt.a=>probe.cva | ab.cd/probe=>ab.cd/probe.cva | "
+        "DA.CVA=>DA.cva | da.cva ja=>da.cva | da.cva nein=> | da.txt ja=>da.cva | da.txt nein=> | "
+        "GROSS.CVA ja=>GROSS.CVA");
   }
-  Mask mask;
-  RealDesktop desktop;
-  const auto save = [](QFileDialog& dialog) {
-    QTest::keyClick(dialog.findChild<QLineEdit*>(u"fileNameEdit"_s), Qt::Key_Return);
-  };
-  onNextModal<QFileDialog>(this, [&](QFileDialog& dialog) {
-    QCOMPARE(dialog.labelText(QFileDialog::LookIn), u"Suchen in:"_s);
-    QCOMPARE(dialog.nameFilters(), QStringList{u"Calvora-Dateien (*.cva)"_s});
-    QCOMPARE(dialog.directory().canonicalPath(), QDir(folder.path()).canonicalPath());
-    onNextModal<QMessageBox>(&dialog, [](QMessageBox& question) {
-      QVERIFY2(
-          question.text().contains(u"da.cva"_s) && question.text().contains(u"überschrieben"_s),
-          qPrintable(question.text()));
-      question.button(QMessageBox::No)->click();
+  void aFileGetsItsExtensionAndIsReplacedWhenTheUserWants() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const QString answer = given.section(' '_L1, 1);
+    House house;
+    QVERIFY(QDir(house.folder.path()).mkpath(u"ab.cd"_s));
+    for (const QString& there : {u"da.cva"_s, u"GROSS.CVA"_s}) put(house.at(there), "alt");
+    house.enter(1, u"420"_s);
+    house.program.header[kopf::kDateiname] = u"a/b.c"_s;
+    house.desktop.paths = {house.at(given.section(' '_L1, 0, 0)) + ' '_L1};
+    if (answer == "ja"_L1) house.expectReplacing(expected, Button::kJa);
+    if (answer == "nein"_L1) house.expectReplacing(u"da.cva"_s, Button::kNein);
+    house.save([&](Dateien& window) {
+      window.Command1->click();
+      QCOMPARE(window.isVisible(), expected.isEmpty());
+      window.reject();
     });
-    save(dialog);
-    QVERIFY(dialog.isVisible());
-    dialog.reject();
-  });
-  QVERIFY(!desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"da.cva"_s}));
-  // The extension comes later, with a question of our own.
-  onNextModal<QFileDialog>(this, save);
-  QCOMPARE(desktop.askSaveFile(&mask.window, {folder.path(), u"cva"_s, u"neu"_s}),
-           folder.filePath(u"neu"_s));
-}
+    QCOMPARE(house.desktop.requests.front().proposed, u"a-b.cva"_s);
+    for (const Message& question : house.questions.asked) {
+      QCOMPARE(question.buttons, Button::kJa | Button::kNein);
+      nachricht shown;
+      shown.messein(question);
+      QVERIFY(shown.Command1(3).isDefault() && !shown.Command1(2).isDefault());
+    }
+    for (const QString& there : {u"da.cva"_s, u"GROSS.CVA"_s}) {
+      if (expected != there) QCOMPARE(bytesOf(house.at(there)), QByteArray("alt"));
+    }
+    if (!expected.isEmpty()) QVERIFY(bytesOf(house.at(expected)).endsWith("999,0,0\r\n"));
+  }
+
+  void theSamplingDateCanBeRemovedAndSetAgain() {
+    House house;
+    house.program.header[kopf::kProbenahme] = u"03.02.2026"_s;
+    Dateien window(Dateien::Mode::kSaveAnalysis, house.program, house.questions, house.desktop,
+                   &house.window);
+    window.show();
+    QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
+    // The wheel on its way over the form does not change it.
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(window.DTPicker1, &wheel);
+    QTest::keyClicks(window.DTPicker1->calendarWidget(), u"15"_s);
+    QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
+    QCOMPARE(window.DTPicker1->calendarWidget()->firstDayOfWeek(), Qt::Monday);
+    window.Label8->click();
+    QVERIFY(!window.DTPicker1->isVisible());
+    QCOMPARE(window.Label8->text(), u"setzen"_s);
+    window.Command1->setFocus();
+    QTest::keyClick(window.Command1, Qt::Key_Space);  // cancelled, but the header is kept
+    QCOMPARE(house.desktop.requests.size(), 1U);
+    QCOMPARE(house.program.header[kopf::kProbenahme], QString());
+    window.Label8->click();
+    QVERIFY(window.DTPicker1->isVisible());
+    window.Command1->click();
+    QCOMPARE(house.program.header[kopf::kProbenahme], u"03.02.2026"_s);
+  }
+
+  void aDateCanBeTyped_data() {
+    // Keys, with < for backspace and ^ for the arrow up, and the date that is then saved; with ! it
+    // is saved only after the user has seen that what was typed is none.
+    rows<QString>(
+        "31.12.2025=>31.12.2025 | 1.2.2025=>01.02.2025 | 22.11.2026=>22.11.2026 | "
+        "22.11.20267=>22.11.2026 | 3a1-.1/2.2025=>31.12.2025 | <29.02.2024=>29.02.2024 | "
+        "^=>04.03.2026 | 31=>!03.03.2026 | 31.02.2026=>!03.03.2026 | 1.2.26=>!03.03.2026 | "
+        "23.11.2026=>!03.03.2026 | <=>!03.03.2026 | 31122025=>!03.03.2026");
+  }
+  void aDateCanBeTyped() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const bool refused = expected.startsWith('!'_L1);
+    House house;
+    house.program.header[kopf::kProbenahme] = u"03.03.2026"_s;
+    house.enter(1, u"420"_s);
+    house.save([&](Dateien& window) {
+      window.Text4->setFocus();
+      QTest::keyClick(window.Text4, Qt::Key_Tab);
+      QCOMPARE(window.focusWidget(), window.DTPicker1);
+      for (const QChar c : given) {
+        const bool isKey = c == '<'_L1 || c == '^'_L1;
+        const Qt::Key key = c == '<'_L1 ? Qt::Key_Backspace : Qt::Key_Up;
+        isKey ? QTest::keyClick(window.DTPicker1, key)
+              : QTest::keyClick(window.DTPicker1, c.toLatin1());
+      }
+      QTest::mouseClick(window.Command1, Qt::LeftButton);
+      QCOMPARE(house.desktop.requests.size(), refused ? 0U : 1U);
+      QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), refused);
+      if (refused) {
+        QCOMPARE(window.focusWidget(), window.DTPicker1);
+        QTest::mouseClick(window.Command1, Qt::LeftButton);
+      }
+      window.reject();
+    });
+    QCOMPARE(house.program.header[kopf::kProbenahme], expected.remove('!'_L1));
+  }
+
+  void onlyAFreshAnalysisProposesToday() {
+    House house;
+    put(house.at(u"ohne.cva"_s), QByteArray(kSmallFile).replace("03.02.2026", ""));
+    put(house.at(u"morgen.cva"_s), QByteArray(kSmallFile).replace("03.02.2026", "23.11.2026"));
+    const auto saving = [&](bool dated) {
+      const Dateien window(Dateien::Mode::kSaveAnalysis, house.program, house.questions,
+                           house.desktop, &house.window);
+      QCOMPARE(window.DTPicker1->isVisibleTo(&window), dated);
+      QCOMPARE(window.Label8->text(), dated ? u"löschen"_s : u"setzen"_s);
+      QCOMPARE(window.DTPicker1->date(), QDate(2026, 11, 22));
+    };
+    saving(true);
+    house.load(u"ohne.cva"_s, [](Dateien& window) { QVERIFY(!window.DTPicker1->isVisible()); });
+    saving(false);
+    // A later day is shown as it came, but cannot be entered.
+    house.load(u"morgen.cva"_s,
+               [](Dateien& window) { QCOMPARE(window.DTPicker1->text(), u"23.11.2026"_s); });
+    saving(true);
+    house.window.mnu_neustart->trigger();
+    saving(true);
+    // What was saved without a date has none.
+    house.keys(u"5"_s);
+    house.press(Qt::Key_Enter);
+    house.desktop.paths = {house.at(u"neu.cva"_s)};
+    house.save([](Dateien& window) {
+      window.Label8->click();
+      window.Command1->click();
+    });
+    saving(false);
+  }
+
+  void aLoadedAnalysisShowsItsHeaderAndIsSavedAgainAsItWas() {
+    House house;
+    const QString path = house.at(u"brunnen.cva"_s);
+    put(path, kSmallFile);
+    house.focus(20);
+    house.focus(1);  // the field last left is the total hardness
+    house.desktop.paths = {house.at(u"gibt es nicht.cva"_s)};
+    house.load(u"brunnen.cva"_s, [&](Dateien& window) {
+      QCOMPARE(window.Text4->text(), u"Café"_s);  // what cannot be typed stays
+      QCOMPARE(window.Text6->text(), u"05.02.2026"_s);
+      QCOMPARE(window.Text7->toPlainText(), u"nass"_s);
+      QCOMPARE(window.DTPicker1->date(), QDate(2026, 2, 3));
+      QVERIFY(!window.DTPicker1->isEnabled() && !window.Label8->isVisible());
+      QVERIFY(window.Text1->isEnabled());
+      house.desktop.paths = {path};
+      house.expectReplacing(u"brunnen.cva"_s, Button::kJa);
+      window.Command1->click();
+    });
+    QCOMPARE(house.desktop.requests.size(), 3U);
+    QCOMPARE(house.desktop.requests.back().proposed, u"brunnen.cva"_s);
+    const qsizetype header = kSmallFile.indexOf("1,420");
+    QCOMPARE(bytesOf(path).left(header), kSmallFile.left(header));
+    for (const auto& [box, text] : {std::pair{1, u"420,0000"_s}, std::pair{20, u"10,7"_s},
+                                    std::pair{23, u"60,0"_s}, std::pair{24, u"10,0"_s}}) {
+      QCOMPARE(house.window.Text1(box).text(), text);
+    }
+    // What cannot be opened leaves the analysis that is there, and says so.
+    house.desktop.paths = {house.folder.path()};
+    house.questions.expect(kIncomplete);
+    house.activate();
+    house.press(Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(house.window.Text1(1).text(), u"420,0000"_s);
+    QCOMPARE(house.program.header[kopf::kProjekt], u"Projekt A"_s);
+    QVERIFY(house.window.close());  // nothing unsaved
+  }
+
+  void loadingTellsWhatItCouldNotRead_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("conductivity");
+    QTest::newRow("cut in a record")
+        << kSmallFile.left(kSmallFile.indexOf("23,60") + 3) << u"420,0000"_s;
+    QTest::newRow("cut in the header") << kSmallFile.left(40) << QString();
+    for (const char* date : {"31.02.2026", "+1.+2.2026", "01.02.0099", "heute"}) {
+      QTest::newRow(date) << QByteArray(kSmallFile).replace("03.02.2026", date) << u"420,0000"_s;
+    }
+  }
+  void loadingTellsWhatItCouldNotRead() {
+    QFETCH(QByteArray, content);
+    House house;
+    put(house.at(u"a.cva"_s), content);
+    house.questions.expect(kIncomplete);
+    house.load(u"a.cva"_s, [](Dateien&) {});
+    QTEST(house.window.Text1(1).text(), "conductivity");
+  }
+
+  /// Also one after another: nothing of one water may show beside the next.
+  void theExamplesLoadWithoutAMessage() {
+    const QDir folder(QStringLiteral(CALVORA_EXAMPLES));
+    const QStringList examples = folder.entryList(QDir::Files);
+    QVERIFY(examples.size() >= 4);
+    const auto load = [&](House& house, const QString& example) {
+      house.load(folder.filePath(example), [](Dateien&) {});
+      QStringList texts;
+      for (const auto& [index, label] : house.window.Label2) texts += label->text();
+      return texts;
+    };
+    House used;
+    for (const QString& example : examples + examples) {
+      House fresh;
+      const QStringList texts = load(fresh, example);
+      QVERIFY(!fresh.window.Label2(11).text().isEmpty());
+      QCOMPARE(load(used, example), texts);
+    }
+  }
+
+  void noCommandDropsChangesUnasked_data() {
+    // The command and the answer => what becomes of the dialog that follows.
+    rows<QString>(
+        "load ja=>saved | load ja=>cancelled | load nein=>loaded | load nein=>cancelled | "
+        "load abbrechen=> | new ja=>saved | new ja=>cancelled | new nein=> | new abbrechen=> | "
+        "end ja=>saved | end ja=>cancelled | end nein=> | end abbrechen=>");
+  }
+  /// "Ja" saves and stops there; so does cancelling, without saving.
+  void noCommandDropsChangesUnasked() {
+    QFETCH(QString, given);
+    QFETCH(QString, expected);
+    const bool saves = given.endsWith("ja"_L1);
+    const bool discards = given.endsWith("nein"_L1);
+    const bool cancelled = expected == "cancelled"_L1;
+    const bool loads = expected == "loaded"_L1;
+    House house;
+    const QString saved = house.at(u"neu.cva"_s);
+    put(house.at(u"alt.cva"_s), kSmallFile);
+    house.keys(u"500"_s);  // not left yet
+    house.expectMessage(meldung::kVorherSpeichern, saves      ? Button::kJa
+                                                   : discards ? Button::kNein
+                                                              : Button::kAbbrechen);
+    if (loads) house.desktop.paths = {house.at(u"alt.cva"_s)};
+    if (saves && !cancelled) house.desktop.paths = {saved};
+    if (saves || loads) {
+      onNextModal<Dateien>(this, [&](Dateien& window) {
+        if (saves) window.Command1->click();
+        QCOMPARE(window.isVisible(), cancelled || loads);
+        window.Command2->click();
+      });
+    }
+    const bool ends = given.startsWith("end"_L1) && discards;
+    if (given.startsWith("load"_L1)) house.press(Qt::Key_O, Qt::ControlModifier);
+    if (given.startsWith("new"_L1)) house.press(Qt::Key_N, Qt::ControlModifier);
+    if (given.startsWith("end"_L1)) QCOMPARE(house.window.close(), ends);
+    QCOMPARE(house.questions.asked.front().buttons,
+             Button::kJa | Button::kNein | Button::kAbbrechen);
+    QCOMPARE(house.desktop.ended, ends ? 1 : 0);
+    QCOMPARE(bytesOf(saved).contains("1,500,"), saves && !cancelled);
+    const bool gone = loads || (given.startsWith("new"_L1) && discards);
+    const bool unsaved = !gone && (!saves || cancelled);
+    QCOMPARE(house.program.record.flag[flag::kStatus], unsaved ? u"1"_s : QString());
+    const QString other = loads ? u"420,0000"_s : QString();
+    QCOMPARE(house.window.Text1(1).text(), gone ? other : u"500,0000"_s);
+  }
+
+  void theFileDialogsSpeakGermanAndLeaveTheQuestionToTheProgram() {
+    House house;
+    put(house.at(u"da.cva"_s), "alt");
+    RealDesktop desktop;
+    for (const bool saved : {true, false}) {
+      onNextModal<QFileDialog>(this, [&](QFileDialog& dialog) {
+        QCOMPARE(dialog.labelText(QFileDialog::LookIn), u"Suchen in:"_s);
+        QCOMPARE(dialog.nameFilters(), QStringList{u"Calvora-Dateien (*.cva)"_s});
+        QCOMPARE(dialog.directory().canonicalPath(), QDir(house.folder.path()).canonicalPath());
+        auto* name = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+        QTest::keyClick(name, saved ? Qt::Key_Return : Qt::Key_Escape);
+      });
+      const auto path =
+          desktop.askSaveFile(&house.window, {house.folder.path(), u"cva"_s, u"da.cva"_s});
+      QCOMPARE(path, saved ? std::optional(house.at(u"da.cva"_s)) : std::nullopt);
+    }
+  }
+
+  void theDataFolderIsChosenAndKept() {
+    House house;
+    house.program.settings = {};
+    auto& window = house.open<datenpfad>();
+    const QString here = QFileInfo(house.folder.path()).fileName();
+    const QString chosen = house.at(u"Werte"_s);
+    QCOMPARE(window.Label3(1).text(), house.at(u"daten"_s));
+    QVERIFY(!window.Command1(1).isEnabled());
+    QVERIFY(window.Dir1->findItems(u".versteckt"_s, Qt::MatchEndsWith).isEmpty());
+    click(window, {here});
+    click(window, {u"Werte"_s}, true);  // not on into the folder that the first click brought there
+    QCOMPARE(window.Label3(2).text(), chosen);
+    house.expectMessage(meldung::kPfadBestätigen, Button::kAbbrechen, chosen);
+    window.Command1(1).click();
+    QCOMPARE(house.program.settings.slot[setting::kDataFolder], QString());
+    // A folder whose name no file can hold, or that is gone, is refused.
+    click(window, {here, u"Вода"_s});
+    house.questions.expect(
+        joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
+                     u" gespeichert werden können. Wählen Sie einen anderen ! "_s}));
+    window.Command1(1).click();
+    click(window, {here, u"daten"_s});
+    QVERIFY(QDir().rmdir(house.at(u"daten"_s)));
+    house.expectMessage(meldung::kPfadFehlt);
+    window.Command1(1).click();
+    QVERIFY(window.isVisible());
+    QCOMPARE(house.program.settings.slot[setting::kDataFolder], QString());
+    click(window, {here, u"Werte"_s});
+    house.expectMessage(meldung::kPfadBestätigen, Button::kOk, chosen);
+    house.expectMessage(meldung::kPfadGespeichert);
+    window.Command1(1).click();
+    // The next start of the program finds it.
+    Program later;
+    later.programFolder = house.folder.path();
+    const main next(later, house.questions, house.desktop);
+    QCOMPARE(later.settings.slot[setting::kDataFolder], chosen);
+  }
+
+  void aDriveIsChosenInItsList() {
+    House house;
+    house.program.settings.slot[setting::kDataFolder] = u"C:\\"_s;  // a bare drive
+    auto& window = house.open<datenpfad>();
+    QCOMPARE(window.Label3(1).text(), house.at(u"daten"_s));
+    QVERIFY(window.Drive1->currentIndex() >= 0);
+    const int root = window.Drive1->findText(u"/"_s);
+    window.Drive1->setCurrentIndex(root);
+    emit window.Drive1->activated(root);
+    QCOMPARE(window.Label3(2).text(), u"/"_s);
+    QCOMPARE(window.Drive1->currentText(), u"/"_s);
+    // A second call brings up the window that is open.
+    house.window.mnu2_pfad->trigger();
+    const auto lists = house.window.findChildren<QListWidget*>();
+    QCOMPARE(std::ranges::count_if(lists, &QWidget::isVisible), 1);
+  }
+
+  void aFolderThatIsNotSavedCountsForThisRun() {
+    House house;
+    house.program.settings.slot[setting::kDataFolder] = u"/gibt/es/nicht"_s;
+    house.expectMessage(meldung::kPfadFehlt);
+    auto& window = house.open<datenpfad>();
+    house.program.programFolder = u"/gibt/es/nicht"_s;
+    window.Dir1->setFocus();
+    QTest::keyClick(window.Dir1, Qt::Key_Enter);
+    const QString chosen = window.Label3(2).text();
+    house.expectMessage(meldung::kPfadBestätigen, Button::kOk, chosen);
+    window.Command1(1).click();
+    QCOMPARE(std::exchange(house.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
+    QVERIFY(window.isVisible());
+    house.window.mnu_neustart->trigger();
+    QCOMPARE(house.program.settings.slot[setting::kDataFolder], chosen);
+  }
+
+  void theCompanyLineIsKept() {
+    House house;
+    auto& window = house.open<firma>();
+    QVERIFY(!window.Command1(1).isEnabled());
+    QTest::keyClicks(&window.Text1(0), u"Wasser\""_s);
+    QTest::keyClick(&window.Text1(0), Qt::Key_Up);
+    QCOMPARE(window.focusWidget(), &window.Text1(3));
+    QTest::keyClick(&window.Text1(3), Qt::Key_Enter);
+    QCOMPARE(window.focusWidget(), &window.Text1(0));
+    window.Text1(3).setFocus();
+    typeOn(window, u"Hof|9"_s);
+    QCOMPARE(window.Text1(4).text(), u"Wasser       Hof/9"_s);  // no room for lines that are empty
+    house.expectMessage(meldung::kDruckzeileGespeichert);
+    window.Command1(1).click();
+    QVERIFY(!window.isVisible());
+    const QString& printLine = house.program.settings.slot[setting::kPrintLine];
+    QCOMPARE(printLine, u"Wasser               Hof/9"_s);
+    Settings read;
+    readSettings(read, house.folder.path());
+    QCOMPARE(read.slot[setting::kPrintLine], printLine);
+    auto& again = house.open<firma>();
+    QCOMPARE(again.Text1(3).text(), u"Hof/9"_s);
+    QCOMPARE(again.Label3(1).text(), QString::number(115 - printLine.size()));
+    // What cannot be saved is reported, and printed for the rest of the run.
+    house.program.programFolder = u"/gibt/es/nicht"_s;
+    again.Text1(3).setFocus();
+    typeOn(again, u"b"_s);
+    again.Command1(1).click();
+    QCOMPARE(std::exchange(house.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
+    QCOMPARE(printLine, u"Wasser               Hof/9b"_s);
+    // What is too long is not saved at all.
+    again.Text1(0).insert(QString(100, 'A'_L1));
+    QCOMPARE(again.Label3(1).text(), u"0"_s);
+    house.expectMessage(meldung::kDruckzeileZuLang);
+    again.Command1(1).click();
+    QVERIFY(again.isVisible());
+    QCOMPARE(printLine, u"Wasser               Hof/9b"_s);
+  }
+
+  /// Pasting with the mouse alone does not count; every key does.
+  void onlyAKeyLetsTheCompanyLineBeSaved() {
+    for (const auto& [key, modifiers] :
+         {std::pair{Qt::Key(0), Qt::NoModifier}, std::pair{Qt::Key_V, Qt::ControlModifier},
+          std::pair{Qt::Key_Insert, Qt::ShiftModifier}, std::pair{Qt::Key_QuoteDbl, Qt::NoModifier},
+          std::pair{Qt::Key_Left, Qt::NoModifier}, std::pair{Qt::Key_Enter, Qt::NoModifier}}) {
+      House house;
+      auto& window = house.open<firma>();
+      QGuiApplication::clipboard()->setText(u"Quelle"_s);
+      window.Text1(0).setFocus();
+      const bool pastes = key == Qt::Key_V || key == Qt::Key_Insert;
+      if (!pastes) window.Text1(0).paste();
+      if (key != 0) QTest::keyClick(&window.Text1(0), key, modifiers);
+      QCOMPARE(window.Text1(4).text(), u"Quelle"_s + QString(7, ' '_L1));
+      if (key != 0) house.expectMessage(meldung::kDruckzeileGespeichert);
+      window.Command1(1).click();
+      QCOMPARE(window.isVisible(), key == 0);
+      window.Command1(2).click();
+      QVERIFY(!window.isVisible());
+    }
+  }
+};
 
 CALVORA_TEST_MAIN(StorageWindowsTest)
 #include "storage_windows_test.moc"

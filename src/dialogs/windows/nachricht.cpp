@@ -56,6 +56,12 @@ void nachricht::messein(const Message& message) {
   for (const auto& [index, button] : Command1) button->setFont(Label6->font());
   colour(layout);
   place(layout);
+  int enter = layout.buttons.front().index;
+  for (const MessageLayout::PlacedButton& button : layout.buttons) {
+    if (message.defaultButton.testFlag(buttonOf(button.index))) enter = button.index;
+  }
+  Command1(enter).setDefault(true);
+  Command1(enter).setFocus();
 }
 
 void nachricht::place(const MessageLayout& layout) {
@@ -76,10 +82,6 @@ void nachricht::place(const MessageLayout& layout) {
                        twips(message_design::kButtonWidth), twips(420));
     button.show();
   }
-  QPushButton& first = Command1(layout.buttons.front().index);
-  first.setDefault(true);
-  first.setFocus();
-
   const QPoint origin = parentWidget() == nullptr ? QPoint() : parentWidget()->window()->pos();
   move(origin + QPoint(twips(layout.left), twips(layout.top)));
 }

@@ -4,7 +4,6 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QScopeGuard>
 #include <QScreen>
 
 #include "base/guarded.h"
@@ -27,7 +26,7 @@ const auto kEmptyCaption = u"   Analyse   laden"_s;
 
 // No parent: it would always lie over the main window, which stays in use beside it.
 analysen::analysen(Program& program, Questions& questions, Desktop& desktop)
-    : program_(program), questions_(questions), desktop_(desktop) {
+    : program_(program), questions_(questions), desktop_(desktop), project_{program.header, {}} {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   enterNames(grid_);
@@ -43,15 +42,10 @@ bool analysen::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-void analysen::closeEvent(QCloseEvent* event) {
-  program_.overviewText.clear();
-  QWidget::closeEvent(event);
-}
-
 // ---- Rules of the window ----
 
-void analysen::flex_ein(int column) {
-  enterAnalysis(grid_, column - 1, program_);
+void analysen::flex_ein(int column, const OverviewAnalysis& analysis) {
+  enterAnalysis(grid_, column - 1, analysis);
   darstellen();
 }
 
@@ -84,12 +78,6 @@ void analysen::darstellen() {
   }
 }
 
-void analysen::forgetAnalysisRead() {
-  program_.overviewText.clear();
-  program_.record.flag[flag::kOverviewName].clear();
-  program_.record.flag[flag::kOverviewDate].clear();
-}
-
 // ---- Analyses ----
 
 void analysen::Label1_Click(int slot) {
@@ -103,14 +91,10 @@ void analysen::Label1_Click(int slot) {
 }
 
 void analysen::loadAnalysis(int slot) {
-  forgetAnalysisRead();
-  Dateien window(program_, questions_, desktop_, this);
-  int mode = kOverviewMode;
-  window.dateiladen(mode);
-  if (mode > 0) return;
-  window.showAsRead();
+  Dateien window(Dateien::Mode::kReadForOverview, program_, questions_, desktop_, this);
+  if (!window.dateiladen()) return;
   window.exec();
-  flex_ein(slot + 1);
+  flex_ein(slot + 1, window.analysis());
   updateButtons();
 }
 
@@ -135,7 +119,7 @@ void analysen::Command1_Click(int index) {
 }
 
 void analysen::print() {
-  Drucker window(program_, questions_, desktop_, this, &grid_);
+  Drucker window(program_, questions_, desktop_, this, &project_);
   window.druckart(Bericht::kÜbersicht);
   window.exec();
 }
@@ -147,7 +131,6 @@ bool analysen::emptyGrid() {
     message(answer);
     if (static_cast<Button>(answer) == Button::kAbbrechen) return false;
   }
-  forgetAnalysisRead();
   for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) grid_.slot[k] = {};
   darstellen();
@@ -155,23 +138,19 @@ bool analysen::emptyGrid() {
 }
 
 void analysen::saveProject() {
-  const auto done = qScopeGuard([this] { program_.record.flag[flag::kStatus].clear(); });
-  Dateien window(program_, questions_, desktop_, this);
-  window.saveAsProject(grid_);
-  window.exec();
-  if (program_.record.flag[flag::kStatus] == kAbbruch) return;
+  Dateien window(Dateien::Mode::kSaveProject, program_, questions_, desktop_, this, &project_);
+  const bool saved = window.exec() == QDialog::Accepted;
+  program_.record.flag[flag::kStatus].clear();  // even if the user left without saving
+  if (!saved) return;
   int code = uebersicht::kProjektGespeichert;
   message(code);
 }
 
 void analysen::loadProject() {
   if (!emptyGrid()) return;
-  Dateien window(program_, questions_, desktop_, this);
-  int result = 0;
-  window.projektladen(result, grid_);
-  if (result > 0) return;
+  Dateien window(Dateien::Mode::kLoadProject, program_, questions_, desktop_, this, &project_);
+  if (!window.projektladen()) return;
   darstellen();
-  window.showProjectAsRead();
   window.exec();
   updateButtons();
   Command1(kReset).setEnabled(true);  // a slot that was read in part can be emptied, too

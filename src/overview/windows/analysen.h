@@ -4,12 +4,13 @@
 #include <QPushButton>
 
 #include "base/questions.h"
-#include "model/overview_grid.h"
 #include "model/program.h"
 #include "overview/windows/overview_table.h"
 #include "overview/windows/slot_label.h"
 #include "platform/control_array.h"
 #include "platform/desktop.h"
+#include "storage/analysis_file.h"
+#include "storage/project_file.h"
 
 namespace calvora {
 
@@ -21,8 +22,8 @@ class analysen : public QWidget {
  public:
   analysen(Program& program, Questions& questions, Desktop& desktop);
 
-  /// Enters the analysis that was read last into a column, 2 to 9.
-  void flex_ein(int column);
+  /// Enters an analysis into a column, 2 to 9.
+  void flex_ein(int column, const OverviewAnalysis& analysis);
 
   /// Counts the filled slots and enables the buttons that need one.
   void countdat(int& count);
@@ -31,8 +32,8 @@ class analysen : public QWidget {
   /// the value of the pressed button in `code`.
   void message(int& code, const QString& extra = {});
 
-  /// What is shown.
-  [[nodiscard]] const OverviewGrid& grid() const { return grid_; }
+  /// What is shown, and the header that describes it.
+  [[nodiscard]] const Project& project() const { return project_; }
 
   OverviewTable* MSFlexGrid1;
   ControlArray<SlotLabel> Label1;
@@ -41,7 +42,6 @@ class analysen : public QWidget {
 
  protected:
   bool event(QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
 
  private:
   void buildWindow();
@@ -59,12 +59,12 @@ class analysen : public QWidget {
   void saveProject();
   void loadProject();
   void copy();
-  void forgetAnalysisRead();
 
   Program& program_;
   Questions& questions_;
   Desktop& desktop_;
-  OverviewGrid grid_;
+  Project project_;  ///< what is shown, and a header of its own that starts as the analysis'
+  OverviewGrid& grid_ = project_.grid;
   QWidget* head_;        ///< heading and slot labels
   QWidget* slotLabels_;  ///< clips the labels to the columns that scroll
 };

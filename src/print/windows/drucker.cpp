@@ -11,6 +11,7 @@
 #include "platform/paper.h"
 #include "platform/twips.h"
 #include "print/windows/report_printer.h"
+#include "storage/line_file.h"
 
 namespace calvora {
 
@@ -23,12 +24,13 @@ constexpr int kLongestText = 99;
 }  // namespace
 
 Drucker::Drucker(Program& program, Questions& questions, Desktop& desktop, QWidget* parent,
-                 const OverviewGrid* overview)
+                 Project* overview)
     : QDialog(parent),
       program_(program),
       questions_(questions),
       desktop_(desktop),
-      overview_(overview) {
+      overview_(overview),
+      header_(overview == nullptr ? program.header : overview->header) {
   buildWindow();
   guarded(questions_, u" drucker\\form_load"_s, [this] { Form_Load(); });
 }
@@ -40,9 +42,9 @@ void Drucker::Form_Load() {
     Text1(box).showText(text);
   };
   Text1(1).showText(dateText(program_.today()));
-  show(2, program_.header[kopf::kProjekt]);
-  show(3, program_.header[kopf::kProbe]);
-  Text4->setPlainText(program_.header[kopf::kBemerkung]);
+  show(2, header_[kopf::kProjekt]);
+  show(3, header_[kopf::kProbe]);
+  Text4->setPlainText(header_[kopf::kBemerkung]);
 }
 
 void Drucker::druckart(Bericht kind) {
@@ -56,21 +58,18 @@ void Drucker::druckart(Bericht kind) {
   Command1->setText(reportTitle(kind));
 }
 
-/// The remark as it heads the report: untouched, or as typed, with the line breaks of a text file.
 QString Drucker::remark() const {
-  if (!Text4->document()->isModified()) return program_.header[kopf::kBemerkung];
-  return Text4->document()->toRawText().replace(QChar::ParagraphSeparator, u"\r\n"_s);
+  return onOneLine(Text4->document()->toRawText());
 }
 
 void Drucker::keepHeader() {
-  auto& header = program_.header;
-  header[kopf::kProjekt] = Text1(2).text();
-  header[kopf::kProbe] = Text1(3).text();
-  header[kopf::kBemerkung] = remark();
+  header_[kopf::kProjekt] = Text1(2).text();
+  header_[kopf::kProbe] = Text1(3).text();
+  header_[kopf::kBemerkung] = remark();
 }
 
 PrintRequest Drucker::request() const {
-  const QString& name = program_.header[kopf::kDateiname];
+  const QString& name = header_[kopf::kDateiname];
   QString title = reportTitle(kind_);
   if (kind_ == Bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
@@ -115,14 +114,13 @@ void Drucker::printOn(Paper& paper) {
 
 void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
   guarded(questions_, u" drucker\\druckkopf"_s, [&] {
-    const auto& header = program_.header;
     const ReportHead head{.kind = kind_,
                           .companyLine = program_.settings.slot[setting::kPrintLine],
                           .today = program_.today(),
                           .project = Text1(2).text(),
-                          .fileName = header[kopf::kDateiname],
+                          .fileName = header_[kopf::kDateiname],
                           .sample = Text1(3).text(),
-                          .samplingDate = header[kopf::kProbenahme],
+                          .samplingDate = header_[kopf::kProbenahme],
                           .remark = remark()};
     for (const Statement& statement : headStatements(head, landscape)) printer.print(statement);
   });
@@ -133,7 +131,7 @@ bool Drucker::papier(ReportPrinter& printer) {
   bool whole = true;
   const Statements body =
       kind_ == Bericht::kÜbersicht
-          ? overviewStatements(overview_ == nullptr ? OverviewGrid{} : *overview_)
+          ? overviewStatements(overview_ == nullptr ? OverviewGrid{} : overview_->grid)
           : analysisStatements(program_.record);
   for (const Statement& statement : body) {
     try {

@@ -11,6 +11,7 @@
 #include "platform/remark_box.h"
 #include "platform/text_box.h"
 #include "print/report.h"
+#include "storage/project_file.h"
 
 namespace calvora {
 
@@ -23,10 +24,10 @@ class Drucker : public QDialog {
   Q_OBJECT
 
  public:
-  /// `overview` is what the overview report shows, read when it is printed; without one it is
-  /// empty.
+  /// `overview` is what the overview report shows, read when it is printed, and whose header it
+  /// has. Without one the dialog works on the analysis' header, and that report is empty.
   Drucker(Program& program, Questions& questions, Desktop& desktop, QWidget* parent,
-          const OverviewGrid* overview = nullptr);
+          Project* overview = nullptr);
 
   /// Prepares the dialog for a kind of report. The overview turns the printer's page to landscape.
   void druckart(Bericht kind);
@@ -60,7 +61,8 @@ class Drucker : public QDialog {
   Program& program_;
   Questions& questions_;
   Desktop& desktop_;
-  const OverviewGrid* overview_;
+  const Project* overview_;
+  AnalysisHeader& header_;
   Bericht kind_ = Bericht::kAnalyse;
 };
 

@@ -1,23 +1,21 @@
 #include "storage/windows/dateien.h"
-#include "storage/settings.h"
 
-#include <QCalendarWidget>
+#include <QCoreApplication>
 #include <QFileInfo>
-#include <QGridLayout>
-#include <QLineEdit>
+#include <QFormLayout>
+#include <QKeyEvent>
 #include <algorithm>
 #include <array>
 
 #include "base/guarded.h"
+#include "base/safe_write.h"
 #include "entry/date_text.h"
 #include "entry/key_filter.h"
-#include "platform/date_picker.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
-#include "storage/analysis_file.h"
-#include "storage/file_name.h"
 #include "storage/line_file.h"
+#include "storage/settings.h"
 
 namespace calvora {
 
@@ -25,10 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFileNotFound = static_cast<int>(ErrorNumber::kFileNotFound);
-constexpr int kCancelled = 1;
-const auto kRemove = u"löschen"_s;
-const auto kSet = u"setzen"_s;
+const auto kAnalysisFile = u"cva"_s;
+const auto kProjectFile = u"cvp"_s;
 
 /// Why a file was not written, in the user's words.
 QString reasonOf(const RuntimeError& error) {
@@ -44,109 +40,108 @@ QString reasonOf(const RuntimeError& error) {
   }
 }
 
+/// Whether a header was saved or loaded before: it then has a creation date or the name of a file.
+bool wasKept(const AnalysisHeader& header) {
+  return !header[kopf::kErstellt].isEmpty() || !header[kopf::kDateiname].isEmpty();
+}
+
 }  // namespace
 
-Dateien::Dateien(Program& program, Questions& questions, Desktop& desktop, QWidget* parent)
-    : QDialog(parent), program_(program), questions_(questions), desktop_(desktop) {
+Dateien::Dateien(Mode mode, Program& program, Questions& questions, Desktop& desktop,
+                 QWidget* parent, Project* project)
+    : QDialog(parent),
+      mode_(mode),
+      program_(program),
+      questions_(questions),
+      desktop_(desktop),
+      project_(project),
+      header_(mode == Mode::kReadForOverview ? analysis_.header
+              : project != nullptr           ? project->header
+                                             : program.header) {
   buildWindow();
   guarded(questions_, u" dateien\\ps_formload"_s, [this] { Form_Load(); });
 }
 
 void Dateien::Form_Load() {
-  const auto& header = program_.header;
-  Text6->showText(dateText(program_.today()));
-  Text1->showText(header[kopf::kProjekt]);
-  Text2->showText(header[kopf::kProjektNo]);
-  Text3->showText(header[kopf::kProbe]);
-  Text4->showText(header[kopf::kAuftraggeber]);
-  Text7->setPlainText(header[kopf::kBemerkung]);
-  const QDate date = dateOf(header[kopf::kProbenahme]);
-  DTPicker1->setDateRange(kFirstDate, std::max(program_.today(), date));
-  DTPicker1->setDate(date.isValid() ? date : program_.today());
-  setDate(true);
+  const bool saves = mode_ == Mode::kSaveAnalysis || mode_ == Mode::kSaveProject;
+  Text1->showText(header_[kopf::kProjekt]);
+  Text2->showText(header_[kopf::kProjektNo]);
+  Text3->showText(header_[kopf::kProbe]);
+  Text4->showText(header_[kopf::kAuftraggeber]);
+  Text6->showText(saves ? dateText(program_.today()) : header_[kopf::kErstellt]);
+  Text7->setPlainText(header_[kopf::kBemerkung]);
+  const QDate today = program_.today();
+  const QDate date = dateOf(header_[kopf::kProbenahme]);
+  // A later date can come with a file and is then shown, but never entered.
+  DTPicker1->setDateRange(kFirstDate, saves ? today : std::max(today, date));
+  DTPicker1->setDate(date.isValid() ? date : today);
+  setDate(date.isValid() || (saves && !wasKept(header_)));
 }
 
-void Dateien::showEvent(QShowEvent* event) {
-  const bool editable = !Command1->isHidden();
-  for (QWidget* field : std::initializer_list<QWidget*>{Text1, Text2, Text3, Text4, Text7}) {
-    field->setEnabled(editable);
-  }
-  QDialog::showEvent(event);
+/// Shows the header that was read, without a sampling date that is none. False if there was one.
+bool Dateien::showReadHeader() {
+  QString& date = header_[kopf::kProbenahme];
+  const QString read = std::exchange(date, dateText(dateOf(date)));
+  Form_Load();
+  return !date.isEmpty() || read.trimmed().isEmpty();
 }
 
 /// Shows the date picker exactly when a sampling date is given.
 void Dateien::setDate(bool given) {
   dateSet_ = given;
-  DTPicker1->setVisible(given);
-}
-
-/// Shows the date that came with a file. False if the text is neither a date nor blank.
-bool Dateien::showDate(const QString& text) {
-  const QDate date = dateOf(text);
-  if (date.isValid()) {
-    DTPicker1->setMaximumDate(std::max(program_.today(), date));
-    DTPicker1->setDate(date);
-  }
-  setDate(date.isValid());
-  return date.isValid() || text.trimmed().isEmpty();
+  dateRefused_ = false;
+  Label8->setText(given ? u"löschen"_s : u"setzen"_s);
+  DTPicker1->setVisible(given && mode_ != Mode::kSaveProject);
+  projectDate_->setText(given ? u"Datum "_s + dateText(DTPicker1->date()) : u"ohne Datum"_s);
 }
 
 void Dateien::Label8_Click() {
-  guarded(questions_, u" dateien\\ps_L8"_s, [this] {
-    const bool removes = Label8->text().trimmed() == kRemove;
-    Label8->setText(removes ? kSet : kRemove);
-    setDate(!removes);
-  });
+  guarded(questions_, u" dateien\\ps_L8"_s, [this] { setDate(!dateSet_); });
 }
 
 void Dateien::keepHeader() {
-  auto& header = program_.header;
-  header[kopf::kProjekt] = Text1->text().trimmed();
-  header[kopf::kProjektNo] = Text2->text().trimmed();
-  header[kopf::kProbe] = Text3->text().trimmed();
-  header[kopf::kAuftraggeber] = Text4->text().trimmed();
-  header[kopf::kProbenahme] = dateSet_ ? dateText(DTPicker1->date()) : QString();
-  header[kopf::kErstellt] = Text6->text();
-  header[kopf::kBemerkung] = Text7->document()->toRawText().trimmed();
+  header_[kopf::kProjekt] = Text1->text().trimmed();
+  header_[kopf::kProjektNo] = Text2->text().trimmed();
+  header_[kopf::kProbe] = Text3->text().trimmed();
+  header_[kopf::kAuftraggeber] = Text4->text().trimmed();
+  header_[kopf::kProbenahme] = dateSet_ ? dateText(DTPicker1->date()) : QString();
+  header_[kopf::kErstellt] = Text6->text();
+  header_[kopf::kBemerkung] = onOneLine(Text7->document()->toRawText()).trimmed();
 }
+
+// ---- Saving ----
 
 /// Cancelling and every fault leave the window open and nothing marked as saved; a fault is told in
 /// the window itself.
 void Dateien::Command1_Click() {
+  if (std::exchange(dateRefused_, false)) {  // the user must first see which date is left
+    DTPicker1->setFocus(Qt::OtherFocusReason);
+    return;
+  }
   failure_->hide();
   guarded(questions_, u" dateien\\ps_speichern"_s, [this] {
     try {
       save();
     } catch (const RuntimeError& error) {
-      failure_->setText(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
-      failure_->show();
-      fitHeight();
+      showFailure(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
     }
   });
 }
 
 void Dateien::save() {
   keepHeader();
-  const QString extension = project_ == nullptr ? u"cva"_s : u"cvp"_s;
-  const QString folder = dialogFolder(program_.settings, program_.programFolder);
+  const QString& extension = project_ == nullptr ? kAnalysisFile : kProjectFile;
+  QString proposed = asFileName(header_[kopf::kDateiname]);
+  if (!proposed.isEmpty()) proposed = withExtension(proposed, extension);
   const auto answer = desktop_.askSaveFile(
-      this, {folder, extension, asFileName(program_.header[kopf::kDateiname])});
+      this, {dialogFolder(program_.settings, program_.programFolder), extension, proposed});
   if (!answer) return;
   const QString chosen = answer->trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
       QFileInfo(chosen).isFile() && chosen.endsWith('.'_L1 + extension, Qt::CaseInsensitive);
   const QString path = isThere ? chosen : withExtension(chosen, extension);
-  // The dialog asked about the name as it was typed.
-  if (path != *answer && QFileInfo::exists(path)) {
-    const Button replace =
-        questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
-                                u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
-                        .buttons = Button::kJa | Button::kNein,
-                        .title = u"Datei"_s,
-                        .symbol = Symbol::kQuestion});
-    if (replace != Button::kJa) return;
-  }
+  if (QFileInfo(path).isFile() && !mayReplace(path)) return;
   const QString title = QFileInfo(chosen).fileName();
   if (project_ == nullptr) {
     dateispeichern(path, title);
@@ -158,45 +153,68 @@ void Dateien::save() {
   accept();
 }
 
-/// Escape and the close box are the same as "zur Eingabemaske".
-void Dateien::Command2_Click() {
-  reject();
+bool Dateien::mayReplace(const QString& path) {
+  return questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
+                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
+                         .buttons = Button::kJa | Button::kNein,
+                         .title = u"Datei"_s,
+                         .symbol = Symbol::kQuestion,
+                         .defaultButton = Button::kNein}) == Button::kJa;
 }
 
 void Dateien::dateispeichern(const QString& path, const QString& title) {
-  writeAnalysis(program_, path, title);
+  const QString name = nameLine(title, kAnalysisFile);
+  writeFileSafely(path, analysisContent(program_, name));
+  program_.record.flag[flag::kNameLine] = name;
 }
 
-void Dateien::dateiladen(int& mode) {
-  if (mode == kOverviewMode) {
-    dateiladenForOverview(mode);
-    return;
-  }
-  const int result = readChosenFile(u"cva"_s, [this](const QString& path) {
-    const bool complete = readAnalysis(program_, path, reset);
-    const QString& date = program_.header[kopf::kProbenahme];
-    const bool dateFits = date.trimmed().isEmpty() || dateOf(date).isValid();
-    showLoadedHeader();
-    return complete && dateFits;
+void Dateien::projektspeichern(const QString& path, const QString& title) {
+  const QString name = nameLine(title, kProjectFile);
+  writeFileSafely(path, projectContent(*project_, name));
+  program_.record.flag[flag::kNameLine] = name;
+}
+
+/// Shows what the user must know before going on, and makes room for it.
+void Dateien::showFailure(const QString& text) {
+  failure_->setText(text);
+  failure_->show();
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+}
+
+// ---- Loading ----
+
+bool Dateien::dateiladen() {
+  return readChosenFile(kAnalysisFile, [this](const QString& path) {
+    if (mode_ == Mode::kLoadAnalysis) return readAnalysis(program_, path, reset);
+    analysis_ = readForOverview(path);
+    return analysis_.complete;
   });
-  if (result != 0) mode = result;
 }
 
-/// Lets the user choose a file and has it read. `read` returns whether it was read completely; if
-/// not, the user is told. Returns 0, 1 when nothing was read or 53 when the file does not exist.
-int Dateien::readChosenFile(const QString& extension,
-                            const std::function<bool(const QString&)>& read) {
+bool Dateien::projektladen() {
+  return readChosenFile(kProjectFile,
+                        [this](const QString& path) { return readProject(*project_, path); });
+}
+
+/// Lets the user choose a file, has it read and shows its header. `read` returns whether it was
+/// read completely; if not, the user is told.
+bool Dateien::readChosenFile(const QString& extension,
+                             const std::function<bool(const QString&)>& read) {
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
-  const auto path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}});
-  if (!path) return kCancelled;
-  try {
-    if (!read(path->trimmed())) tellIncomplete();
-  } catch (const RuntimeError& error) {
-    if (error.is(ErrorNumber::kFileNotFound)) return kFileNotFound;
-    tellIncomplete();
-    return kCancelled;  // nothing was read: what is there stays
+  while (const auto path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}})) {
+    try {
+      const bool complete = read(path->trimmed());
+      const bool dateFits = showReadHeader();
+      if (!complete || !dateFits) tellIncomplete();
+      return true;
+    } catch (const RuntimeError& error) {
+      const bool missing = error.is(ErrorNumber::kFileNotFound);
+      if (!missing) tellIncomplete();
+      if (!missing || mode_ != Mode::kLoadAnalysis) return false;
+    }
   }
-  return 0;
+  return false;
 }
 
 void Dateien::tellIncomplete() {
@@ -205,115 +223,121 @@ void Dateien::tellIncomplete() {
                   .symbol = Symbol::kWarning});
 }
 
-/// Makes room for a text that has just come in.
-void Dateien::fitHeight() {
-  layout()->activate();
-  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+// ---- Settings ----
+
+void Dateien::iniladen(Program& program) {
+  readSettings(program.settings, program.programFolder);
 }
 
-void Dateien::showLoadedHeader() {
-  Form_Load();
-  Label8->hide();
-  Text6->showText(program_.header[kopf::kErstellt]);
-  DTPicker1->setEnabled(false);
-  if (!dateOf(program_.header[kopf::kProbenahme]).isValid()) {
-    program_.header[kopf::kProbenahme].clear();
-    setDate(false);
-  } else {
-    program_.header[kopf::kProbenahme] = dateText(DTPicker1->date());
-  }
+bool Dateien::inispeichern(Program& program, Questions& questions) {
+  bool saved = false;
+  guarded(questions, u" dateien\\inispeichern"_s, [&] {
+    writeSettings(program.settings, program.programFolder);
+    saved = true;
+  });
+  return saved;
 }
 
 // ---- Design ----
 
 void Dateien::buildWindow() {
   setWindowTitle(u"  Daten - laden / speichern"_s);
-  auto* grid = new QGridLayout(this);
-  setWindowMargins(*grid);
-  grid->setHorizontalSpacing(14);
-  grid->setVerticalSpacing(10);
-  grid->setColumnStretch(2, 1);
-  buildFields(*grid);
-  buildNotices(*grid);
+  auto* form = new QFormLayout(this);
+  setWindowMargins(*form);
+  form->setHorizontalSpacing(14);
+  form->setVerticalSpacing(10);
+  form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  buildFields(*form);
+  buildNotices(*form);
   Command1 = makeButton(u"speichern"_s, 2100);
   Command2 = makeButton(u"zur Eingabemaske"_s, 2100);
-  const int row = grid->rowCount();
-  grid->setRowMinimumHeight(row, twips(60));
-  grid->addLayout(makeButtonRow({Command1, Command2}), row + 1, 0, 1, 3);
+  form->addRow(makeButtonRow({Command1, Command2}));
   setMinimumWidth(twips(9000));
-  connectDate();
   connectFields();
+  connectDateAndButtons();
+  prepareForMode(*form);
 }
 
-void Dateien::buildFields(QGridLayout& grid) {
-  int row = 0;
-  const auto add = [&](QLabel*& label, const QString& caption, QWidget* field, int columns) {
+void Dateien::buildFields(QFormLayout& form) {
+  const auto add = [&](QLabel*& label, const QString& caption, QWidget* field,
+                       QLayout* row = nullptr) {
     label = new QLabel(caption, this);
     label->setBuddy(field);
     field->setAccessibleName(caption.trimmed());
-    grid.addWidget(label, row, 0, columns == 0 ? Qt::AlignTop : Qt::AlignVCenter);
-    grid.addWidget(field, row++, 1, 1, columns == 1 ? 1 : 2);
+    if (row == nullptr) {
+      form.addRow(label, field);
+    } else {
+      form.addRow(label, row);
+    }
   };
-  const auto makeField = [this](TextBox*& field) {
-    field = new TextBox(this);
-    field->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    field->setMinimumHeight(twips(400));
-    setRole(*field, Role::kInput);
-    return field;
-  };
-  add(Label1, u"Projekt "_s, makeField(Text1), 2);
-  add(Label2, u"ProjektNo "_s, makeField(Text2), 2);
-  add(Label3, u"Bezeich. Probe"_s, makeField(Text3), 2);
-  add(Label4, u" Auftraggeber"_s, makeField(Text4), 2);
+  for (TextBox** field : {&Text1, &Text2, &Text3, &Text4, &Text6}) {
+    *field = new TextBox(this);
+    (*field)->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    (*field)->setMinimumHeight(twips(400));
+    setRole(**field, Role::kInput);
+  }
+  add(Label1, u"Projekt "_s, Text1);
+  add(Label2, u"ProjektNo "_s, Text2);
+  add(Label3, u"Bezeich. Probe"_s, Text3);
+  add(Label4, u" Auftraggeber"_s, Text4);
   DTPicker1 = new DatePicker(this);
   keepReadable(*DTPicker1);
   DTPicker1->setMinimumHeight(twips(400));
-  add(Label5, u"Probenahme Datum"_s, DTPicker1, 1);
-  Label8 = new QPushButton(kRemove, this);
-  grid.addWidget(Label8, row - 1, 2, Qt::AlignLeft);
-  add(Label6, u"Erstell Datum"_s, makeField(Text6), 1);
+  projectDate_ = new QLabel(this);
+  Label8 = new QPushButton(this);
+  auto* date = new QHBoxLayout;
+  for (QWidget* part : std::initializer_list<QWidget*>{DTPicker1, projectDate_, Label8}) {
+    date->addWidget(part);
+  }
+  date->addStretch();
+  add(Label5, u"Probenahme Datum"_s, DTPicker1, date);
+  add(Label6, u"Erstell Datum"_s, Text6);
   Text6->setReadOnly(true);
   setRole(*Text6, Role::kComputed);
   Text6->setFocusPolicy(Qt::NoFocus);
-  for (QWidget* date : std::initializer_list<QWidget*>{DTPicker1, Text6}) {
-    date->setFixedWidth(twips(2400));
+  for (QWidget* shown : std::initializer_list<QWidget*>{DTPicker1, projectDate_, Text6}) {
+    shown->setFixedWidth(twips(2400));
   }
   Text7 = new RemarkBox(this);
   Text7->setFixedHeight(twips(1500));
-  add(Label7, u"Freie Text-Eingabe/Bemerkung"_s, Text7, 0);
+  add(Label7, u"Freie Text-Eingabe/Bemerkung"_s, Text7);
 }
 
 /// The note on a project, and the place for what went wrong.
-void Dateien::buildNotices(QGridLayout& grid) {
+void Dateien::buildNotices(QFormLayout& form) {
   Label9 = new QLabel(
       u"  Die Daten des Projekts entsprechen dem Zeitpunkt   des  Er-        stelldatum. Wurden "
       "Datei/en des Projekts  seither  geändert,         sollte die Übersicht  neu  angelegt  "
       "werden !"_s,
       this);
-  Label9->setWordWrap(true);
-  Label9->hide();
-  const int row = grid.rowCount();
-  grid.addWidget(Label9, row, 1, 1, 2);
   failure_ = new QLabel(this);
   failure_->setObjectName(u"failure"_s);
-  failure_->setWordWrap(true);
   failure_->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
   failure_->hide();
-  grid.addWidget(failure_, row + 1, 0, 1, 3);
+  for (QLabel* notice : {Label9, failure_}) {
+    notice->setWordWrap(true);
+    form.addRow(notice);
+  }
 }
 
-void Dateien::connectDate() {
-  DTPicker1->setDisplayFormat(kDateFormat);
-  DTPicker1->setCalendarPopup(true);
-  // Picked in the calendar or stepped with the arrow keys. Typed digits would run from one section
-  // into the next as soon as a date on the way is impossible, and end in another date unseen.
-  DTPicker1->findChild<QLineEdit*>()->setReadOnly(true);
-  DTPicker1->setLocale(QLocale(QLocale::German));
-  DTPicker1->calendarWidget()->setFirstDayOfWeek(Qt::Monday);
-  DTPicker1->calendarWidget()->setDateEditEnabled(false);
-  // The toolkit never forgets what it works out for a line inside another control, unless that has
-  // a style of its own.
-  for (auto* line : DTPicker1->findChildren<QLineEdit*>()) line->setStyleSheet(u" "_s);
+void Dateien::prepareForMode(QFormLayout& form) {
+  const bool saves = mode_ == Mode::kSaveAnalysis || mode_ == Mode::kSaveProject;
+  const bool edits = saves || mode_ == Mode::kLoadAnalysis;
+  for (QWidget* field : std::initializer_list<QWidget*>{Text1, Text2, Text3, Text4, Text7}) {
+    field->setEnabled(edits);
+  }
+  for (TextBox* field : {Text1, Text2, Text3, Text4}) {
+    setRole(*field, edits ? Role::kInput : Role::kComputed);
+  }
+  form.setRowVisible(Text3, mode_ != Mode::kSaveProject);
+  DTPicker1->setEnabled(saves);
+  if (!edits) DTPicker1->setToolTip(Label5->text());
+  Label5->setVisible(edits && mode_ != Mode::kSaveProject);
+  projectDate_->setVisible(mode_ == Mode::kSaveProject);
+  Label8->setVisible(saves);
+  Label9->setVisible(mode_ == Mode::kLoadProject);
+  Command1->setVisible(edits);
 }
 
 /// The text field after one, over those that are hidden.
@@ -325,27 +349,39 @@ QWidget* Dateien::nextField(const QWidget* field) const {
 }
 
 void Dateien::connectFields() {
+  const auto checkKey = [this](const QString& location) {
+    return [this, location](int& code) {
+      guarded(questions_, location, [&code] { text_check(code); });
+    };
+  };
   // Enter goes to the next field that is there: a project has no sample.
-  const auto connectField = [this](TextBox* field, const QString& location) {
+  const auto connectField = [&](TextBox* field, const QString& location) {
     field->filter = filteredText;
     field->setMaxLength(static_cast<int>(LineReader::kLongestLine));
     connect(field, &TextBox::keyDown, this, [this, field](int code) {
       if (code == key::kEnter) nextField(field)->setFocus(Qt::TabFocusReason);
     });
-    field->keyPress = [this, location](int& code) {
-      guarded(questions_, location, [&code] { text_check(code); });
-    };
+    field->keyPress = checkKey(location);
   };
   connectField(Text1, u" dateien\\ps_text1_keypress"_s);
   connectField(Text2, u" dateien\\ps_t2_keypress"_s);
   connectField(Text3, u" dateien\\ps_t3_keypress"_s);
   connectField(Text4, u" dateien\\ps_t4_keypress"_s);
   Text7->filter = filteredText;
-  Text7->enter = [this] { Command1->setFocus(Qt::TabFocusReason); };
-  Text7->keyPress = [this](int& code) {
-    guarded(questions_, u" dateien\\ps_t7_keypress"_s, [&code] { text_check(code); });
+  Text7->keyPress = checkKey(u" dateien\\ps_t7_keypress"_s);
+  Text7->enter = [this] {
+    Command1->setFocus(Qt::TabFocusReason);
+    remarkGoesOn_ = true;
   };
+}
 
+void Dateien::connectDateAndButtons() {
+  connect(DTPicker1, &QDateEdit::dateChanged, this, [this] { dateRefused_ = false; });
+  connect(DTPicker1, &DatePicker::refused, this, [this](const QString& text) {
+    dateRefused_ = true;
+    showFailure(u"„%1“ ist kein mögliches Datum. Es bleibt beim %2."_s.arg(
+        text, dateText(DTPicker1->date())));
+  });
   // Enter walks through the fields; it must not press a button on its way.
   for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);
   Label8->setFlat(true);
@@ -353,9 +389,25 @@ void Dateien::connectFields() {
   Label8->setStyleSheet(u"color: #0b57d0; text-decoration: underline; padding: 2px 6px"_s);
   connect(Label8, &QPushButton::clicked, this, &Dateien::Label8_Click);
   connect(Command1, &QPushButton::clicked, this, &Dateien::Command1_Click);
-  connect(Command2, &QPushButton::clicked, this, &Dateien::Command2_Click);
+  connect(Command2, &QPushButton::clicked, this, &Dateien::reject);
+  Command1->installEventFilter(this);
   QWidget* order[] = {Text1, Text2, Text3, Text4, DTPicker1, Label8, Text7, Command1, Command2};
   for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+/// Who pressed Enter at the end of a line goes on typing: that belongs to the remark, and a blank
+/// must not press the button.
+bool Dateien::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusOut) remarkGoesOn_ = false;
+  if (event->type() != QEvent::KeyPress || !remarkGoesOn_) {
+    return QDialog::eventFilter(watched, event);
+  }
+  const QString typed = static_cast<QKeyEvent*>(event)->text();
+  if (typed.isEmpty() || !typed.front().isPrint()) return false;
+  Text7->setFocus(Qt::OtherFocusReason);
+  Text7->moveCursor(QTextCursor::End);
+  QCoreApplication::sendEvent(Text7, event);
+  return true;
 }
 
 }  // namespace calvora

@@ -1,62 +1,62 @@
 #pragma once
 
-#include <QDateEdit>
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 
 #include "base/questions.h"
-#include "model/overview_grid.h"
 #include "model/program.h"
+#include "platform/date_picker.h"
 #include "platform/desktop.h"
 #include "platform/remark_box.h"
 #include "platform/text_box.h"
+#include "storage/analysis_file.h"
+#include "storage/project_file.h"
 
-class QGridLayout;
+class QFormLayout;
 
 namespace calvora {
 
-/// Mode of `dateiladen` that reads for the overview instead of the main window.
-inline constexpr int kOverviewMode = 9;
-
 /// The load/save window: the header of an analysis or a project, entered before saving or shown
-/// after loading. Constructing it is loading it; the caller then sets its mode and shows it
-/// modally.
+/// after loading. `exec` returns Accepted once the file was saved, Rejected if the user left.
 class Dateien : public QDialog {
   Q_OBJECT
 
  public:
-  Dateien(Program& program, Questions& questions, Desktop& desktop, QWidget* parent);
+  /// What the window is opened for. The loading modes need `dateiladen` or `projektladen` before it
+  /// is shown; the window then shows what was read.
+  enum class Mode { kSaveAnalysis, kSaveProject, kLoadAnalysis, kReadForOverview, kLoadProject };
 
-  /// Writes the current analysis to `path`; `title` is the file name that the dialog reported.
-  /// Runtime error 75 or 61 if that fails.
+  /// Works on `project` in its two modes, on the program's analysis in those of an analysis.
+  Dateien(Mode mode, Program& program, Questions& questions, Desktop& desktop, QWidget* parent,
+          Project* project = nullptr);
+
+  /// Writes the current analysis to `path`; `title` is the file name that the dialog reported. Flag
+  /// slot 0 gets its name line. Runtime error 75, 61 or 5, and nothing changed, if that fails.
   void dateispeichern(const QString& path, const QString& title);
 
-  /// Lets the user choose an analysis file, reads it into the record and shows its header in the
-  /// fields. Returns in `mode`: unchanged when read (also in part; then the user is told), 1 when
-  /// the dialog was cancelled, 53 when the file does not exist. With `kOverviewMode` the file is
-  /// read for the overview, record and header array stay, and the mode becomes 0 when read.
-  void dateiladen(int& mode);
+  /// Lets the user choose an analysis file, again as long as the file for the main window does not
+  /// exist, and reads it into the record and header of the program, or for the overview. False if
+  /// nothing was read. A file that was read in part counts as read, and the user is told.
+  bool dateiladen();
 
-  /// Writes the overview that `saveAsProject` was called with. Runtime error 75 or 61 if that
-  /// fails.
+  /// What `dateiladen` has read for the overview.
+  [[nodiscard]] const OverviewAnalysis& analysis() const { return analysis_; }
+
+  /// Writes the project, as `dateispeichern` does the analysis.
   void projektspeichern(const QString& path, const QString& title);
 
-  /// Lets the user choose a project and reads it into the grid, which comes empty, into the header
-  /// array and the fields. Returns in `result` what `dateiladen` returns.
-  void projektladen(int& result, OverviewGrid& grid);
+  /// Lets the user choose a project and reads it into the one that the window works on, whose slots
+  /// come empty. Returns what `dateiladen` returns.
+  bool projektladen();
 
-  /// The window saves this overview as a project. Flag slot 1 is then "projekt", empty once saved
-  /// and "abbruch" if the user left without saving.
-  void saveAsProject(const OverviewGrid& grid);
+  /// Reads the settings file and derives the print line and the segment list.
+  static void iniladen(Program& program);
 
-  /// The window only shows the header of what was read for the overview.
-  void showAsRead();
+  /// Writes the settings file. False if that fails, which is reported.
+  static bool inispeichern(Program& program, Questions& questions);
 
-  /// The window only shows the header of a project, and what to mind about it.
-  void showProjectAsRead();
-
-  void reject() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
   /// Empties the record before a file is read into it.
   std::function<void()> reset = [this] { program_.resetRecord(); };
@@ -67,7 +67,7 @@ class Dateien : public QDialog {
   TextBox* Text4;
   TextBox* Text6;
   RemarkBox* Text7;
-  QDateEdit* DTPicker1;
+  DatePicker* DTPicker1;
   QLabel* Label1;
   QLabel* Label2;
   QLabel* Label3;
@@ -80,36 +80,38 @@ class Dateien : public QDialog {
   QPushButton* Command1;
   QPushButton* Command2;
 
- protected:
-  void showEvent(QShowEvent* event) override;
-
  private:
   void buildWindow();
-  void buildFields(QGridLayout& grid);
-  void buildNotices(QGridLayout& grid);
-  [[nodiscard]] QWidget* nextField(const QWidget* field) const;
-  void connectDate();
+  void buildFields(QFormLayout& form);
+  void buildNotices(QFormLayout& form);
   void connectFields();
+  void connectDateAndButtons();
+  void prepareForMode(QFormLayout& form);
+  [[nodiscard]] QWidget* nextField(const QWidget* field) const;
   void Form_Load();
   void Label8_Click();
   void Command1_Click();
-  void Command2_Click();
+  bool showReadHeader();
   void keepHeader();
   void save();
-  void showLoadedHeader();
-  int readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
-  void dateiladenForOverview(int& mode);
-  bool showDate(const QString& text);
+  [[nodiscard]] bool mayReplace(const QString& path);
+  bool readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
   void tellIncomplete();
-  void fitHeight();
+  void showFailure(const QString& text);
   void setDate(bool given);
 
+  Mode mode_;
   Program& program_;
   Questions& questions_;
   Desktop& desktop_;
+  Project* project_;
+  OverviewAnalysis analysis_;
+  AnalysisHeader& header_;  ///< of the program's analysis, the project or the analysis read
   QLabel* failure_;
-  const OverviewGrid* project_ = nullptr;  ///< what is saved instead of the analysis
+  QLabel* projectDate_;  ///< stands for the date picker, which a project does not show
   bool dateSet_ = true;
+  bool dateRefused_ = false;   ///< what was typed as a date is none, and nobody has seen that yet
+  bool remarkGoesOn_ = false;  ///< Enter led from the remark to the save button
 };
 
 }  // namespace calvora

@@ -1,16 +1,16 @@
 #include "storage/windows/datenpfad.h"
-#include "storage/settings.h"
 
 #include <QDir>
 #include <QEvent>
 #include <QGridLayout>
 #include <QStorageInfo>
 
-#include "base/guarded.h"
 #include "dialogs/meldungen.h"
 #include "platform/form.h"
 #include "platform/twips.h"
 #include "storage/line_file.h"
+#include "storage/settings.h"
+#include "storage/windows/dateien.h"
 
 namespace calvora {
 
@@ -20,10 +20,6 @@ namespace {
 
 constexpr int kPathRole = Qt::UserRole;
 constexpr int kLongestBareDrive = 3;
-
-QString shownPath(const QString& path) {
-  return QDir::toNativeSeparators(path);
-}
 
 /// The folder that the window proposes: the chosen one, unless it is a bare drive.
 QString proposedFolder(const Program& program) {
@@ -49,7 +45,7 @@ void datenpfad::listDrives() {
     const bool holdsFiles = volume.isValid() && volume.isReady() && volume.bytesTotal() > 0;
     if (holdsFiles && !drives.contains(volume.rootPath())) drives += volume.rootPath();
   }
-  for (const QString& drive : drives) Drive1->addItem(shownPath(drive), drive);
+  for (const QString& drive : drives) Drive1->addItem(QDir::toNativeSeparators(drive), drive);
 }
 
 /// The proposed folder becomes the current one once the window can be seen, so that the notice that
@@ -62,7 +58,11 @@ void datenpfad::showEvent(QShowEvent* event) {
   openFolder(QDir(current).exists() ? current : QDir::homePath());
   if (exists) return;
   QMetaObject::invokeMethod(
-      this, [this] { katalogMeldung(questions_, meldung::kPfadFehlt); }, Qt::QueuedConnection);
+      this, [this] { message(questions_, meldung::kPfadFehlt); }, Qt::QueuedConnection);
+}
+
+Button datenpfad::message(Questions& questions, int code, const QString& extra) {
+  return questions.ask(katalogMeldung(code, extra));
 }
 
 /// Lists the way down to a folder and the folders in it.
@@ -81,7 +81,7 @@ void datenpfad::openFolder(const QString& folder) {
   };
   for (qsizetype depth = 0; depth < way.size(); ++depth) {
     const QString name = QDir(way[depth]).dirName();
-    current = add(way[depth], name.isEmpty() ? shownPath(way[depth]) : name, depth);
+    current = add(way[depth], name.isEmpty() ? QDir::toNativeSeparators(way[depth]) : name, depth);
   }
   if (current == nullptr) return;
   QFont font = current->font();
@@ -92,30 +92,17 @@ void datenpfad::openFolder(const QString& folder) {
     add(here.absoluteFilePath(name), name, way.size());
   }
   Dir1->setCurrentItem(current);
-  Drive1->setCurrentIndex(driveOf(here.absolutePath()));
-}
-
-/// The drive that a folder lies on: the longest of those listed that its path begins with.
-int datenpfad::driveOf(const QString& folder) const {
-  int drive = -1;
-  qsizetype longest = 0;
-  for (int i = 0; i < Drive1->count(); ++i) {
-    QString root = Drive1->itemData(i).toString();
-    if (!root.endsWith('/'_L1)) root += '/'_L1;
-    if (root.size() <= longest || !(folder + '/'_L1).startsWith(root)) continue;
-    drive = i;
-    longest = root.size();
-  }
-  return drive;
+  const QString drive = QStorageInfo(here).rootPath();
+  Drive1->setCurrentIndex(std::max(0, Drive1->findData(drive)));  // the root, if it is not listed
 }
 
 void datenpfad::choose(const QString& folder) {
   if (!QDir(folder).exists()) {
-    katalogMeldung(questions_, meldung::kPfadFehlt);
+    message(questions_, meldung::kPfadFehlt);
     return;
   }
   openFolder(folder);
-  Label3(2).setText(shownPath(folder));
+  Label3(2).setText(QDir::toNativeSeparators(folder));
   Command1(1).setEnabled(true);
 }
 
@@ -130,7 +117,7 @@ void datenpfad::Dir1_Click(QListWidgetItem* entry) {
 /// A folder that is gone by now, or whose name the settings file would change, is refused.
 bool datenpfad::canBeKept(const QString& folder) {
   if (!QDir(QDir::fromNativeSeparators(folder)).exists()) {
-    katalogMeldung(questions_, meldung::kPfadFehlt);
+    message(questions_, meldung::kPfadFehlt);
     return false;
   }
   if (isStorable(folder)) return true;
@@ -154,16 +141,11 @@ void datenpfad::Command1_Click(int index) {
   }
   const QString folder = Label3(2).text().trimmed();
   if (folder.isEmpty() || !canBeKept(folder)) return;
-  if (katalogMeldung(questions_, meldung::kPfadBestätigen, folder) == Button::kAbbrechen) return;
+  if (message(questions_, meldung::kPfadBestätigen, folder) == Button::kAbbrechen) return;
   Label3(1).setText(folder);
   program_.settings.slot[setting::kDataFolder] = folder;
-  bool saved = false;
-  guarded(questions_, u" dateien\\inispeichern"_s, [&] {
-    writeSettings(program_.settings, program_.programFolder);
-    saved = true;
-  });
-  if (!saved) return;
-  katalogMeldung(questions_, meldung::kPfadGespeichert);
+  if (!Dateien::inispeichern(program_, questions_)) return;
+  message(questions_, meldung::kPfadGespeichert);
   close();
 }
 

@@ -19,6 +19,10 @@ class datenpfad : public QDialog {
  public:
   datenpfad(Program& program, Questions& questions, QWidget* parent);
 
+  /// Shows a message of the program's catalogue, one of `meldung`, and returns the pressed button.
+  /// `extra` is the fourth line of message 2. Any other code shows an empty message.
+  static Button message(Questions& questions, int code, const QString& extra = {});
+
   QComboBox* Drive1;
   QListWidget* Dir1;
   QLabel* Label1;
@@ -33,7 +37,6 @@ class datenpfad : public QDialog {
  private:
   void buildWindow();
   void listDrives();
-  [[nodiscard]] int driveOf(const QString& folder) const;
   void openFolder(const QString& folder);
   void choose(const QString& folder);
   bool canBeKept(const QString& folder);

@@ -1,14 +1,14 @@
 #include "storage/windows/firma.h"
-#include "storage/settings.h"
 
 #include <QGridLayout>
 
-#include "base/guarded.h"
 #include "dialogs/meldungen.h"
 #include "entry/key_filter.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/twips.h"
+#include "storage/windows/dateien.h"
+#include "storage/windows/datenpfad.h"
 
 namespace calvora {
 
@@ -18,8 +18,6 @@ namespace {
 
 constexpr int kLines = 4;
 constexpr int kPreview = 4;
-constexpr int kLoading = 6;
-constexpr int kKeyPressed = 99;
 
 }  // namespace
 
@@ -31,13 +29,11 @@ firma::firma(Program& program, Questions& questions, QWidget* parent)
 }
 
 void firma::Form_Load() {
-  state_ = kLoading;
   const QString& printLine = program_.settings.slot[setting::kPrintLine];
   Text1(kPreview).showText(printLine.trimmed());
   showAvailable(printLine.size());
   const CompanyLines shown = linesOfSegmentList(program_.settings.slot[setting::kSegmentList]);
   for (int i = 0; i < kLines; ++i) Text1(i).showText(shown.at(static_cast<size_t>(i)));
-  state_ = 0;
   Command1(1).setEnabled(false);
 }
 
@@ -50,7 +46,6 @@ CompanyLines firma::lines() const {
 }
 
 void firma::Text1_Change() {
-  if (state_ == kLoading) return;
   const QString preview = companyPreview(lines());
   Text1(kPreview).showText(preview);
   showAvailable(preview.size());
@@ -69,44 +64,34 @@ void firma::save() {
   const CompanyLines segments = storedSegments(lines());
   const QString printLine = joinedSegments(segments);
   if (printLine.size() > kLongestPrintLine) {
-    katalogMeldung(questions_, meldung::kDruckzeileZuLang);
+    datenpfad::message(questions_, meldung::kDruckzeileZuLang);
     return;
   }
-  if (state_ != kKeyPressed) return;
+  if (!keyPressed_) return;
   Settings& settings = program_.settings;
   settings.segments = segments;
-  bool saved = false;
-  guarded(questions_, u" dateien\\inispeichern"_s, [&] {
-    writeSettings(settings, program_.programFolder);
-    saved = true;
-  });
+  const bool saved = Dateien::inispeichern(program_, questions_);
   settings.slot[setting::kPrintLine] = printLine;
   settings.slot[setting::kSegmentList] = segmentList(segments);
   // In the running program the first two slots of the segments hold line and list instead.
   for (const int slot : {7, 8}) settings.slot[slot].clear();
   if (!saved) return;  // the window stays, to try again
-  katalogMeldung(questions_, meldung::kDruckzeileGespeichert);
-  state_ = 0;
+  datenpfad::message(questions_, meldung::kDruckzeileGespeichert);
   close();
 }
 
 void firma::connectLine(int index) {
   TextBox& line = Text1(index);
   line.filter = filteredText;
-  // A key counts even where it is swallowed, and so does pasting with the keyboard.
-  connect(&line, &TextBox::beforeKey, this, [this](bool edits) {
-    if (edits) state_ = kKeyPressed;
-  });
-  line.keyPress = [this](int& code) {
-    text_check(code);
-    state_ = kKeyPressed;
-  };
+  // Every key counts, also one that is swallowed or changes nothing.
+  connect(&line, &TextBox::beforeKey, this, [this] { keyPressed_ = true; });
+  line.keyPress = text_check;
   connect(&line, &TextBox::keyDown, this, [this, index](int code) {
     const bool forward = code == key::kEnter || code == key::kDown;
     if (!forward && code != key::kUp) return;
     Text1((index + (forward ? 1 : kLines - 1)) % kLines).setFocus(Qt::TabFocusReason);
   });
-  connect(&line, &QLineEdit::textChanged, this, &firma::Text1_Change);
+  connect(&line, &TextBox::edited, this, &firma::Text1_Change);
 }
 
 void firma::buildWindow() {

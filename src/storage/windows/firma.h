@@ -8,7 +8,7 @@
 #include "model/program.h"
 #include "platform/control_array.h"
 #include "platform/text_box.h"
-#include "storage/company_line.h"
+#include "storage/settings.h"
 
 namespace calvora {
 
@@ -37,7 +37,7 @@ class firma : public QDialog {
 
   Program& program_;
   Questions& questions_;
-  int state_ = 0;  ///< 6 while loading, 99 once a key was pressed
+  bool keyPressed_ = false;  ///< only then is there something to save
 };
 
 }  // namespace calvora
