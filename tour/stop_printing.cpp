@@ -2,7 +2,7 @@
 #include <QFileInfo>
 #include <QPrintPreviewDialog>
 
-#include "platform/printer_setup.h"
+#include "platform/desktop.h"
 #include "print/windows/drucker.h"
 #include "stops.h"
 #include "tour.h"

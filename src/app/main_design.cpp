@@ -196,22 +196,15 @@ void main::addInputRow(QGridLayout& grid, int row, const Field& field) {
   unit.setMinimumSize(twips(kUnitWidth), twips(kRowHeight));
   setRole(unit, Role::kUnit);
   grid.addWidget(&unit, row, kUnit);
-  connectUnit(i);
-}
-
-/// A unit opens the converter; the pH has none to convert.
-void main::connectUnit(int index) {
-  QPushButton& unit = Command1(index);
-  unit.setFocusPolicy(index == feld::kPh ? Qt::NoFocus : Qt::TabFocus);
-  unit.setEnabled(index != feld::kPh);
-  if (index == feld::kPh) return;
+  unit.setFocusPolicy(Qt::TabFocus);
+  if (i == feld::kPh) return unit.setEnabled(false);  // there is nothing to convert
   unit.setToolTip(u"Einheit umrechnen"_s);
-  unit.setAccessibleName(u"Einheit umrechnen: "_s + Text1(index).accessibleName());
+  unit.setAccessibleName(u"Einheit umrechnen: "_s + box.accessibleName());
   pressOnEnter(unit);
-  connect(&unit, &QPushButton::clicked, this, [this, index] {
+  connect(&unit, &QPushButton::clicked, this, [this, i] {
     guarded(questions_, u" main_command1"_s, [&] {
       finishEntry();
-      Command1_Click(index);
+      Command1_Click(i);
     });
   });
 }
@@ -229,7 +222,7 @@ void main::connectBox(int index) {
   connect(&box, &TextBox::beforeKey, this, [this, index](bool edits) {
     finishLeftBoxes();
     if (edits && index == feld::kLeitfähigkeit && convertedShown_) {
-      showConductivityAt25();
+      showConductivity(false);
       Text1(index).selectAll();
     }
   });
@@ -301,21 +294,17 @@ QWidget* main::buildCompanyArea() {
   }
   area->addWidget(&Image1.add(0, makeInfoPicture(drawDrop)), 3, 0, Qt::AlignCenter);
   area->addLayout(supplier, 3, 1);
-  connectInfoPictures();
-  area->setColumnStretch(1, 1);
-  return Frame1;
-}
-
-/// Tab walks boxes and buttons only, so the keyboard opens the information with keys of its own.
-void main::connectInfoPictures() {
+  // Tab walks boxes and buttons only, so the keyboard opens the information with keys of its own.
   const QKeySequence keys(u"Ctrl+I"_s);
   const auto open = command(u" main_image1"_s, &main::Image1_Click);
   connect(new QShortcut(keys, this), &QShortcut::activated, this, open);
-  for (const auto& [index, picture] : Image1) {
-    picture->setToolTip(
-        u"%1  (%2)"_s.arg(picture->accessibleName(), keys.toString(QKeySequence::NativeText)));
-    connect(picture, &PictureButton::clicked, this, open);
+  for (const auto& [picture, control] : Image1) {
+    control->setToolTip(
+        u"%1  (%2)"_s.arg(control->accessibleName(), keys.toString(QKeySequence::NativeText)));
+    connect(control, &PictureButton::clicked, this, open);
   }
+  area->setColumnStretch(1, 1);
+  return Frame1;
 }
 
 }  // namespace calvora

@@ -95,15 +95,12 @@ void main::focusMoved(QWidget* now) {
   // Another window, another program or the menu bar: the entry is still going on.
   if (now == nullptr || now->window() != this || now == menuBar()) return;
   const int box = boxIndex(now);
-  if (focusedBox_ != 0 && focusedBox_ != box) leaveBox(focusedBox_);
+  if (focusedBox_ != 0 && focusedBox_ != box) {
+    leftBoxes_ += focusedBox_;
+    // A message that opened inside the event that moves the focus would move it again.
+    QMetaObject::invokeMethod(this, &main::finishLeftBoxes, Qt::QueuedConnection);
+  }
   focusedBox_ = box;
-}
-
-/// The entry is finished once the event that moved the focus is over: a message that opened inside
-/// it would move the focus again.
-void main::leaveBox(int index) {
-  leftBoxes_ += index;
-  QMetaObject::invokeMethod(this, &main::finishLeftBoxes, Qt::QueuedConnection);
 }
 
 void main::finishLeftBoxes() {
@@ -257,23 +254,28 @@ void main::darstellen() {
 
   Label2(schmal::kLeitfähigkeitAusIonen).setText(program_.narrow.leitfähigkeitAusIonen);
   Label2(schmal::kPhNäherung).setText(program_.narrow.phNäherung);
-  showConductivityAt25();
+  showConductivity(false);
 }
 
-/// Shows box 1 as it is stored and offers the conversion where both values for it are there.
-void main::showConductivityAt25() {
+/// Shows box 1 as it is stored, at 25 °C, and offers the conversion where both values for it are
+/// there; or shows what the toggle computes. Typing over that would store it as if it were measured
+/// at 25 °C.
+void main::showConductivity(bool converted) {
   const AnalysisRecord& record = program_.record;
-  const QString& temperature = record.text[feld::kTemperatur];
-  const bool convertible =
-      record.value[feld::kLeitfähigkeit] > 0_fp && record.value[feld::kTemperatur] > 0_fp;
+  const FixedPoint conductivity = record.value[feld::kLeitfähigkeit];
+  const FixedPoint temperature = record.value[feld::kTemperatur];
+  const QString degrees = record.text[feld::kTemperatur] + u" °C"_s;
   TextBox& box = Text1(feld::kLeitfähigkeit);
-  box.showText(record.text[feld::kLeitfähigkeit]);
-  setRole(box, Role::kInput);
-  box.setReadOnly(false);
-  Command3->setText(convertible ? u"bei "_s + temperature + u" °C ?"_s : u"bei Temp."_s);
+  const double shown = conductivityAt(temperature.toDouble(), conductivity.toDouble());
+  box.showText(converted ? numberText(shown, Format::kWhole) : record.text[feld::kLeitfähigkeit]);
+  setRole(box, converted ? Role::kComputed : Role::kInput);
+  box.setReadOnly(converted);
+  const bool convertible = conductivity > 0_fp && temperature > 0_fp;
+  const QString there = convertible ? u"bei "_s + degrees + u" ?"_s : u"bei Temp."_s;
+  Command3->setText(converted ? u"bei 25 °C ?"_s : there);
   Command3->setEnabled(convertible);
-  Label7->setText(u"25 °C"_s);
-  convertedShown_ = false;
+  Label7->setText(converted ? degrees : u"25 °C"_s);
+  convertedShown_ = converted;
 }
 
 /// A capacity that the pH rules out cannot be entered.
@@ -296,25 +298,7 @@ bool main::isLocked(int index) const {
 void main::Command3_Click() {
   const bool back = convertedShown_;
   finishEntry();
-  if (back) {
-    showConductivityAt25();
-  } else if (Command3->isEnabled()) {
-    showConductivityAtMeasuringTemperature();
-  }
-}
-
-void main::showConductivityAtMeasuringTemperature() {
-  const AnalysisRecord& record = program_.record;
-  const double converted = conductivityAt(record.value[feld::kTemperatur].toDouble(),
-                                          record.value[feld::kLeitfähigkeit].toDouble());
-  TextBox& box = Text1(feld::kLeitfähigkeit);
-  box.showText(numberText(converted, Format::kWhole));
-  // What is shown now is computed: typing over it would store it as if it were measured at 25 °C.
-  setRole(box, Role::kComputed);
-  box.setReadOnly(true);
-  Command3->setText(u"bei 25 °C ?"_s);
-  Label7->setText(record.text[feld::kTemperatur] + u" °C"_s);
-  convertedShown_ = true;
+  showConductivity(!back && Command3->isEnabled());
 }
 
 // ---- The unit converter ----

@@ -118,7 +118,6 @@ class main : public QMainWindow {
 
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
-  void leaveBox(int index);
   void finishLeftBoxes();
   void showSaveWindow();
   void moveFocus(int index, int step);
@@ -128,8 +127,7 @@ class main : public QMainWindow {
   void converterClosed(int index);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
-  void showConductivityAt25();
-  void showConductivityAtMeasuringTemperature();
+  void showConductivity(bool converted);
   void updateManual();
   [[nodiscard]] int boxIndex(const QWidget* control) const;
   [[nodiscard]] bool holdsText(std::span<const Field> fields) const;
@@ -141,12 +139,10 @@ class main : public QMainWindow {
   QWidget* buildInputs();
   QWidget* buildResults();
   QWidget* buildCompanyArea();
-  void connectInfoPictures();
   void addSection(QGridLayout& grid, int& row, int index, const QString& caption);
   void addInputRow(QGridLayout& grid, int row, const Field& field);
   void addResultRow(QGridLayout& grid, int row, const Field& field);
   void connectBox(int index);
-  void connectUnit(int index);
   /// What a command does: what was typed is finished first, and a fault is reported with the
   /// command's location text.
   [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)());

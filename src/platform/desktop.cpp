@@ -76,13 +76,4 @@ std::optional<QString> RealDesktop::askText(QWidget* parent, const TextRequest& 
   return box.textValue();
 }
 
-std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {
-  return calvora::askPrinter(parent, request, printer_);
-}
-
-void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
-                              const std::function<void(QPagedPaintDevice&)>& paint) {
-  calvora::showPreview(parent, request, printer_, paint);
-}
-
 }  // namespace calvora

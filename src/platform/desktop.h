@@ -1,13 +1,16 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+#include <memory>
 #include <optional>
 
-#include "platform/printer_setup.h"
-
+class QPagedPaintDevice;
 class QWidget;
 
 namespace calvora {
+
+class Paper;
 
 /// What a file dialog is to offer.
 struct FileRequest {
@@ -22,6 +25,13 @@ struct TextRequest {
   QString prompt;
   int left = 0;  ///< twips
   int top = 0;   ///< twips
+};
+
+/// What is going to be printed.
+struct PrintRequest {
+  QString title;    ///< of the document
+  QString pdfFile;  ///< path that is proposed where a PDF file is chosen as printer
+  bool landscape = false;
 };
 
 /// What the windows need of the desktop besides windows. The program uses the real one, a test one
@@ -49,10 +59,12 @@ class Desktop {
   /// The text that the user types into an input box; none if the user cancels.
   virtual std::optional<QString> askText(QWidget* parent, const TextRequest& request) = 0;
 
-  /// The paper that the user chose in the printer set-up; null if the user cancels.
+  /// The paper that the user chose in the print dialog, which has "PDF-Datei" among its printers;
+  /// null if the user cancels.
   virtual std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) = 0;
 
-  /// Shows a preview until the user closes it; `paint` puts the document on its pages.
+  /// Shows a preview, without its ways to print, until the user closes it. Whenever a page is
+  /// wanted, `paint` is called, with the orientation that was chosen in the window.
   virtual void showPreview(QWidget* parent, const PrintRequest& request,
                            const std::function<void(QPagedPaintDevice&)>& paint) = 0;
 };

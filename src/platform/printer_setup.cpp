@@ -1,4 +1,5 @@
-#include "platform/printer_setup.h"
+// How the program's desktop prints: the print dialog and the preview.
+#include "platform/desktop.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -72,28 +73,28 @@ void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString
 
 }  // namespace
 
-std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request, QString& printer) {
+std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {
   std::optional<BusyCursor> busy(std::in_place);  // the print system may take its time
-  std::unique_ptr<QPrinter> chosen = makePrinter(request, printer);
+  std::unique_ptr<QPrinter> chosen = makePrinter(request, printer_);
   QPrintDialog dialog(chosen.get(), parent);
   dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize);
   // The dialog fills its list only when it is shown.
-  QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer); });
+  QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer_); });
   busy.reset();
   if (dialog.exec() != QDialog::Accepted) return nullptr;
   if (chosen->outputFileName().isEmpty()) {
-    printer = chosen->printerName();
+    printer_ = chosen->printerName();
     return std::make_unique<PrinterPaper>(std::move(chosen));
   }
-  printer = kPdfPrinter;
+  printer_ = kPdfPrinter;
   const bool landscape = chosen->pageLayout().orientation() == QPageLayout::Landscape;
   return std::make_unique<PdfPaper>(chosen->outputFileName(), request.title, reportPage(landscape));
 }
 
-void showPreview(QWidget* parent, const PrintRequest& request, const QString& printer,
-                 const std::function<void(QPagedPaintDevice&)>& paint) {
+void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
+                              const std::function<void(QPagedPaintDevice&)>& paint) {
   std::optional<BusyCursor> busy(std::in_place);
-  const std::unique_ptr<QPrinter> page = makePrinter(request, printer);
+  const std::unique_ptr<QPrinter> page = makePrinter(request, printer_);
   QPrintPreviewDialog dialog(page.get(), parent);
   dialog.setWindowTitle(u"Vorschau - "_s + request.title);
   const QString print = QCoreApplication::translate("QPrintPreviewDialog", "Print");

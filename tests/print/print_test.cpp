@@ -323,7 +323,7 @@ class PrintTest : public QObject {
     window.Text1(2).setText(u"Neubau"_s);
     int painted = 0;
     mask.desktop.preview = [&](const PrintRequest& request, const auto& paint) {
-      showPreview(&window, request, {}, [&](QPagedPaintDevice& page) {
+      RealDesktop().showPreview(&window, request, [&](QPagedPaintDevice& page) {
         ++painted;
         QVERIFY(QGuiApplication::overrideCursor() != nullptr);
         paint(page);
