@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QShortcut>
+#include <functional>
 
 #include "app/main_window.h"
 #include "base/guarded.h"
@@ -213,9 +214,7 @@ void main::connectBox(int index) {
   TextBox& box = Text1(index);
   box.holdsValue = true;
   box.filter = [](const QString& text) { return text.trimmed(); };
-  box.accepts = [this, index](const QString& text, const QString& whole) {
-    return acceptsPasted(index, text, whole);
-  };
+  box.accepts = std::bind_front(&main::acceptsPasted, this, index);
   box.keyPress = [this](int& code) { Text1_KeyPress(code); };
   connect(&box, &TextBox::keyDown, this, [this, index](int code) { Text1_KeyDown(index, code); });
   connect(&box, &TextBox::edited, this, [this] { program_.entryChanged = true; });

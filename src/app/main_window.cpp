@@ -80,13 +80,24 @@ void main::Form_Load() {
   darstellen();
 }
 
-/// The start window lies over the mask until the user goes on.
 void main::Form_Activate() {
-  setEnabled(false);
-  auto* window = new start(*this, desktop_);
-  window->show();
-  window->activateWindow();
   program_.fieldIndex = 0;
+  showOver(*new start(*this, desktop_), feld::kLeitfähigkeit);
+}
+
+/// Shows a window that deletes itself on close. The mask is disabled until then; the focus goes
+/// back to a box, or behind it if the box was locked meanwhile.
+void main::showOver(QDialog& window, int index) {
+  setEnabled(false);
+  window.setEnabled(true);  // although the mask below it is not
+  connect(&window, &QDialog::finished, this, [this, index] {
+    setEnabled(true);
+    activateWindow();
+    if (isLocked(index)) return moveFocus(index, +1);
+    Text1(index).setFocus(Qt::OtherFocusReason);
+  });
+  window.show();
+  window.activateWindow();
 }
 
 // ---- The way of an entry ----
@@ -211,19 +222,15 @@ void main::fillFrom(int index, const QStringList& numbers) {
   if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
     int box = index;
-    int last = index;
     int focusBack = 0;
     for (const QString& number : numbers) {
-      program_.fieldIndex = last = box;
+      program_.fieldIndex = box;
       program_.entryChanged = false;
       if (takeOver(box, number) == kFocusBack && focusBack == 0) focusBack = box;
       box = nextBox(box, +1, [this](int next) { return isLocked(next); });
     }
-    if (focusBack != 0) {
-      Text1(focusBack).setFocus(Qt::OtherFocusReason);
-    } else {
-      moveFocus(last, +1);
-    }
+    if (focusBack == 0) return moveFocus(program_.fieldIndex, +1);
+    Text1(focusBack).setFocus(Qt::OtherFocusReason);
   });
 }
 
@@ -303,31 +310,12 @@ void main::Command3_Click() {
 
 // ---- The unit converter ----
 
-/// The mask is disabled until the converter is closed, in whatever way.
 void main::Command1_Click(int index) {
   if (!isLocked(index)) Text1(index).setFocus(Qt::OtherFocusReason);
   finishLeftBoxes();
   program_.fieldIndex = index;
-  setEnabled(false);
-  auto enable = qScopeGuard([this] { setEnabled(true); });
   const auto take = [this](int field, const QString& text) { return takeOver(field, text); };
-  auto converter =
-      std::make_unique<dimum>(program_.record, index, questions_, desktop_, take, *this);
-  connect(converter.get(), &QDialog::finished, this, [this, index] { converterClosed(index); });
-  converter->show();
-  converter->activateWindow();
-  enable.dismiss();
-  std::ignore = converter.release();  // it deletes itself on close
-}
-
-void main::converterClosed(int index) {
-  setEnabled(true);
-  activateWindow();
-  if (isLocked(index)) {
-    moveFocus(index, +1);
-  } else {
-    Text1(index).setFocus(Qt::OtherFocusReason);
-  }
+  showOver(*new dimum(program_.record, index, questions_, desktop_, take, *this), index);
 }
 
 // ---- Commands ----

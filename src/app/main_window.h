@@ -120,11 +120,11 @@ class main : public QMainWindow {
   void focusMoved(QWidget* now);
   void finishLeftBoxes();
   void showSaveWindow();
+  void showOver(QDialog& window, int index);
   void moveFocus(int index, int step);
   bool acceptsPasted(int index, const QString& text, const QString& whole);
   [[nodiscard]] bool hasRoom(int index, const QStringList& numbers) const;
   void fillFrom(int index, const QStringList& numbers);
-  void converterClosed(int index);
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivity(bool converted);

@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QRegularExpression>
 
-#include "app/main_window.h"
 #include "platform/form.h"
 #include "platform/picture.h"
 #include "platform/twips.h"
@@ -30,15 +29,10 @@ QFont scaled(QFont font, int points, bool bold) {
 
 }  // namespace
 
-start::start(main& mainWindow, Desktop& desktop)
-    : QDialog(&mainWindow),
-      Frame1(new QFrame(this)),
-      Frame2(new QFrame(this)),
-      main_(mainWindow),
-      desktop_(desktop) {
+start::start(QWidget& mainWindow, Desktop& desktop)
+    : QDialog(&mainWindow), Frame1(new QFrame(this)), Frame2(new QFrame(this)), desktop_(desktop) {
   setWindowTitle(u"CALVORA"_s);
   setAttribute(Qt::WA_DeleteOnClose);
-  setEnabled(true);  // although the window below is not
   for (QFrame* frame : {Frame1, Frame2}) {
     frame->setFrameShape(QFrame::StyledPanel);
     frame->setAutoFillBackground(true);
@@ -132,21 +126,8 @@ void start::buildContact() {
 }
 
 void start::Command1_Click(int index) {
-  if (index == 1) {
-    desktop_.endProgram();
-    return;
-  }
-  main_.setEnabled(true);
-  hide();
-  close();
-  main_.activateWindow();
-  main_.Text1(1).setFocus(Qt::OtherFocusReason);
-}
-
-/// Escape and the close box go on, as "Weiter" does: nothing is lost by it, and the main window
-/// must never stay disabled.
-void start::reject() {
-  Command1_Click(2);
+  if (index == 1) return desktop_.endProgram();
+  accept();
 }
 
 }  // namespace calvora

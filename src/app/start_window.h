@@ -10,17 +10,13 @@
 
 namespace calvora {
 
-class main;
-
-/// Lies over the main window at program start; ends the program or enables the main window. Not
-/// modal, deletes itself on close.
+/// Lies over the main window at program start; ends the program or is closed, in whatever way, to
+/// go on. Not modal, deletes itself on close.
 class start : public QDialog {
   Q_OBJECT
 
  public:
-  start(main& mainWindow, Desktop& desktop);
-
-  void reject() override;
+  start(QWidget& mainWindow, Desktop& desktop);
 
   ControlArray<QLabel> Label1;
   ControlArray<QLabel> Label2;
@@ -36,7 +32,6 @@ class start : public QDialog {
   void buildExplanation();
   void buildContact();
 
-  main& main_;
   Desktop& desktop_;
 };
 

@@ -1,15 +1,26 @@
 #include "platform/desktop.h"
 
+#include <QAction>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinterInfo>
+#include <QPushButton>
 #include <QSettings>
+#include <QTimer>
 #include <QTreeView>
 #include <QUrl>
+#include <algorithm>
 
+#include "platform/look.h"
 #include "platform/paper.h"
 #include "platform/placement.h"
 #include "platform/twips.h"
@@ -33,6 +44,53 @@ std::optional<QString> askFile(QFileDialog& dialog, const FileRequest& request) 
   }
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.selectedFiles().value(0);
+}
+
+const QString kPdfPrinter = u"PDF-Datei"_s;
+
+/// A printer set to the page of the reports, with wider margins where it cannot print so far out.
+std::unique_ptr<QPrinter> makePrinter(const PrintRequest& request, const QString& name) {
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  if (QPrinterInfo::availablePrinterNames().contains(name)) printer->setPrinterName(name);
+  printer->setDocName(request.title);
+  const QPageLayout wanted = reportPage(request.landscape);
+  const bool file = name == kPdfPrinter || printer->outputFormat() == QPrinter::PdfFormat;
+  QPageLayout layout = file ? wanted : printer->pageLayout();
+  layout.setUnits(QPageLayout::Millimeter);
+  layout.setOrientation(wanted.orientation());
+  const QMarginsF least = layout.minimumMargins();
+  const QMarginsF margins = wanted.margins();
+  layout.setMargins({std::max(margins.left(), least.left()), std::max(margins.top(), least.top()),
+                     std::max(margins.right(), least.right()),
+                     std::max(margins.bottom(), least.bottom())});
+  printer->setPageLayout(layout);
+  return printer;
+}
+
+/// The toolkit's own dialog prints to a file as well; it is shown as one more printer, with the
+/// file that is proposed. The platform's dialogs have no such list, but printers for it.
+void offerPdfFile(const QPrintDialog& dialog, const QString& file, const QString& printer) {
+  auto* printers = dialog.findChild<QComboBox*>(u"printers"_s);
+  auto* fileName = dialog.findChild<QLineEdit*>(u"filename"_s);
+  if (printers == nullptr || fileName == nullptr) return;
+  const int index =
+      printers->findText(QCoreApplication::translate("QPrintDialog", "Print to File (PDF)"));
+  if (index < 0) return;
+  printers->setItemText(index, kPdfPrinter);
+  if (printer == kPdfPrinter) printers->setCurrentIndex(index);
+  fileName->setText(QDir::toNativeSeparators(file));
+  // The toolkit would look for a name without a folder in one place and write it in another.
+  const auto complete = [fileName, file] {
+    QString typed = fileName->text().trimmed();
+    if (typed.isEmpty()) return;
+    if (!typed.endsWith(".pdf"_L1, Qt::CaseInsensitive)) typed += u".pdf"_s;
+    const QDir folder = QFileInfo(file).absoluteDir();
+    fileName->setText(QDir::toNativeSeparators(folder.absoluteFilePath(typed)));
+  };
+  QObject::connect(fileName, &QLineEdit::editingFinished, fileName, complete);
+  for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
+    QObject::connect(button, &QPushButton::pressed, fileName, complete);
+  }
 }
 
 }  // namespace
@@ -74,6 +132,44 @@ std::optional<QString> RealDesktop::askText(QWidget* parent, const TextRequest& 
   placeOnScreen(box, {twips(request.left), twips(request.top)});
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue();
+}
+
+std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintRequest& request) {
+  std::optional<BusyCursor> busy(std::in_place);  // the print system may take its time
+  std::unique_ptr<QPrinter> chosen = makePrinter(request, printer_);
+  QPrintDialog dialog(chosen.get(), parent);
+  dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize);
+  // The dialog fills its list only when it is shown.
+  QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer_); });
+  busy.reset();
+  if (dialog.exec() != QDialog::Accepted) return nullptr;
+  if (chosen->outputFileName().isEmpty()) {
+    printer_ = chosen->printerName();
+    return std::make_unique<PrinterPaper>(std::move(chosen));
+  }
+  printer_ = kPdfPrinter;
+  const bool landscape = chosen->pageLayout().orientation() == QPageLayout::Landscape;
+  return std::make_unique<PdfPaper>(chosen->outputFileName(), request.title, reportPage(landscape));
+}
+
+void RealDesktop::showPreview(QWidget* parent, const PrintRequest& request,
+                              const std::function<void(QPagedPaintDevice&)>& paint) {
+  std::optional<BusyCursor> busy(std::in_place);
+  const std::unique_ptr<QPrinter> page = makePrinter(request, printer_);
+  QPrintPreviewDialog dialog(page.get(), parent);
+  dialog.setWindowTitle(u"Vorschau - "_s + request.title);
+  const QString print = QCoreApplication::translate("QPrintPreviewDialog", "Print");
+  const QString pageSetup = QCoreApplication::translate("QPrintPreviewDialog", "Page setup");
+  for (QAction* action : dialog.findChildren<QAction*>()) {
+    if (action->text() == print || action->text() == pageSetup) action->setVisible(false);
+  }
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* shown) {
+    const BusyCursor painting;
+    paint(*shown);
+  });
+  dialog.resize(twips(13500), twips(10500));
+  busy.reset();
+  dialog.exec();
 }
 
 }  // namespace calvora

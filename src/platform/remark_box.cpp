@@ -15,8 +15,7 @@ RemarkBox::RemarkBox(QWidget* parent) : QPlainTextEdit(parent) {
 void RemarkBox::keyPressEvent(QKeyEvent* event) {
   if (isEnter(*event)) {
     event->accept();
-    enter();
-    return;
+    return enter();
   }
   if (!isReadOnly() && typesSharpS(*this, *event)) return;
   if (event->text().size() > 1) {  // a character beyond 16 bits, or several at once
@@ -27,10 +26,7 @@ void RemarkBox::keyPressEvent(QKeyEvent* event) {
       event->key() != Qt::Key_Escape) {
     int code = event->text().front().unicode();
     keyPress(code);
-    if (code == 0) {
-      event->accept();
-      return;
-    }
+    if (code == 0) return event->accept();
   }
   QPlainTextEdit::keyPressEvent(event);
 }
