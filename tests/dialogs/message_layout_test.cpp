@@ -70,18 +70,15 @@ class MessageLayoutTest : public QObject {
     QCOMPARE(layout.title, u"Titel      "_s);
   }
 
-  void aTextWithALineTooLongIsRebuilt_data() {
-    QTest::addColumn<QString>("lengths");
-    QTest::addColumn<QString>("rebuilt");
-    const QString start = QString(120, u'a') + u"\n\r"_s;
-    QTest::newRow("149 stay") << u"149 400"_s << linesOf(u"149 400"_s);
-    QTest::newRow("the end follows") << u"150 50"_s << start + linesOf(u"30 50"_s);
-    QTest::newRow("the middle is lost") << u"200 50"_s << start + u". . . "_s + linesOf(u"68 50"_s);
-    QTest::newRow("a break at the end") << u"2 1 0"_s << u"aa\n\rb\n"_s;
-  }
   void aTextWithALineTooLongIsRebuilt() {
-    QFETCH(QString, lengths);
-    QTEST(layoutMessage(messageOf({lengths, u"1"_s, u"5"_s})).text, "rebuilt");
+    const auto rebuilt = [](const QString& lengths) {
+      return layoutMessage(messageOf({lengths, u"1"_s, u"5"_s})).text;
+    };
+    const QString start = QString(120, u'a') + u"\n\r"_s;
+    QCOMPARE(rebuilt(u"149 400"_s), linesOf(u"149 400"_s));
+    QCOMPARE(rebuilt(u"150 50"_s), start + linesOf(u"30 50"_s));
+    QCOMPARE(rebuilt(u"200 50"_s), start + u". . . "_s + linesOf(u"68 50"_s));
+    QCOMPARE(rebuilt(u"2 1 0"_s), u"aa\n\rb\n"_s);  // a break at the end
   }
 
   void closingTheWindowIsTheCarefulAnswer_data() {  // buttons => the one that closing stands for
@@ -91,9 +88,9 @@ class MessageLayoutTest : public QObject {
   }
   void closingTheWindowIsTheCarefulAnswer() {
     QFETCH(QStringList, given);
+    const Message message = messageOf({u"1"_s, given.at(0), u"5"_s});
     QString answer;
     try {
-      const Message message = messageOf({u"1"_s, given.at(0), u"5"_s});
       answer = QString::number(static_cast<int>(closeAnswer(layoutMessage(message))));
     } catch (const RuntimeError& error) {
       answer = u"error %1"_s.arg(error.number());

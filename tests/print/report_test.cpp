@@ -1,9 +1,9 @@
 // What the reports say, statement by statement, against golden files.
-#include <QFile>
 #include <QTest>
 #include <array>
 
 #include "print/report.h"
+#include "support/golden.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
@@ -94,14 +94,7 @@ class ReportTest : public QObject {
     report.insert(report.end(), body.begin(), body.end());
     QStringList said;
     for (const Statement& statement : report) said += describe(statement);
-    QFile golden(QFINDTESTDATA(u"print/golden/%1.txt"_s.arg(QTest::currentDataTag())));
-    QVERIFY2(golden.open(QFile::ReadOnly), qPrintable(said.join('\n')));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n');
-    for (qsizetype i = 0; i < said.size(); ++i) {
-      QVERIFY2(said[i] == expected.value(i),
-               qPrintable(u"line %1: %2, not %3"_s.arg(i + 1).arg(said[i], expected.value(i))));
-    }
-    QCOMPARE(said.size(), expected.size());
+    compareWithGolden(said, u"print/golden/%1.txt"_s.arg(QTest::currentDataTag()));
   }
 
   void aPdfFileIsNamedAfterTheAnalysis() {

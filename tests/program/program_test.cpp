@@ -1,12 +1,12 @@
 // The whole program, driven through its real windows: start, questions, runtime errors, end.
 #include <QAbstractItemView>
 #include <QDialog>
-#include <QFile>
 #include <QLineEdit>
 
 #include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/windows/nachricht.h"
+#include "support/golden.h"
 #include "support/shown_window.h"
 #include "support/tables.h"
 #include "support/window_support.h"
@@ -73,11 +73,7 @@ class ProgramTest : public QObject {
     for (const int index : {0, 4}) version.Label1(index).clear();  // of this build
     said += textsOf(u"Version"_s, version);
 
-    QFile golden(QFINDTESTDATA("program/golden/texts.txt"));
-    QVERIFY2(golden.open(QFile::ReadOnly), qUtf8Printable(said.join('\n'_L1)));
-    const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n'_L1);
-    for (qsizetype i = 0; i < said.size(); ++i) QCOMPARE(said[i], expected.value(i));
-    QCOMPARE(said.size(), expected.size());
+    compareWithGolden(said, u"program/golden/texts.txt"_s);
   }
 
   void theStartWindowLeadsIntoTheProgramOrOut_data() {

@@ -85,12 +85,8 @@ void Drucker::Command2_Click() {
   guarded(questions_, u" drucker\\command2"_s, [&] {
     keepHeader();
     try {
-      if (const std::unique_ptr<Paper> paper = desktop_.askPrinter(this, request())) {
-        const BusyCursor busy;
-        program_.landscape = paper->landscape();
-        printOn(*paper);
-      }
-      printed = true;
+      const std::unique_ptr<Paper> paper = desktop_.askPrinter(this, request());
+      printed = paper == nullptr || printOn(*paper);
     } catch (const RuntimeError&) {
       printed = false;
     }
@@ -102,14 +98,16 @@ void Drucker::Command2_Click() {
                   .symbol = Symbol::kStop});
 }
 
-/// Prints head and body. A fault in either leaves out what it hit; the rest is sent, and the user
-/// is told that something is missing.
-void Drucker::printOn(Paper& paper) {
+/// Prints head and body. A fault in either leaves out what it hit, and the rest is sent. False if
+/// something is missing in the body.
+bool Drucker::printOn(Paper& paper) {
+  const BusyCursor busy;
+  program_.landscape = paper.landscape();
   ReportPrinter printer(paper.device());
   druckkopf(printer, paper.landscape());
   const bool whole = papier(printer);
   paper.deliver();
-  if (!whole) throw RuntimeError(ErrorNumber::kPrinter);
+  return whole;
 }
 
 void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {

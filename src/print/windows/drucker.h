@@ -52,7 +52,7 @@ class Drucker : public QDialog {
   void Command2_Click();
   void Command4_Click();
   void keepHeader();
-  void printOn(Paper& paper);
+  bool printOn(Paper& paper);
   void druckkopf(ReportPrinter& printer, bool landscape);
   bool papier(ReportPrinter& printer);
   [[nodiscard]] QString remark() const;

@@ -29,7 +29,7 @@ constexpr int kInputBoxTop = 8400;
 
 const QString kLook =
     uR"(
-*[look] { border: 1px solid #728194; border-radius: 3px; padding: 2px 8px; color: #000000;
+*[look] { border: 1px solid #728194; border-radius: 3px; padding: 2px 11px; color: #000000;
   text-align: right; }
 *[look="normal"] { background: #ffff00; }
 *[look="value"] { background: #ffffff; }
@@ -37,7 +37,7 @@ const QString kLook =
 *[look="marked"] { background: #0000c0; color: #ffffff; border-color: #00007a; }
 *[look="massless"] { background: #e0e0e0; color: #4a4a4a; border-color: #c4c4c4; }
 *[look="empty"] { background: transparent; border-color: #d6dde4; }
-*[look]:focus { border: 2px solid #1b2430; padding: 1px 7px; outline: none; }
+*[look]:focus { border: 2px solid #1b2430; padding: 1px 10px; outline: none; }
 )"_s;
 
 }  // namespace
