@@ -63,15 +63,19 @@ void DatePicker::stepBy(int steps) {
 }
 
 void DatePicker::keyPressEvent(QKeyEvent* event) {
-  const bool steps = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-  if (isEnter(*event)) {
+  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+    QDateEdit::keyPressEvent(event);  // steps, or opens the calendar with Alt
+  } else if (isEnter(*event)) {
     finish();
     event->ignore();
-  } else if (steps) {  // or opens the calendar
-    QDateEdit::keyPressEvent(event);
   } else {
-    QAbstractSpinBox::keyPressEvent(event);
+    lineEdit()->event(event);
   }
+}
+
+/// Tab leaves the field at once, past the sections.
+bool DatePicker::focusNextPrevChild(bool next) {
+  return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void DatePicker::focusInEvent(QFocusEvent* event) {

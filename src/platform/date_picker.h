@@ -30,7 +30,7 @@ class DatePicker : public QDateEdit {
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+  bool focusNextPrevChild(bool next) override;
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
  private:

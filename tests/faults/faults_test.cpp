@@ -23,16 +23,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QStringList kOperations{u"cva"_s, u"cvp"_s, u"settings"_s, u"pdf"_s};
+
 /// What the program writes, in two versions.
 struct Work {
-  /// The file that an operation writes.
-  static QString file(const QString& operation) {
-    return operation == "settings"_L1 ? u"cvra.ini"_s : u"old."_s + operation;
-  }
-
   Work(const QString& what, const QString& folder, int version)
       : operation(what),
-        path(folder + '/'_L1 + file(what)),
+        path(folder + '/'_L1 + (what == "settings"_L1 ? u"cvra.ini"_s : u"old."_s + what)),
         text(20'000 + 20'000 * version, 'r'_L1) {}
 
   void write() const {
@@ -74,10 +71,9 @@ class FaultsTest : public QObject {
   void whatCannotBeWrittenLeavesTheOldFile_data() {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QString>("fault");
-    for (const char* fault : {"full disk", "read-only folder", "vanished folder"}) {
-      for (const char* operation : {"cva", "cvp", "settings", "pdf"}) {
-        QTest::addRow("%s, %s", operation, fault)
-            << QString::fromLatin1(operation) << QString::fromLatin1(fault);
+    for (const QString& fault : {u"full disk"_s, u"read-only folder"_s, u"vanished folder"_s}) {
+      for (const QString& operation : kOperations) {
+        QTest::newRow(qPrintable(operation + u", "_s + fault)) << operation << fault;
       }
     }
   }
@@ -107,9 +103,7 @@ class FaultsTest : public QObject {
 
   void aKilledProcessLeavesACompleteFile_data() {
     QTest::addColumn<QString>("operation");
-    for (const char* operation : {"cva", "cvp", "settings", "pdf"}) {
-      QTest::newRow(operation) << QString::fromLatin1(operation);
-    }
+    for (const QString& operation : kOperations) QTest::newRow(qPrintable(operation)) << operation;
   }
   void aKilledProcessLeavesACompleteFile() {
     QFETCH(QString, operation);

@@ -114,8 +114,9 @@ struct Room {
       mask.questions.expect(u"Wasser - %1  \n\rentfernen ?"_s.arg(k),
                             goesOn ? Button::kJa : Button::kNein);
     }
-    if (clears && !filled().isEmpty())
+    if (clears && !filled().isEmpty()) {
       mask.questions.expect(kClear, goesOn ? Button::kOk : Button::kAbbrechen);
+    }
     if (kind == 's'_L1) mask.questions.expect(kSaved);
     const int button = !clears ? 4 : u"pq"_s.contains(kind) ? 5 : 2;
     (k > 0 ? static_cast<QAbstractButton&>(window->Label1(k)) : window->Command1(button)).click();
