@@ -7,21 +7,10 @@
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QPixmapCache>
-#include <QTemporaryDir>
 #include <QTextStream>
-#include <QTimer>
-#include <functional>
 
-#include "app/main_window.h"
-#include "dialogs/windows/dialog_questions.h"
-#include "overview/windows/analysen.h"
-#include "platform/look.h"
-#include "support/one_file_desktop.h"
-#include "support/shown_window.h"
+#include "support/all_windows.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
@@ -42,105 +31,29 @@ qint64 residentMemory() {
   return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE) / 1024;
 }
 
-/// The program with its folder elsewhere.
-struct House {
-  explicit House(const QString& folder) {
-    desktop.file = folder + u"/a"_s;
-    program.programFolder = folder;
-    window.show();
-    window.activateWindow();
-    settle();
-  }
-
-  /// Lets the windows be painted, and those that were closed be deleted.
-  static void settle() {
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  OneFileDesktop desktop;
-  DialogQuestions questions{desktop};
-  Program program;
-  main window{program, questions, desktop};
-};
-
-/// Closes every window but the main one and the one given.
-void closeOthers(const QWidget& house, const QWidget* kept = nullptr) {
+/// Opens a window and closes whatever is open then but the main window.
+void openAndClose(const WindowWay& way, House& house) {
+  way.open(house);
+  House::settle();
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window != &house && window != kept) window->close();
+    if (window->isVisible() && window != &house.window) window->close();
   }
   House::settle();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  house.window.setEnabled(true);
+  house.desktop.requests.clear();
 }
 
-analysen* openOverview(House& house) {
-  house.window.mnu2_ana->trigger();
-  return shownWindow<analysen>();
-}
-
-struct Way {
-  const char* name;
-  std::function<void()> open;
-};
-
-/// The way to every window. A modal one returns when the timer has closed it.
-std::vector<Way> waysIn(House& house) {
-  main& window = house.window;
-  RealDesktop& real = house.desktop.real;
-  const FileRequest request{house.program.programFolder, u"cva"_s, u"a"_s};
-  const auto inOverview = [&house](int button) {
-    return [&house, button] {
-      analysen* overview = openOverview(house);
-      overview->Label1(1).click();
-      overview->Command1(button).click();
-    };
-  };
-  return {
-      {"main and start window", [&] { House(house.program.programFolder); }},
-      {"save", [&] { window.mnu_save->trigger(); }},
-      {"load",
-       [&] {
-         house.program.record.flag[flag::kStatus].clear();  // nothing to ask about
-         window.mnu_load->trigger();
-       }},
-      {"print", [&] { window.mnu_drucken->trigger(); }},
-      {"data folder", [&] { window.mnu2_pfad->trigger(); }},
-      {"company line", [&] { window.mnu2_fatext->trigger(); }},
-      {"volume correction", [&] { window.mnu2_tk->trigger(); }},
-      {"converter", [&] { window.Command1(20).click(); }},
-      {"information", [&] { window.Image1(0).click(); }},
-      {"version", [&] { window.mnu_version->trigger(); }},
-      {"overview, analysis", [&] { openOverview(house)->Label1(1).click(); }},
-      {"overview, print", inOverview(3)},
-      {"overview, save", inOverview(4)},
-      {"overview, load", inOverview(5)},
-      {"message",
-       [&] { house.questions.ask({.text = u"?"_s, .title = u"?"_s, .symbol = Symbol::kWarning}); }},
-      {"runtime error", [&] { house.questions.reportError(u"13 hier"_s); }},
-      {"input box",
-       [&] {
-         real.askText(&window, {u"a"_s, u"b"_s});
-       }},
-      {"open a file", [&, request] { real.askOpenFile(&window, request); }},
-      {"save a file", [&, request] { real.askSaveFile(&window, request); }},
-      {"preview", [&] { real.showPreview(&window, {}, [](QPagedPaintDevice&) {}); }},
-  };
-}
-
-qint64 measure(House& house, int rounds) {
+qint64 measure(int rounds) {
+  House house;
+  std::vector<WindowWay> ways = allWindows();
+  ways.push_back({"main", [](House&) { House(); }});
   QTextStream out(stdout);
   qint64 sum = 0;
-  for (const Way& way : waysIn(house)) {
-    const auto go = [&](int times) {
-      for (int round = 0; round < times; ++round) {
-        way.open();
-        House::settle();
-        closeOthers(house.window);
-        house.window.setEnabled(true);
-      }
-    };
-    go(5 + rounds / 5);  // what is made once is made now
+  for (const WindowWay& way : ways) {
+    for (int i = 0; i < 5 + rounds / 5; ++i) openAndClose(way, house);  // makes what is made once
     const qint64 before = residentMemory();
-    go(rounds);
+    for (int i = 0; i < rounds; ++i) openAndClose(way, house);
     const qint64 growth = residentMemory() - before;
     sum += growth;
     out << qSetFieldWidth(24) << Qt::left << way.name << qSetFieldWidth(8) << Qt::right << growth
@@ -164,20 +77,10 @@ int main(int argc, char* argv[]) {
   QPixmapCache::setCacheLimit(0);  // up to 10 MB of drawn controls would hide what grows
   const QTemporaryDir folder;
   keepDialogMemoryIn(folder.path());
-  const QDir examples(QCoreApplication::applicationDirPath() + u"/daten"_s);
-  if (!QFile::copy(examples.filePath(u"leitungswasser-fuellung.cva"_s),
-                   folder.filePath(u"a.cva"_s))) {
-    return 1;
-  }
-
-  House house(folder.path());
-  closeOthers(house.window);
-  house.window.setEnabled(true);
-  QTimer closing;
+  QTimer closing;  // a modal window blocks the way that opened it
   QObject::connect(&closing, &QTimer::timeout, [] {
     if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
   });
   closing.start(1);
-  house.window.takeOver(1, u"420"_s);
-  return measure(house, argc > 1 ? QByteArray(argv[1]).toInt() : 1000) <= kMostGrowth ? 0 : 1;
+  return measure(argc > 1 ? QByteArray(argv[1]).toInt() : 1000) <= kMostGrowth ? 0 : 1;
 }

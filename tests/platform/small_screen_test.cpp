@@ -1,135 +1,86 @@
 // Every window on a screen that is smaller than it, and at the resolutions of today's desktops.
-#include <QDir>
 #include <QPushButton>
 #include <QScreen>
 
-#include "app/start_window.h"
-#include "dialogs/windows/bb_msg.h"
-#include "dialogs/windows/nachricht.h"
-#include "overview/windows/analysen.h"
-#include "print/windows/drucker.h"
-#include "storage/windows/dateien.h"
-#include "storage/windows/datenpfad.h"
-#include "storage/windows/firma.h"
-#include "support/window_support.h"
-#include "tools/windows/dimum.h"
-#include "tools/windows/info1.h"
-#include "tools/windows/varios.h"
-#include "tools/windows/version_window.h"
+#include "support/all_windows.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;
 
-using Made = std::unique_ptr<QWidget>;
-using Make = std::function<Made(Mask&)>;
+namespace {
+
+/// What a window cannot show whole: texts that need more room than their control has, and controls
+/// that leave the window or lie upon each other.
+QStringList cutTexts(const QWidget& window) {
+  QStringList cut;
+  QList<const QWidget*> seen;
+  for (const QWidget* control : window.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    if (!control->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
+    const QString text = label != nullptr ? label->text() : button->text();
+    if (text.trimmed().isEmpty()) continue;
+    const bool wraps = label != nullptr && label->wordWrap();
+    const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
+    qsizetype blanks = 0;  // at its end, where nobody misses them
+    while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
+    const int width =
+        control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
+    const QRect place(control->mapTo(&window, QPoint()), control->size());
+    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
+                window.rect().contains(place);
+    for (const QWidget* other : seen) {
+      fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
+    }
+    if (!fits) cut += text;
+    seen += control;
+  }
+  return cut;
+}
+
+}  // namespace
 
 class SmallScreenTest : public QObject {
   Q_OBJECT
 
  private slots:
   void everyButtonCanBeReached_data() { windows(); }
-  void everyButtonCanBeReached();
+  void everyButtonCanBeReached() {
+    look([](QWidget& window) {
+      const QRect screen = window.screen()->availableGeometry();
+      QVERIFY2(screen.contains(window.geometry()), "the window leaves the screen");
+      for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (!button->isVisibleTo(&window) || !button->isEnabled()) continue;
+        if (button->focusPolicy() == Qt::NoFocus) continue;
+        button->setFocus(Qt::TabFocusReason);
+        House::settle();
+        QVERIFY2(button->visibleRegion().contains(button->rect().center()),
+                 qPrintable(button->text()));
+      }
+    });
+  }
+
   void everyTextIsWhole_data() { windows(); }
-  void everyTextIsWhole();
+  void everyTextIsWhole() {
+    look([](QWidget& window) { QCOMPARE(cutTexts(window), QStringList()); });
+  }
 
  private:
-  static void windows();
-};
-
-Q_DECLARE_METATYPE(Make)
-
-namespace {
-
-/// Shows a window, which stays the test's own.
-template <class Window>
-Window& open(const std::unique_ptr<Window>& window) {
-  window->setAttribute(Qt::WA_DeleteOnClose, false);
-  window->show();
-  QCoreApplication::processEvents();
-  return *window;
-}
-
-Made makeMessage(Mask& mask) {
-  auto message = std::make_unique<nachricht>(&mask.window);
-  message->messein({.text = u"eine Frage mit drei Antworten"_s,
-                    .buttons = Button::kJa | Button::kNein | Button::kAbbrechen,
-                    .title = u"Titel"_s,
-                    .symbol = Symbol::kQuestion});
-  return message;
-}
-
-Made makePrint(Mask& mask) {
-  auto dialog = std::make_unique<Drucker>(mask.program, mask.questions, mask.desktop, &mask.window);
-  dialog->druckart(Bericht::kAnalyse);
-  return dialog;
-}
-
-Made makeError(Mask& mask) {
-  auto report = std::make_unique<bb_msg>(mask.desktop);
-  report->message(2, u"13 werteingabe\\formz"_s);
-  return report;
-}
-
-Made makeInformation(Mask& mask) {
-  auto information = std::make_unique<info1>(&mask.window);
-  information->infotxt1();
-  return information;
-}
-
-}  // namespace
-
-void SmallScreenTest::windows() {
-  QTest::addColumn<Make>("make");
-  const auto row = [](const char* name, const Make& make) { QTest::newRow(name) << make; };
-  row("start", [](Mask& m) { return std::make_unique<start>(m.window, m.desktop); });
-  row("Dateien", [](Mask& m) {
-    return std::make_unique<Dateien>(Dateien::Mode::kSaveAnalysis, m.program, m.questions,
-                                     m.desktop, &m.window);
-  });
-  row("datenpfad", [](Mask& m) {
-    m.program.settings.slot[setting::kDataFolder] = QDir::tempPath();
-    return std::make_unique<datenpfad>(m.program, m.questions, &m.window);
-  });
-  row("firma", [](Mask& m) { return std::make_unique<firma>(m.program, m.questions, &m.window); });
-  row("analysen",
-      [](Mask& m) { return std::make_unique<analysen>(m.program, m.questions, m.desktop); });
-  row("dimum", [](Mask& m) {
-    m.program.fieldIndex = 20;
-    return std::make_unique<dimum>(m.program.record, 1, m.questions, m.desktop, nullptr, m.window);
-  });
-  row("varios", [](Mask& m) { return std::make_unique<varios>(&m.window); });
-  row("Version", [](Mask& m) { return std::make_unique<Version>(m.program.today(), &m.window); });
-  row("nachricht", makeMessage);
-  row("Drucker", makePrint);
-  row("bb_msg", makeError);
-  row("info1", makeInformation);
-  row("main", [](Mask&) { return nullptr; });
-}
-
-void SmallScreenTest::everyButtonCanBeReached() {
-  QFETCH(const Make, make);
-  Mask mask;
-  const Made made = make(mask);
-  QWidget& window = made ? open(made) : mask.window;
-  const QRect screen = window.screen()->availableGeometry();
-  QVERIFY2(screen.contains(window.geometry()), "the window leaves the screen");
-  for (QPushButton* button : window.findChildren<QPushButton*>()) {
-    if (!button->isVisibleTo(&window) || !button->isEnabled()) continue;
-    if (button->focusPolicy() == Qt::NoFocus) continue;
-    button->setFocus(Qt::TabFocusReason);
-    Mask::settle();
-    QVERIFY2(button->visibleRegion().contains(button->rect().center()), qPrintable(button->text()));
+  static void windows() {
+    QTest::addColumn<int>("way");
+    QTest::newRow("main") << -1;
+    for (int way = 0; way < std::ssize(allWindows()); ++way) {
+      if (!allWindows().at(way).ofQt) QTest::newRow(allWindows().at(way).name) << way;
+    }
   }
-  if (made) made->hide();
-}
 
-void SmallScreenTest::everyTextIsWhole() {
-  QFETCH(const Make, make);
-  Mask mask;
-  const Made made = make(mask);
-  QCOMPARE(cutTexts(made ? open(made) : mask.window), QStringList());
-  if (made) made->hide();
-}
+  static void look(const std::function<void(QWidget&)>& at) {
+    QFETCH(const int, way);
+    House house;
+    if (way < 0) return at(house.window);
+    QVERIFY2(lookAt(allWindows().at(way), house, at) > 0, "no window came");
+  }
+};
 
 CALVORA_TEST_MAIN(SmallScreenTest)
 #include "small_screen_test.moc"

@@ -4,10 +4,10 @@
 #include <unistd.h>
 
 #include <QFile>
-#include <QTest>
 #include <functional>
 
 #include "base/runtime_error.h"
+#include "support/finding.h"
 
 namespace calvora {
 
@@ -19,7 +19,7 @@ inline QByteArray bytesOf(const QString& path) {
 inline void put(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   file.remove();  // truncating it instead makes some file systems wait for the disk
-  QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+  require(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size(), "no disk", path);
 }
 
 inline int errorOf(const std::function<void()>& body) {

@@ -13,7 +13,7 @@ namespace calvora {
 /// runtime errors are complaints; a test ends with comparing them to none.
 class ScriptedQuestions : public Questions {
  public:
-  /// Expects a message with exactly this text next, and presses that button.
+  /// Expects a message with exactly this text next, and presses that button, which it must offer.
   void expect(const QString& text, Button answer = Button::kOk) {
     script_.push_back({text, answer, nullptr});
   }
@@ -33,6 +33,9 @@ class ScriptedQuestions : public Questions {
     script_.pop_front();
     if (step.text != message.text) unexpected_ += message.text;
     if (step.raise) step.raise();
+    if (!message.buttons.testFlag(step.answer)) {
+      unexpected_ += QStringLiteral("no such button to ") + message.text;
+    }
     return step.answer;
   }
 

@@ -3,32 +3,15 @@
 #include <QStringList>
 #include <QTest>
 
+#include "support/files.h"
+
 namespace calvora {
 
 using namespace Qt::StringLiterals;
 
 /// Messages 1 to 13 as symbol|text|, a line break as ¶, the text built in as %1.
 inline const QString kCatalogue =
-    uR"(
-3|LF- und pH- Wert passen nicht zusammen !¶Bei dem eingegebenen pH-Wert muss    ¶
- LF  mind. %1 µS/cm  sein !|
-3| Der eingegebene Wert muss    ¶ größer als Null sein !¶¶%1 >0 |
-1|Die Eingabe überschreitet die  ¶die zulässige Eingabegrenze !  ¶¶Eingabe-Bereich: %1|
-3| Der Ks8,2 - Wert  muss  kleiner sein¶¶ als 0,5 x  Ks4,3 - Wert ! |
-3| Der Ks4,3-Wert muss größer sein¶ wie der Ks8,2-Wert. ¶¶ mind: %1|
-1|Die Eingabe überschreitet die  ¶die zulässige Eingabegrenze !  ¶¶Eingabe-Bereich: %1¶
- negative Ks8,2 Werte als Kb8,2 eingeben !|
-2| Der Wert für Gesamthärte / SE ist kleiner ¶ als der vorhandene Wert  > Calcium <  !!!  |
-2| Der Wert für Gesamthärte / SE ist kleiner ¶ als der vorhandene Wert  > Magnesium <  !!!|
-2| Der eingegebene Wert für Calcium / Ca ist größer ¶
- als der vorhandene Wert  > Gesamthärte <  !!! |
-2| Der eingegebene Wert für Magnesium / Mg ist größer ¶
- als der vorhandene Wert  > Gesamthärte <  !!!|
-2| Bei vorgegebenem KS8,2  muss der    ¶ pH-Wert niedriger sein !!!¶¶ pH <%1|
-2| Bei vorgegebenem pH-Wert muss der   ¶ Wert für  Ks8,2  größer sein !!!¶¶  Ks8,2 >=%1|
-3| Kb8,2  und  Ks8,2  können nicht¶ zusammen  vorliegen !¶¶
- zuletzt eingegebener Wert wird gelöscht !|
-)"_s;
+    QString::fromUtf8(bytesOf(QFINDTESTDATA("support/messages.txt"))).prepend('\n');
 
 /// The text of a message, given as its number and the text built in, ␣ a blank at its end.
 inline QString says(const QString& message) {

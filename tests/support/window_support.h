@@ -10,63 +10,10 @@
 
 #include "app/main_window.h"
 #include "platform/look.h"
-#include "platform/paper.h"
+#include "support/recording_desktop.h"
 #include "support/scripted_questions.h"
 
 namespace calvora {
-
-/// A desktop that only records what it was asked for. Its file dialogs answer with the paths that
-/// the test lined up, and are cancelled when there is none left.
-class RecordingDesktop : public Desktop {
- public:
-  std::optional<QString> askOpenFile(QWidget*, const FileRequest& request) override {
-    return nextPath(request);
-  }
-  std::optional<QString> askSaveFile(QWidget*, const FileRequest& request) override {
-    return nextPath(request);
-  }
-
-  std::optional<QString> askText(QWidget*, const TextRequest& request) override {
-    textRequests.push_back(request);
-    return takeNext(texts);
-  }
-
-  /// The paper of the next printer set-up, which is cancelled without one.
-  std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
-    printRequests.push_back(request);
-    return paper ? paper(request) : nullptr;
-  }
-  void showPreview(QWidget*, const PrintRequest& request,
-                   const std::function<void(QPagedPaintDevice&)>& paint) override {
-    preview(request, paint);
-  }
-
-  void endProgram() override { ++ended; }
-  bool openDocument(const QString& path) override {
-    opened += path;
-    return true;
-  }
-
-  int ended = 0;
-  QStringList opened;
-  QStringList paths;
-  std::vector<FileRequest> requests;
-  QStringList texts;  ///< answers of the input box, which is cancelled when there is none left
-  std::vector<TextRequest> textRequests;
-  std::vector<PrintRequest> printRequests;
-  std::function<std::unique_ptr<Paper>(const PrintRequest&)> paper;
-  std::function<void(const PrintRequest&, const std::function<void(QPagedPaintDevice&)>&)> preview;
-
- private:
-  static std::optional<QString> takeNext(QStringList& answers) {
-    if (answers.isEmpty()) return std::nullopt;
-    return answers.takeFirst();
-  }
-  std::optional<QString> nextPath(const FileRequest& request) {
-    requests.push_back(request);
-    return takeNext(paths);
-  }
-};
 
 /// What is to happen to the next modal window of a kind, once it is shown and active. The test
 /// fails if none comes; a window in which something failed is closed, so that the test ends.
@@ -86,39 +33,11 @@ void onNextModal(QObject* context, std::function<void(Window&)> act, int triesLe
   });
 }
 
-/// What a window cannot show whole: texts that need more room than their control has, and controls
-/// that leave the window or lie upon each other.
-inline QStringList cutTexts(const QWidget& window) {
-  QStringList cut;
-  QList<const QWidget*> seen;
-  for (const QWidget* control : window.findChildren<QWidget*>()) {
-    const auto* label = qobject_cast<const QLabel*>(control);
-    const auto* button = qobject_cast<const QAbstractButton*>(control);
-    if (!control->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
-    const QString text = label != nullptr ? label->text() : button->text();
-    if (text.trimmed().isEmpty()) continue;
-    const bool wraps = label != nullptr && label->wordWrap();
-    const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
-    qsizetype blanks = 0;  // at its end, where nobody misses them
-    while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
-    const int width =
-        control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
-    const QRect place(control->mapTo(&window, QPoint()), control->size());
-    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
-                window.rect().contains(place);
-    for (const QWidget* other : seen) {
-      fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
-    }
-    if (!fits) cut += text;
-    seen += control;
-  }
-  return cut;
-}
-
-/// The real main window over a fresh state, with a script for its questions and the start window
-/// already gone.
-struct Mask {
-  Mask() {
+/// The real main window over a fresh state, with the start window already gone. Its questions are
+/// answered by a script or, for those who ask for it, otherwise.
+template <class Answers>
+struct BasicMask {
+  BasicMask() {
     program.fieldIndex = 0;
     window.show();
     activate();
@@ -126,16 +45,24 @@ struct Mask {
     settle();
   }
 
+  /// A test that minds what was asked or reported looks itself and empties the script's record.
+  ~BasicMask() {
+    if constexpr (requires { questions.complaints(); }) QCOMPARE(questions.complaints(), QString());
+  }
+  BasicMask(const BasicMask&) = delete;
+  BasicMask& operator=(const BasicMask&) = delete;
+
   static Program programIn(const QTemporaryDir& folder) {
     Program program;
     program.programFolder = folder.path();
     return program;
   }
-
-  /// A test that minds what was asked or reported looks itself and empties the script's record.
-  ~Mask() { QCOMPARE(questions.complaints(), QString()); }
-  Mask(const Mask&) = delete;
-  Mask& operator=(const Mask&) = delete;
+  static Answers answersOver(Desktop& desktop) {
+    if constexpr (std::is_constructible_v<Answers, Desktop&>)
+      return Answers(desktop);
+    else
+      return Answers();
+  }
 
   /// Finishes what the last event left queued.
   static void settle() { QCoreApplication::processEvents(); }
@@ -195,12 +122,14 @@ struct Mask {
     return 0;
   }
 
-  ScriptedQuestions questions;
+  Answers questions = answersOver(desktop);
   RecordingDesktop desktop;
   QTemporaryDir folder;  ///< the program's own, empty
   Program program = programIn(folder);
   main window{program, questions, desktop};
 };
+
+using Mask = BasicMask<ScriptedQuestions>;
 
 }  // namespace calvora
 
