@@ -89,4 +89,28 @@ inline const std::vector<WindowWay>& allWindows() {
   return ways;
 }
 
+/// Opens a window and looks at it and at those that come with it, at a modal one while it is open.
+/// Returns how many there were; all are closed again.
+inline int lookAt(const WindowWay& way, House& house, const std::function<void(QWidget&)>& look) {
+  int seen = 0;
+  const auto lookAndClose = [&](QWidget* window) {
+    if (window == nullptr) return;
+    ++seen;
+    window->activateWindow();
+    House::settle();
+    look(*window);
+    window->close();
+  };
+  QTimer modal;
+  QObject::connect(&modal, &QTimer::timeout,
+                   [&] { lookAndClose(QApplication::activeModalWidget()); });
+  modal.start(20);
+  way.open(house);
+  House::settle();
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window != &house.window) lookAndClose(window);
+  }
+  return seen;
+}
+
 }  // namespace calvora
