@@ -47,7 +47,14 @@ void openAndClose(const WindowWay& way, House& house) {
 qint64 measure(int rounds) {
   House house;
   std::vector<WindowWay> ways = allWindows();
+  const FileRequest request{house.folder.path(), u"cva"_s, u"a"_s};
   ways.push_back({"main", [](House&) { House(); }});
+  ways.push_back({"input box", [](House& h) { h.desktop.real.askText(&h.window, {}); }});
+  ways.push_back({"open", [&](House& h) { h.desktop.real.askOpenFile(&h.window, request); }});
+  ways.push_back({"save", [&](House& h) { h.desktop.real.askSaveFile(&h.window, request); }});
+  ways.push_back({"preview", [](House& h) {
+                    h.desktop.real.showPreview(&h.window, {}, [](QPagedPaintDevice&) {});
+                  }});
   QTextStream out(stdout);
   qint64 sum = 0;
   for (const WindowWay& way : ways) {

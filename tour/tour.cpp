@@ -57,7 +57,7 @@ class Tour {
     showMessages();
     showRuntimeError();
     for (const WindowWay& way : allWindows()) {
-      require(way.ofQt || QFile::exists(file(QLatin1String(way.name) + u".png"_s)),
+      require(QFile::exists(file(QLatin1String(way.name) + u".png"_s)),
               u"a picture of "_s + QLatin1String(way.name));
     }
     out() << "Pictures: " << folder_ << '\n';

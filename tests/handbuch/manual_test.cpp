@@ -136,7 +136,6 @@ class ManualTest : public QObject {
     }
     QStringList buttons;
     for (const WindowWay& way : allWindows()) {
-      if (way.ofQt) continue;
       lookAt(way, house, [&](const QWidget& window) {
         for (const auto* button : window.findChildren<QPushButton*>()) {
           if (button->isVisible()) buttons += button->text();

@@ -7,39 +7,6 @@
 using namespace calvora;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// What a window cannot show whole: texts that need more room than their control has, and controls
-/// that leave the window or lie upon each other.
-QStringList cutTexts(const QWidget& window) {
-  QStringList cut;
-  QList<const QWidget*> seen;
-  for (const QWidget* control : window.findChildren<QWidget*>()) {
-    const auto* label = qobject_cast<const QLabel*>(control);
-    const auto* button = qobject_cast<const QAbstractButton*>(control);
-    if (!control->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
-    const QString text = label != nullptr ? label->text() : button->text();
-    if (text.trimmed().isEmpty()) continue;
-    const bool wraps = label != nullptr && label->wordWrap();
-    const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
-    qsizetype blanks = 0;  // at its end, where nobody misses them
-    while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
-    const int width =
-        control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
-    const QRect place(control->mapTo(&window, QPoint()), control->size());
-    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
-                window.rect().contains(place);
-    for (const QWidget* other : seen) {
-      fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
-    }
-    if (!fits) cut += text;
-    seen += control;
-  }
-  return cut;
-}
-
-}  // namespace
-
 class SmallScreenTest : public QObject {
   Q_OBJECT
 
@@ -70,7 +37,7 @@ class SmallScreenTest : public QObject {
     QTest::addColumn<int>("way");
     QTest::newRow("main") << -1;
     for (int way = 0; way < std::ssize(allWindows()); ++way) {
-      if (!allWindows().at(way).ofQt) QTest::newRow(allWindows().at(way).name) << way;
+      QTest::newRow(allWindows().at(way).name) << way;
     }
   }
 

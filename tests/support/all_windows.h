@@ -33,7 +33,6 @@ struct House : BasicMask<DialogQuestions> {
 struct WindowWay {
   const char* name;  ///< of its picture in the tour
   std::function<void(House&)> open;
-  bool ofQt = false;
 };
 
 /// All windows beside the main one, by all ways.
@@ -45,7 +44,6 @@ inline const std::vector<WindowWay>& allWindows() {
       overview->Command1(button).click();
     };
   };
-  static const FileRequest request{QDir::tempPath(), QStringLiteral("cva"), QStringLiteral("a")};
   static const std::vector<WindowWay> ways{
       {"start", [](House& h) { (new start(h.window, h.desktop))->show(); }},
       {"dateien-save", [](House& h) { h.window.mnu_save->trigger(); }},
@@ -75,16 +73,6 @@ inline const std::vector<WindowWay>& allWindows() {
        }},
       {"runtime-error",
        [](House& h) { h.questions.reportError(QStringLiteral("13 werteingabe\\formz")); }},
-      {"input box",
-       [](House& h) {
-         h.desktop.real.askText(&h.window, {u"a"_qs, u"b"_qs});
-       },
-       true},
-      {"open a file", [](House& h) { h.desktop.real.askOpenFile(&h.window, request); }, true},
-      {"save a file", [](House& h) { h.desktop.real.askSaveFile(&h.window, request); }, true},
-      {"preview",
-       [](House& h) { h.desktop.real.showPreview(&h.window, {}, [](QPagedPaintDevice&) {}); },
-       true},
   };
   return ways;
 }

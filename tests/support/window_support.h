@@ -33,6 +33,35 @@ void onNextModal(QObject* context, std::function<void(Window&)> act, int triesLe
   });
 }
 
+/// What a window cannot show whole: texts that need more room than their control has, and controls
+/// that leave the window or lie upon each other.
+inline QStringList cutTexts(const QWidget& window) {
+  QStringList cut;
+  QList<const QWidget*> seen;
+  for (const QWidget* control : window.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(control);
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    if (!control->isVisibleTo(&window) || (label == nullptr && button == nullptr)) continue;
+    const QString text = label != nullptr ? label->text() : button->text();
+    if (text.trimmed().isEmpty()) continue;
+    const bool wraps = label != nullptr && label->wordWrap();
+    const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
+    qsizetype blanks = 0;  // at its end, where nobody misses them
+    while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
+    const int width =
+        control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
+    const QRect place(control->mapTo(&window, QPoint()), control->size());
+    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
+                window.rect().contains(place);
+    for (const QWidget* other : seen) {
+      fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});
+    }
+    if (!fits) cut += text;
+    seen += control;
+  }
+  return cut;
+}
+
 /// The real main window over a fresh state, with the start window already gone. Its questions are
 /// answered by a script or, for those who ask for it, otherwise.
 template <class Answers>
