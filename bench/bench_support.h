@@ -2,46 +2,29 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-
-#include "app/main_window.h"
-#include "platform/look.h"
-#include "support/one_file_desktop.h"
+#include "storage/project_file.h"
+#include "support/files.h"
+#include "support/window_support.h"
 
 namespace calvora {
 
-/// Takes notice of every message and agrees; a runtime error ends the benchmark.
-class SilentQuestions : public Questions {
- public:
-  Button ask(const Message& message) override {
-    return message.buttons.testFlag(Button::kJa) ? Button::kJa : Button::kOk;
-  }
-  void reportError(const QString& text) override { qFatal("%s", qUtf8Printable(text)); }
-};
+using namespace Qt::StringLiterals;
 
-using Entries = std::vector<std::pair<int, QString>>;
+inline constexpr auto kAcidWater = "1=420 2=7,5 3=10 5=2,5 6=0,25 23=60 24=10 25=20";
+inline constexpr auto kAlkalineWater = "1=400 2=9,8 3=60 5=2,4 4=0,9 23=2 24=1 25=20";
 
-inline Entries acidWater() {
-  const auto t = [](const char* text) { return QString::fromLatin1(text); };
-  return {{1, t("420")},  {2, t("7,5")}, {3, t("10")},  {5, t("2,5")},
-          {6, t("0,25")}, {23, t("60")}, {24, t("10")}, {25, t("20")}};
-}
-
-inline Entries alkalineWater() {
-  const auto t = [](const char* text) { return QString::fromLatin1(text); };
-  return {{1, t("400")}, {2, t("9,8")}, {3, t("60")}, {5, t("2,4")},
-          {4, t("0,9")}, {23, t("2")},  {24, t("1")}, {25, t("20")}};
-}
-
-/// The real main window with a complete analysis typed into it.
-struct Bench {
-  explicit Bench(const Entries& entries) {
-    program.fieldIndex = 0;
-    window.show();
-    for (const auto& [index, text] : entries) enter(index, text);
+/// The real main window with a complete analysis entered into it. Its file dialogs choose the files
+/// "bench.*" of its folder.
+struct Bench : BasicMask<AnyQuestions> {
+  explicit Bench(const char* water = kAcidWater) {
+    desktop.file = folder.filePath(u"bench"_s);
+    for (const QString& entry : QString::fromLatin1(water).split(u' ')) {
+      change(entry.section(u'=', 0, 0).toInt(), entry.section(u'=', 1));
+    }
   }
 
-  void enter(int index, const QString& text) {
+  /// What is measured is not the typing.
+  void change(int index, const QString& text) {
     TextBox& box = window.Text1(index);
     box.setFocus();
     box.selectAll();
@@ -49,13 +32,18 @@ struct Bench {
     program.entryChanged = true;
     window.finishEntry();
   }
-
-  Program program;
-  SilentQuestions questions;
-  OneFileDesktop desktop;
-  subcalc chem{program.record, program.fieldIndex, program.narrow, questions};
-  main window{program, questions, desktop};
 };
+
+inline Project eightAnalyses() {
+  Project project;
+  OverviewGrid& grid = project.grid;
+  for (int k = 1; k <= OverviewGrid::kSlots; ++k) {
+    grid.slot[k].filled = true;
+    grid.slot[k].caption = u"leitungswasser-fuellung-%1"_s.arg(k);
+    for (int row = 0; row < OverviewGrid::kRows; ++row) grid.slot[k].cells[row] = u"1234,5"_s;
+  }
+  return project;
+}
 
 }  // namespace calvora
 

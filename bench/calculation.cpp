@@ -3,35 +3,36 @@
 #include "bench_support.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-void stepsAlone(benchmark::State& state, const Entries& entries) {
-  Bench bench(entries);
-  for ([[maybe_unused]] auto _ : state) bench.chem.rechenlauf();
+void stepsAlone(benchmark::State& state, const char* water) {
+  Bench bench(water);
+  subcalc chem(bench.program.record, bench.program.fieldIndex, bench.program.narrow,
+               bench.questions);
+  for ([[maybe_unused]] auto _ : state) chem.rechenlauf();
 }
 
-void berechnen(benchmark::State& state, const Entries& entries) {
-  Bench bench(entries);
+void berechnen(benchmark::State& state, const char* water) {
+  Bench bench(water);
   for ([[maybe_unused]] auto _ : state) bench.window.berechnen();
 }
 
 /// Two values in turn, so that every run really redisplays.
 void focusLostToMaskShown(benchmark::State& state) {
-  Bench bench(acidWater());
+  Bench bench;
   bool high = false;
   for ([[maybe_unused]] auto _ : state) {
     high = !high;
-    bench.enter(3, high ? u"20"_s : u"10"_s);
-    QCoreApplication::processEvents();
+    bench.change(3, high ? u"20"_s : u"10"_s);
+    Bench::settle();
   }
 }
 
-BENCHMARK_CAPTURE(stepsAlone, acid, acidWater());
-BENCHMARK_CAPTURE(stepsAlone, alkaline, alkalineWater());
-BENCHMARK_CAPTURE(berechnen, acid, acidWater());
-BENCHMARK_CAPTURE(berechnen, alkaline, alkalineWater());
+BENCHMARK_CAPTURE(stepsAlone, acid, kAcidWater);
+BENCHMARK_CAPTURE(stepsAlone, alkaline, kAlkalineWater);
+BENCHMARK_CAPTURE(berechnen, acid, kAcidWater);
+BENCHMARK_CAPTURE(berechnen, alkaline, kAlkalineWater);
 BENCHMARK(focusLostToMaskShown);
 
 }  // namespace

@@ -13,18 +13,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   program.header[7] = QStringLiteral("of another analysis");
   program.record.text[40] = QStringLiteral("of another analysis");
   readAnalysis(program, file.path(), [&] { program.resetRecord(); });
-  fuzz::require(program.record.text[40] != QStringLiteral("of another analysis") &&
-                    program.header[7] != QStringLiteral("of another analysis"),
-                "nothing stays of the analysis before");
+  require(program.record.text[40] != QStringLiteral("of another analysis") &&
+              program.header[7] != QStringLiteral("of another analysis"),
+          "nothing stays of the analysis before");
   for (int i = 0; i <= 40; ++i) {
     const bool empty = program.record.text[i].isEmpty();
-    fuzz::require(!empty || program.record.value[i].isZero(), "a field without text is empty");
+    require(!empty || program.record.value[i].isZero(), "a field without text is empty");
   }
-  fuzz::requireSameAfterSaving(program, file);
+  requireSameAfterSaving(program, file);
 
   subcalc calculation(program.record, program.fieldIndex, program.narrow, questions);
   calculation.clearRuledOutCapacity();
   calculation.rechenlauf();
-  fuzz::requireSameAfterSaving(program, file);
+  requireSameAfterSaving(program, file);
   return 0;
 }

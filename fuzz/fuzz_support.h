@@ -1,54 +1,25 @@
 #pragma once
 
-#include <QFile>
-#include <QStringList>
 #include <QTemporaryDir>
-#include <cstdio>
-#include <cstdlib>
+#include <optional>
 
-#include "base/questions.h"
 #include "entry/decimal.h"
 #include "model/fields.h"
 #include "model/program.h"
-#include "storage/analysis_file.h"
-#include "storage/line_file.h"
+#include "read_back.h"
 
 namespace calvora::fuzz {
 
 using namespace Qt::StringLiterals;
-
-/// A finding: tells what does not hold and ends the run, so that the input is kept.
-[[noreturn]] inline void finding(const char* what, const QString& details) {
-  std::fprintf(stderr, "\nFinding: %s: %s\n", what, qUtf8Printable(details));
-  std::abort();
-}
-
-inline void require(bool holds, const char* what, const QString& details = {}) {
-  if (!holds) finding(what, details);
-}
-
-/// Answers every question and takes no runtime error.
-class AnyQuestions final : public Questions {
- public:
-  Button ask(const Message& message) override {
-    require(!message.text.contains("%1"_L1), "a message has its place filled", message.text);
-    return message.buttons & -message.buttons;
-  }
-  void reportError(const QString& numberAndLocation) override {
-    finding("no procedure fails", numberAndLocation);
-  }
-};
+using calvora::AnyQuestions;
+using calvora::require;
 
 /// A file of the run's own. It is not written safely: nothing has to survive here.
 class TemporaryFile {
  public:
   explicit TemporaryFile(const QString& name) : name_(name) {}
 
-  void put(const QByteArray& content) const {
-    QFile file(path());
-    require(file.open(QFile::WriteOnly) && file.write(content) == content.size(), "the disk works",
-            file.errorString());
-  }
+  void put(const QByteArray& content) const { calvora::put(path(), content); }
   [[nodiscard]] QString folder() const { return folder_.path(); }
   [[nodiscard]] QString path() const { return folder_.filePath(name_); }
 
@@ -66,42 +37,34 @@ inline double shown(QString text) {
   return readNumber(text.replace(QLatin1Char(','), QLatin1Char('.')));
 }
 
-/// What a text is after it went through a file.
-inline QString inFile(const QString& text) {
-  const QString quoted = LineWriter::quoted(text);
-  return quoted.mid(1, quoted.size() - 2);
-}
-
-/// The longest text that is sure to fit on a line with all that may stand beside it.
-inline constexpr qsizetype kSurelyFits = LineReader::kLongestLine - 200;
-
-/// Writes the analysis, reads it back and requires the same one, and the same bytes when it is
-/// written again. A text that no line can hold may be refused instead.
-inline void requireSameAfterSaving(Program& program, const TemporaryFile& file) {
-  QByteArray content;
+/// What `write` returns; nothing if it refuses, for which one of the texts must be too long for a
+/// line with all that may stand beside it.
+template <class Write, class Texts>
+auto written(const Write& write, const Texts& texts) -> std::optional<decltype(write())> {
   try {
-    content = analysisContent(program, program.header[0]);
+    return write();
   } catch (const RuntimeError&) {
     qsizetype longest = 0;
-    for (int slot = 0; slot <= 7; ++slot) longest = std::max(longest, program.header[slot].size());
-    for (int i = 1; i <= 26; ++i) longest = std::max(longest, program.record.text[i].size());
-    require(longest > kSurelyFits, "what was read can be written", QString::number(longest));
-    return;
+    for (const QString& text : texts()) longest = std::max(longest, text.size());
+    require(longest > LineReader::kLongestLine - 200, "what was read can be written",
+            QString::number(longest));
+    return std::nullopt;
   }
-  file.put(content);
-  Program again;
-  require(readAnalysis(again, file.path(), [] {}), "what was written is complete");
-  for (int slot = 0; slot <= 7; ++slot) {
-    require(again.header[slot] == inFile(program.header[slot]), "a header comes back",
-            program.header[slot]);
-  }
-  for (int i = 0; i <= 40; ++i) {
-    const QString text = isShown(i) ? inFile(program.record.text[i]) : QString();
-    const auto value = text.isEmpty() ? FixedPoint{} : program.record.value[i];
-    require(again.record.text[i] == text, "a text comes back", text);
-    require(again.record.value[i] == value, "a value comes back", invariantNumber(value));
-  }
-  require(analysisContent(again, again.header[0]) == content, "writing again gives the same bytes");
+}
+
+/// Writes the analysis and requires that it reads back the same, or that it is refused for a text
+/// that no line can hold.
+inline void requireSameAfterSaving(const Program& program, const TemporaryFile& file) {
+  const auto content = written([&] { return analysisContent(program, program.header[0]); },
+                               [&] {
+                                 QStringList texts;
+                                 for (int i = 0; i <= 7; ++i) texts += program.header[i];
+                                 for (int i = 1; i <= 26; ++i) texts += program.record.text[i];
+                                 return texts;
+                               });
+  if (!content) return;
+  file.put(*content);
+  requireReadsBack(program, program.header[0], file.path());
 }
 
 }  // namespace calvora::fuzz

@@ -2,7 +2,6 @@
 #include "storage/settings.h"
 
 #include <QDir>
-#include <optional>
 
 #include "fuzz_support.h"
 
@@ -12,18 +11,18 @@ namespace {
 
 /// Writes the settings and reads them into new ones. Empty if a text is too long for a line.
 std::optional<Settings> saved(Settings& settings, const fuzz::TemporaryFile& file) {
-  try {
-    writeSettings(settings, file.folder());
-  } catch (const RuntimeError&) {
-    qsizetype longest = 0;
-    for (int slot = 1; slot <= 12; ++slot) longest = std::max(longest, settings.slot[slot].size());
-    for (const QString& segment : settings.segments) longest = std::max(longest, segment.size());
-    fuzz::require(longest > fuzz::kSurelyFits, "what was read can be written");
-    return std::nullopt;
-  }
-  Settings again;
-  readSettings(again, file.folder());
-  return again;
+  return fuzz::written(
+      [&] {
+        writeSettings(settings, file.folder());
+        Settings again;
+        readSettings(again, file.folder());
+        return again;
+      },
+      [&] {
+        QStringList texts(settings.segments.begin(), settings.segments.end());
+        for (int slot = 1; slot <= 12; ++slot) texts += settings.slot[slot];
+        return texts;
+      });
 }
 
 void requireSame(const Settings& settings, const Settings& again, const QString& programFolder) {
@@ -32,11 +31,11 @@ void requireSame(const Settings& settings, const Settings& again, const QString&
     const QString& text = again.slot[slot];
     // A folder that is not given or cannot be stored is the default one.
     const bool usual = slot == setting::kDataFolder && text == defaultDataFolder(programFolder);
-    fuzz::require(usual || text == fuzz::inFile(settings.slot[slot]), "a setting comes back", text);
+    require(usual || text == inFile(settings.slot[slot]), "a setting comes back", text);
   }
   for (size_t i = 0; i < settings.segments.size(); ++i) {
-    fuzz::require(again.segments.at(i) == fuzz::inFile(settings.segments.at(i)),
-                  "a segment comes back", settings.segments.at(i));
+    require(again.segments.at(i) == inFile(settings.segments.at(i)), "a segment comes back",
+            settings.segments.at(i));
   }
 }
 
@@ -55,8 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (!again) return 0;
   requireSame(settings, *again, file.folder());
   const QString& line = again->slot[setting::kPrintLine];
-  fuzz::require(!line.trimmed().isEmpty() && line.size() <= kLongestPrintLine,
-                "a print line is there and fits", line);
+  require(!line.trimmed().isEmpty() && line.size() <= kLongestPrintLine,
+          "a print line is there and fits", line);
 
   // What the company line's window shows, saves, and shows again.
   again->segments = storedSegments(linesOfSegmentList(again->slot[setting::kSegmentList]));
@@ -64,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (!edited) return 0;
   requireSame(*again, *edited, file.folder());
   if (joinedSegments(again->segments).left(kLongestPrintLine).trimmed().isEmpty()) return 0;
-  fuzz::require(linesOfSegmentList(edited->slot[setting::kSegmentList]) == edited->segments,
-                "the window shows what it saved", edited->slot[setting::kSegmentList]);
+  require(linesOfSegmentList(edited->slot[setting::kSegmentList]) == edited->segments,
+          "the window shows what it saved", edited->slot[setting::kSegmentList]);
   return 0;
 }

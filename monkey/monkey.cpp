@@ -15,6 +15,7 @@
 #include <QWheelEvent>
 
 #include "storage/settings.h"
+#include "support/files.h"
 
 namespace calvora::monkey {
 
@@ -24,30 +25,16 @@ namespace {
 
 constexpr int kDeepest = 12;
 
-struct KeyChoice {
-  Qt::Key code;
-  const char* text;
-};
+/// What is on a keyboard and has a text; what users type more often stands there more often.
+const QString kCharacters = u"0123456789,,.-<aZßä\"| "_s;
 
-/// What is on a keyboard; what users press more often stands there more often.
-constexpr KeyChoice kKeys[]{
-    {Qt::Key_0, "0"},          {Qt::Key_1, "1"},         {Qt::Key_2, "2"},
-    {Qt::Key_3, "3"},          {Qt::Key_4, "4"},         {Qt::Key_5, "5"},
-    {Qt::Key_6, "6"},          {Qt::Key_7, "7"},         {Qt::Key_8, "8"},
-    {Qt::Key_9, "9"},          {Qt::Key_Comma, ","},     {Qt::Key_Comma, ","},
-    {Qt::Key_Period, "."},     {Qt::Key_Minus, "-"},     {Qt::Key_Less, "<"},
-    {Qt::Key_A, "a"},          {Qt::Key_Z, "Z"},         {Qt::Key_unknown, "ß"},
-    {Qt::Key_Adiaeresis, "ä"}, {Qt::Key_QuoteDbl, "\""}, {Qt::Key_Bar, "|"},
-    {Qt::Key_Enter, ""},       {Qt::Key_Enter, ""},      {Qt::Key_Enter, ""},
-    {Qt::Key_Return, ""},      {Qt::Key_Return, ""},     {Qt::Key_Tab, ""},
-    {Qt::Key_Tab, ""},         {Qt::Key_Backtab, ""},    {Qt::Key_Down, ""},
-    {Qt::Key_Down, ""},        {Qt::Key_Up, ""},         {Qt::Key_Left, ""},
-    {Qt::Key_Right, ""},       {Qt::Key_Space, " "},     {Qt::Key_Backspace, ""},
-    {Qt::Key_Delete, ""},      {Qt::Key_Home, ""},       {Qt::Key_End, ""},
-    {Qt::Key_PageDown, ""},    {Qt::Key_PageUp, ""},     {Qt::Key_F1, ""},
-    {Qt::Key_F4, ""},          {Qt::Key_F10, ""},        {Qt::Key_Insert, ""},
-    {Qt::Key_Escape, ""},
-};
+/// What has none; the first ones are pressed more often.
+constexpr Qt::Key kKeys[]{Qt::Key_Enter, Qt::Key_Enter,     Qt::Key_Enter,  Qt::Key_Return,
+                          Qt::Key_Tab,   Qt::Key_Tab,       Qt::Key_Down,   Qt::Key_Down,
+                          Qt::Key_Up,    Qt::Key_Backtab,   Qt::Key_Left,   Qt::Key_Right,
+                          Qt::Key_Home,  Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_End,
+                          Qt::Key_F1,    Qt::Key_PageDown,  Qt::Key_F4,     Qt::Key_PageUp,
+                          Qt::Key_F10,   Qt::Key_Insert,    Qt::Key_Escape};
 
 constexpr Qt::Key kShortcuts[]{Qt::Key_S, Qt::Key_S, Qt::Key_O, Qt::Key_P, Qt::Key_N, Qt::Key_A,
                                Qt::Key_C, Qt::Key_X, Qt::Key_V, Qt::Key_Z, Qt::Key_Q, Qt::Key_Home};
@@ -64,19 +51,18 @@ Monkey::Monkey(unsigned seed, int events, const QString& folder)
       folder_(folder),
       desktop_(dice_, folder + u"/daten"_s),
       trail_(folder + u"/trail.txt"_s) {
-  require(trail_.open(QFile::WriteOnly | QFile::Unbuffered), u"the trail can be written"_s);
+  require(trail_.open(QFile::WriteOnly | QFile::Unbuffered), "the trail can be written");
   prepareFolder();
 }
 
 void Monkey::prepareFolder() {
   const QDir examples(QCoreApplication::applicationDirPath() + u"/daten"_s);
   const QDir data(folder_ + u"/daten"_s);
-  require(data.mkpath(u"."_s), data.path());
+  require(data.mkpath(u"."_s), "no folder", data.path());
   for (const QString& name : examples.entryList({u"*.cva"_s}, QDir::Files)) {
-    require(QFile::copy(examples.filePath(name), data.filePath(name)), name);
+    require(QFile::copy(examples.filePath(name), data.filePath(name)), "no example", name);
   }
-  QFile manual(folder_ + u"/hb_cvra.pdf"_s);
-  require(manual.open(QFile::WriteOnly), manual.fileName());
+  put(folder_ + u"/hb_cvra.pdf"_s, {});
 }
 
 void Monkey::play() {
@@ -86,7 +72,7 @@ void Monkey::play() {
 /// One run of the program, wired as the program itself is, but with its folder elsewhere.
 void Monkey::runProgram() {
   ++starts_;
-  desktop_.ended = false;
+  desktop_.ended = 0;
   Program program;
   program.programFolder = folder_;
   desktop_.program = &program;
@@ -106,9 +92,9 @@ void Monkey::checkSettings(const Program& program) {
   if (settings.unsaved) return;
   Settings again;
   readSettings(again, program.programFolder);
-  require(again.segments == settings.segments, u"the company line comes back"_s);
+  require(again.segments == settings.segments, "the company line comes back");
   const QString& folder = settings.slot[setting::kDataFolder];
-  require(again.slot[setting::kDataFolder] == folder, u"the data folder comes back: "_s + folder);
+  require(again.slot[setting::kDataFolder] == folder, "the data folder comes back", folder);
 }
 
 QString Monkey::summary() const {
@@ -129,7 +115,7 @@ void Monkey::timerEvent(QTimerEvent* event) {
   // The same timer would not fire inside what is played now.
   killTimer(timer_);
   timer_ = 0;
-  if (desktop_.ended) return;
+  if (desktop_.ended > 0) return;
   if (played_ >= events_) {
     QCoreApplication::exit(0);
     return;
@@ -140,7 +126,7 @@ void Monkey::timerEvent(QTimerEvent* event) {
   ++played_;
   deepest_ = std::max(deepest_, ++depth_);
   const auto done = qScopeGuard([this] { --depth_; });
-  require(depth_ <= kDeepest, u"windows do not pile up"_s);
+  require(depth_ <= kDeepest, "windows do not pile up");
   ++windows_[QLatin1String(window->metaObject()->className()) + ' '_L1 +
              window->windowTitle().simplified()];
   playOn(*window);
@@ -178,7 +164,8 @@ void Monkey::playOn(QWidget& window) {
   if (what < 95) return turnWheel(window);
   if (what < 97) return resize(window);
   if (what < 99) return key(window, Qt::Key_Escape, {}, Qt::NoModifier);
-  close(window);
+  note("close", window);
+  window.close();
 }
 
 void Monkey::note(const char* what, const QWidget& on, const QString& details) {
@@ -199,10 +186,10 @@ void Monkey::key(QWidget& window, Qt::Key code, const QString& text,
 }
 
 void Monkey::typeInto(QWidget& window) {
-  const KeyChoice& choice = kKeys[dice_.below(std::ssize(kKeys))];
-  const bool shift = dice_.percent(8);
-  key(window, choice.code, QString::fromUtf8(choice.text),
-      shift ? Qt::ShiftModifier : Qt::NoModifier);
+  const auto shift = dice_.percent(8) ? Qt::ShiftModifier : Qt::NoModifier;
+  if (dice_.percent(50)) return key(window, dice_.oneOf(kKeys), {}, shift);
+  const QChar character = kCharacters[dice_.below(kCharacters.size())];
+  key(window, static_cast<Qt::Key>(character.toUpper().unicode()), character, shift);
 }
 
 void Monkey::shortcut(QWidget& window) {
@@ -210,7 +197,7 @@ void Monkey::shortcut(QWidget& window) {
     const auto letter = static_cast<Qt::Key>(Qt::Key_A + dice_.below(26));
     return key(window, letter, QString(QChar(letter)).toLower(), Qt::AltModifier);
   }
-  key(window, kShortcuts[dice_.below(std::ssize(kShortcuts))], {}, Qt::ControlModifier);
+  key(window, dice_.oneOf(kShortcuts), {}, Qt::ControlModifier);
 }
 
 void Monkey::paste(QWidget& window) {
@@ -301,11 +288,6 @@ void Monkey::resize(QWidget& window) {
   if (window.windowType() == Qt::Popup) return;
   note("resize", window);
   window.resize(100 + dice_.below(1400), 100 + dice_.below(1000));
-}
-
-void Monkey::close(QWidget& window) {
-  note("close", window);
-  window.close();
 }
 
 }  // namespace calvora::monkey

@@ -8,18 +8,16 @@
 #include "app/main_window.h"
 #include "dialogs/windows/dialog_questions.h"
 #include "monkey_desktop.h"
+#include "support/finding.h"
 
 namespace calvora::monkey {
 
 /// The program's own messages, answered like every other window. A runtime error is a finding: the
 /// monkey's folders can be read and written.
-class MonkeyQuestions final : public Questions {
+class MonkeyQuestions final : public AnyQuestions {
  public:
   explicit MonkeyQuestions(Desktop& desktop) : dialogs_(desktop) {}
   Button ask(const Message& message) override { return dialogs_.ask(message); }
-  void reportError(const QString& numberAndLocation) override {
-    require(false, QStringLiteral("runtime error ") + numberAndLocation);
-  }
 
  private:
   DialogQuestions dialogs_;
@@ -60,7 +58,6 @@ class Monkey : public QObject {
   void drop(QWidget& window);
   void turnWheel(QWidget& window);
   void resize(QWidget& window);
-  void close(QWidget& window);
 
   // How a user does it.
   void key(QWidget& window, Qt::Key code, const QString& text, Qt::KeyboardModifiers modifiers);

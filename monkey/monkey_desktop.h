@@ -5,9 +5,7 @@
 #include <random>
 
 #include "model/program.h"
-#include "platform/desktop.h"
-#include "platform/paper.h"
-#include "storage/project_file.h"
+#include "support/recording_desktop.h"
 
 namespace calvora::monkey {
 
@@ -22,22 +20,19 @@ class Dice {
 
   template <class List>
   const auto& oneOf(const List& list) {
-    return list[static_cast<typename List::size_type>(below(std::ssize(list)))];
+    return list[static_cast<size_t>(below(std::ssize(list)))];
   }
 
  private:
   std::mt19937 random_;
 };
 
-/// Tells what does not hold and ends the process.
-void require(bool holds, const QString& what);
-
 /// A desktop whose dialogs answer at random: files that are sound, damaged, missing or no files,
 /// new names and old ones, cancelled. All of them lie in one folder. Whatever the program says that
 /// it saved is read back and compared.
-class MonkeyDesktop final : public Desktop {
+class MonkeyDesktop final : public RecordingDesktop {
  public:
-  MonkeyDesktop(Dice& dice, const QString& folder);
+  MonkeyDesktop(Dice& dice, const QString& folder) : dice_(dice), folder_(folder) {}
 
   void endProgram() override;
   bool openDocument(const QString& path) override;
@@ -45,14 +40,11 @@ class MonkeyDesktop final : public Desktop {
   std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) override;
   std::optional<QString> askText(QWidget* parent, const TextRequest& request) override;
   std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;
-  void showPreview(QWidget* parent, const PrintRequest& request,
-                   const std::function<void(QPagedPaintDevice&)>& paint) override;
 
   /// A text as users and other programs would put it into a field, from sensible to hostile.
   QString anyText();
 
   Program* program = nullptr;  ///< the running one
-  bool ended = false;
   int loads = 0;
   int saves = 0;  ///< all of them read back
   int prints = 0;
@@ -60,12 +52,9 @@ class MonkeyDesktop final : public Desktop {
  private:
   QString anyName(const QString& extension);
   void damageOne(const QString& extension);
-  void checkAnalysis(const QString& path);
-  void checkProject(const QString& path, const Project& project);
 
   Dice& dice_;
   QDir folder_;
-  RealDesktop real_;
   QPointer<QObject> check_;  ///< of the save that was asked for last
 };
 

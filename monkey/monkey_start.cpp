@@ -27,7 +27,7 @@ std::map<QString, int>& complaints() {
 }
 
 void noteComplaint(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type == QtFatalMsg) calvora::monkey::require(false, text);
+  if (type == QtFatalMsg) calvora::finding("fatal", text);
   // That an event means nothing to a control, and what this platform does not have.
   const bool usual = text.endsWith("not accepted by receiving widget"_L1) ||
                      text.startsWith("This plugin does not support"_L1);
@@ -44,8 +44,8 @@ void watch(const std::stop_token& stop, const std::atomic<int>& played) {
       seen = played;
       since = clock::now();
     }
-    calvora::monkey::require(clock::now() - since < kLongestEvent,
-                             u"event %1 does not end"_s.arg(seen));
+    calvora::require(clock::now() - since < kLongestEvent, "an event does not end",
+                     QString::number(seen));
   }
 }
 

@@ -197,6 +197,7 @@ class Tour {
       dateien.Command1->click();
     });
     desktop_.file = file(u"rundgang"_s);
+    QFile::remove(file(u"rundgang.cva"_s));  // of a tour before; else the program asks
     shortcut(Qt::Key_S);
     shortcut(Qt::Key_N);
     require(program_.record == AnalysisRecord{}, u"the empty mask"_s);
@@ -357,6 +358,7 @@ class Tour {
   void saveAndReload(analysen& overview) {
     const OverviewGrid before = overview.project().grid;
     desktop_.file = file(u"rundgang"_s);
+    QFile::remove(file(u"rundgang.cvp"_s));
     expectModal<Dateien>(u"overview-save"_s, [this](Dateien& dateien) {
       expectModal<nachricht>(u"overview-saved"_s, Qt::Key_Enter);
       dateien.Command1->click();
