@@ -20,7 +20,7 @@ class Dice {
 
   template <class List>
   const auto& oneOf(const List& list) {
-    return list[static_cast<size_t>(below(std::ssize(list)))];
+    return *std::next(std::begin(list), below(std::ssize(list)));
   }
 
  private:

@@ -180,7 +180,7 @@ class Tour {
 
   void saveStartOverAndLoad() {
     const QStringList before = shownTexts();
-    expectModal<Dateien>(u"dateien-save"_s, [this](Dateien& dateien) {
+    expectModal<Dateien>(u"dateien-save"_s, [](Dateien& dateien) {
       const std::pair<QWidget*, QString> fields[] = {
           {dateien.Text1, u"Wohnanlage Beispielhof"_s},
           {dateien.Text2, u"2026-014"_s},
