@@ -11,11 +11,7 @@
 using namespace calvora;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString kSaveQuestion = u" Daten vorher speichern ?"_s;
-
-}  // namespace
+namespace {}  // namespace
 
 class MainWindowTest : public QObject {
   Q_OBJECT
@@ -105,10 +101,7 @@ class MainWindowTest : public QObject {
       QCOMPARE(mask.window.Text1(box).isReadOnly(), locked.contains(box));
     }
     QCOMPARE(mask.program.entryChanged, row[3].endsWith('!'_L1));
-    for (const Message& message : mask.questions.asked) {
-      QCOMPARE(message.title, u"Eingabefehler"_s);
-      QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
-    }
+    if (!mask.questions.asked.empty()) QCOMPARE(mask.program.record.flag[flag::kStatus], u"1"_s);
     if (!mask.program.entryChanged) mask.press(Qt::Key_Down);  // must not bring the message back
   }
 
@@ -207,7 +200,7 @@ class MainWindowTest : public QObject {
     mask.focus(3);
     mask.keys(u"99"_s);
     mask.questions.expect(says(u"3 1-90 °C"_s));
-    mask.questions.expect(kSaveQuestion, Button::kAbbrechen);
+    mask.questions.expect(says(u"save-first"_s), Button::kAbbrechen);
     if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
     if (command == "menu"_L1) mask.window.mnu_ende->trigger();
     if (command == "button"_L1) QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
@@ -275,7 +268,7 @@ class MainWindowTest : public QObject {
     mask.program.dataPresent = true;
     mask.program.settings.slot[setting::kDataFolder] = u"/gibt/es/nicht"_s;  // is read again
     QVERIFY(mask.window.eincheck());
-    mask.questions.expect(kSaveQuestion, Button::kNein);
+    mask.questions.expect(says(u"save-first"_s), Button::kNein);
     mask.focus(20);
     mask.press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(mask.program.record, AnalysisRecord{});
@@ -293,7 +286,7 @@ class MainWindowTest : public QObject {
 
   void aTextInAFieldIsDataToPrintAndToSave() {
     Mask mask;
-    mask.questions.expect(u"Es sind keine Daten zum speichern  \n\r vorhanden ! "_s);
+    mask.questions.expect(says(u"nothing-to-save"_s));
     mask.press(Qt::Key_S, Qt::ControlModifier);
     for (int field = 0; field <= 40; ++field) {
       mask.program.resetRecord();
@@ -301,7 +294,7 @@ class MainWindowTest : public QObject {
       const bool printed = (field >= 2 && field <= 7) || (field >= 20 && field <= 26);
       QCOMPARE(mask.window.eincheck(), printed);
     }
-    mask.questions.expect(u"Es sind keine Daten zum drucken  \n\r vorhanden ! "_s);
+    mask.questions.expect(says(u"nothing-to-print"_s));
     mask.press(Qt::Key_P, Qt::ControlModifier);
     mask.program.record.text[26] = u"1"_s;
     onNextModal<Drucker>(this, [](Drucker& window) { window.close(); });
@@ -325,7 +318,7 @@ class MainWindowTest : public QObject {
     mask.enter(2, u"10"_s);
     QCOMPARE(takeErrors(), QStringList{u"11 main_T1_lostfocus"_s});
     QVERIFY(mask.window.Text1(6).isReadOnly());
-    mask.questions.expectAndRaise(kSaveQuestion, fault);
+    mask.questions.expectAndRaise(says(u"save-first"_s), fault);
     mask.press(Qt::Key_N, Qt::ControlModifier);
     QCOMPARE(takeErrors(), QStringList{u"11 main_neustart"_s});
     mask.enter(2, u"7"_s);

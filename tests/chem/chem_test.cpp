@@ -262,15 +262,10 @@ class ChemTest : public QObject {
     for (int number = 1; number <= 13; ++number) {
       Water water;
       int answer = number;
+      water.questions.expect(says(u"%1 0,5"_s.arg(number)));
       water.chem.message(answer, u"0,5"_s);
-      const Message& shown = water.questions.asked.at(0);
-      QCOMPARE(shown.text, says(u"%1 0,5"_s.arg(number)));
-      const int symbol =
-          kCatalogue.section(u"|\n"_s, number - 1, number - 1).section('|', 0, 0).toInt();
-      QCOMPARE(static_cast<int>(shown.symbol), symbol);
-      QCOMPARE(u"%1 %2 %3 %4"_s.arg(shown.title, shown.style).arg(shown.left).arg(shown.top),
-               u"Eingabefehler 210|10 500 500"_s);
-      QCOMPARE(shown.buttons.toInt() + answer, 2);  // "OK" alone, which was pressed
+      QCOMPARE(water.questions.complaints(), QString());
+      QCOMPARE(answer, 1);  // "OK" was pressed
     }
   }
 

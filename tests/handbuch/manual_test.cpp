@@ -29,22 +29,24 @@ QString squeezed(QString text) {
   return text.normalized(QString::NormalizationForm_KC).remove(kBlanks).remove('&'_L1);
 }
 
-/// Every string in the sources that is, or is part of, a message: all of the catalogues, and
-/// elsewhere what ends in an exclamation or question mark or titles a message.
+/// Every line of the messages, and every string in the sources that may be one: what ends in an
+/// exclamation or question mark or titles a message.
 QStringList messageTexts() {
   static const QRegularExpression kText(u"(title = )?u\"([^\"]+)\"_s"_s);
-  static const QRegularExpression kGap(uR"(%\d|\\n\\r)"_s);
+  static const QRegularExpression kGap(uR"(%\d|\\n\\r|¶)"_s);
   static const QRegularExpression kCalls(u"[!?] *$"_s);
   QStringList texts;
+  for (const QString& line : messageLines()) {
+    texts += line.section('|'_L1, 5, 5).split(kGap, Qt::SkipEmptyParts);
+  }
   QDirIterator sources(QStringLiteral(CALVORA_SOURCES), {u"*.cpp"_s}, QDir::Files,
                        QDirIterator::Subdirectories);
   while (sources.hasNext()) {
-    const QString path = sources.next();
-    const bool catalogue = path.endsWith("meldungen.cpp"_L1);
-    for (auto found = kText.globalMatch(QString::fromUtf8(bytesOf(path))); found.hasNext();) {
+    const QString source = QString::fromUtf8(bytesOf(sources.next()));
+    for (auto found = kText.globalMatch(source); found.hasNext();) {
       const QRegularExpressionMatch match = found.next();
       const QString text = match.captured(2);
-      if (catalogue || !match.captured(1).isEmpty() || text.contains(kCalls)) {
+      if (!match.captured(1).isEmpty() || text.contains(kCalls)) {
         texts += text.split(kGap, Qt::SkipEmptyParts);
       }
     }

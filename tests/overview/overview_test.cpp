@@ -17,9 +17,6 @@ using namespace calvora;
 
 namespace {
 
-const QString kIncomplete = u" Die Datei konnte nicht vollständig gelesen werden ! "_s;
-const QString kSaved = u"Die Dateien wurden als  \n\rProjekt gespeichert !"_s;
-const QString kClear = u"Alle Einträge werden gelöscht !"_s;
 const QString kTip = u" click -  für Analysen-Datei öffnen  "_s;
 
 QByteArray golden() {
@@ -111,13 +108,13 @@ struct Room {
     }
     const bool goesOn = kind != 'n'_L1 && kind != 'a'_L1;
     if (k > 0 && grid().slot[k].filled) {
-      mask.questions.expect(u"Wasser - %1  \n\rentfernen ?"_s.arg(k),
+      mask.questions.expect(says(u"overview-remove %1"_s.arg(k)),
                             goesOn ? Button::kJa : Button::kNein);
     }
     if (clears && !filled().isEmpty()) {
-      mask.questions.expect(kClear, goesOn ? Button::kOk : Button::kAbbrechen);
+      mask.questions.expect(says(u"overview-clear"_s), goesOn ? Button::kOk : Button::kAbbrechen);
     }
-    if (kind == 's'_L1) mask.questions.expect(kSaved);
+    if (kind == 's'_L1) mask.questions.expect(says(u"overview-saved"_s));
     const int button = !clears ? 4 : u"pq"_s.contains(kind) ? 5 : 2;
     (k > 0 ? static_cast<QAbstractButton&>(window->Label1(k)) : window->Command1(button)).click();
   }
@@ -244,19 +241,19 @@ class OverviewTest : public QObject {
   void aFileReadInPartFillsItsSlotAndIsTold() {
     Room room;
     room.put("cut.cva", analysisFile().left(analysisFile().indexOf("\"4\"") + 1));
-    room.mask.questions.expect(kIncomplete);
+    room.mask.questions.expect(says(u"file-incomplete"_s));
     room.choose("cut.cva");
     room.window->Label1(1).click();
     QCOMPARE(room.grid().slot[1].cells[3], u"3"_s);
     // What cannot be opened at all leaves the slot as it is.
-    room.mask.questions.expect(kIncomplete);
+    room.mask.questions.expect(says(u"file-incomplete"_s));
     room.mask.desktop.paths = {room.folder.path()};
     room.window->Label1(2).click();
     QCOMPARE(room.filled(), u"1"_s);
     // A column that only begins in a project is shown, but is no filled slot.
     room.put("cut.cvp", golden().split('\n').mid(0, 40).join('\n'));
-    room.mask.questions.expect(kClear);
-    room.mask.questions.expect(kIncomplete);
+    room.mask.questions.expect(says(u"overview-clear"_s));
+    room.mask.questions.expect(says(u"file-incomplete"_s));
     room.choose("cut.cvp", [](Dateien& header) {
       QVERIFY(header.Label9->isVisible());
       QCOMPARE(header.Text3->text() + header.Text6->text(), QString());

@@ -26,8 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kFailure = u" Der Ausdruck konnte nicht erstellt werden ! "_s;
-
 QString outputOf(const QString& program, const QStringList& arguments) {
   QProcess process;
   process.start(program, arguments);
@@ -150,7 +148,7 @@ class PrintTest : public QObject {
     mask.program.record.clear();
     mask.program.record.text[feld::kPhBei25] = u"7,5"_s;
     mask.activate();
-    mask.questions.expect(u"Es sind keine Daten zum drucken  \n\r vorhanden ! "_s);
+    mask.questions.expect(says(u"nothing-to-print"_s));
     mask.press(Qt::Key_P, Qt::ControlModifier);
   }
 
@@ -244,7 +242,7 @@ class PrintTest : public QObject {
     const auto dialog = mask.opened(Bericht::kAnalyse);
     Drucker& window = *dialog;
     window.Text1(2).setText(u"Neubau"_s);
-    if (!row[1].isEmpty()) mask.questions.expect(kFailure);
+    if (!row[1].isEmpty()) mask.questions.expect(says(u"not-printed"_s));
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     if (fault == "disk full"_L1) {

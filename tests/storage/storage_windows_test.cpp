@@ -22,7 +22,6 @@ using namespace calvora;
 
 namespace {
 
-const QString kIncomplete = u" Die Datei konnte nicht vollständig gelesen werden ! "_s;
 const QByteArray kSmallFile =
     "\"brunnen\"\r\n\"Projekt A\"\r\n\"7\"\r\n\"Probe\"\r\n\"Caf\xE9\"\r\n\"03.02.2026\"\r\n"
     "\"05.02.2026\"\r\n\"nass\"\r\n\"ende\"\r\n1,420,\"420,0000\"\r\n20,10.6868,\"10,7\"\r\n"
@@ -52,9 +51,7 @@ struct House : Mask {
     press(Qt::Key_S, Qt::ControlModifier);
   }
   void expectReplacing(const QString& name, Button answer) {
-    questions.expect(
-        u" Die Datei \n\r %1\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s.arg(name),
-        answer);
+    questions.expect(says(u"file-replace "_s + name), answer);
   }
   /// A message of the catalogue.
   void expectMessage(int code, Button answer = Button::kOk, const QString& extra = {}) {
@@ -200,7 +197,6 @@ class StorageWindowsTest : public QObject {
     });
     QCOMPARE(house.desktop.requests.front().proposed, u"a-b.cva"_s);
     for (const Message& question : house.questions.asked) {
-      QCOMPARE(question.buttons, Button::kJa | Button::kNein);
       nachricht shown;
       shown.messein(question);
       QVERIFY(shown.Command1(3).isDefault() && !shown.Command1(2).isDefault());
@@ -335,7 +331,7 @@ class StorageWindowsTest : public QObject {
     }
     // What cannot be opened leaves the analysis that is there, and says so.
     house.desktop.paths = {house.folder.path()};
-    house.questions.expect(kIncomplete);
+    house.questions.expect(says(u"file-incomplete"_s));
     house.activate();
     house.press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(house.window.Text1(1).text(), u"420,0000"_s);
@@ -357,7 +353,7 @@ class StorageWindowsTest : public QObject {
     QFETCH(QByteArray, content);
     House house;
     put(house.at(u"a.cva"_s), content);
-    house.questions.expect(kIncomplete);
+    house.questions.expect(says(u"file-incomplete"_s));
     house.load(u"a.cva"_s, [](Dateien&) {});
     QTEST(house.window.Text1(1).text(), "conductivity");
   }
@@ -417,8 +413,6 @@ class StorageWindowsTest : public QObject {
     if (given.startsWith("load"_L1)) house.press(Qt::Key_O, Qt::ControlModifier);
     if (given.startsWith("new"_L1)) house.press(Qt::Key_N, Qt::ControlModifier);
     if (given.startsWith("end"_L1)) QCOMPARE(house.window.close(), ends);
-    QCOMPARE(house.questions.asked.front().buttons,
-             Button::kJa | Button::kNein | Button::kAbbrechen);
     QCOMPARE(house.desktop.ended, ends ? 1 : 0);
     QCOMPARE(bytesOf(saved).contains("1,500,"), saves && !cancelled);
     const bool gone = loads || (given.startsWith("new"_L1) && discards);
@@ -463,9 +457,7 @@ class StorageWindowsTest : public QObject {
     QCOMPARE(house.program.settings.slot[setting::kDataFolder], QString());
     // A folder whose name no file can hold, or that is gone, is refused.
     click(window, {here, u"Вода"_s});
-    house.questions.expect(
-        joinedLines({u" Der Name dieses Ordners enthält Zeichen, die nicht "_s,
-                     u" gespeichert werden können. Wählen Sie einen anderen ! "_s}));
+    house.questions.expect(says(u"folder-unwritable"_s));
     window.Command1(1).click();
     click(window, {here, u"daten"_s});
     QVERIFY(QDir().rmdir(house.at(u"daten"_s)));

@@ -5,7 +5,7 @@
 #include <deque>
 #include <functional>
 
-#include "base/questions.h"
+#include "support/messages.h"
 
 namespace calvora {
 
@@ -25,6 +25,7 @@ class ScriptedQuestions : public Questions {
 
   Button ask(const Message& message) override {
     asked.push_back(message);
+    if (!isKnown(message)) unexpected_ += QStringLiteral("not in messages.txt: ") + message.text;
     if (script_.empty()) {
       unexpected_ += message.text;
       return Button::kOk;

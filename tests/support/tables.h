@@ -3,23 +3,11 @@
 #include <QStringList>
 #include <QTest>
 
-#include "support/files.h"
+#include "support/messages.h"
 
 namespace calvora {
 
 using namespace Qt::StringLiterals;
-
-/// Messages 1 to 13 as symbol|text|, a line break as ¶, the text built in as %1.
-inline const QString kCatalogue =
-    QString::fromUtf8(bytesOf(QFINDTESTDATA("support/messages.txt"))).prepend('\n');
-
-/// The text of a message, given as its number and the text built in, ␣ a blank at its end.
-inline QString says(const QString& message) {
-  const int number = message.section(' ', 0, 0).toInt();
-  const QString built = message.section(' ', 1).replace(u"␣"_s, u" "_s);
-  QString text = kCatalogue.section(u"|\n"_s, number - 1, number - 1).section('|', 1);
-  return text.remove('\n').replace(u"¶"_s, u"\n\r"_s).replace(u"%1"_s, built);
-}
 
 /// One test row per line, cells separated by "|". A line without one names the group of the next.
 inline void addRows(const QString& table) {

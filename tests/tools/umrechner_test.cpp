@@ -116,9 +116,7 @@ field, slot, typed; told; own slot in the end; message on taking it over; box
       mask.desktop.texts += text == "cancel"_L1 ? QString() : text;
     }
     for (const QString& told : row[1].split(';', Qt::SkipEmptyParts)) {
-      mask.questions.expect(told == 'N'_L1 ? u" Bitte nur Zahlen eingeben ! "_s
-                                           : u" Der Wert ist zu groß ! \n\r Es sind höchstens "_s +
-                                                 told + u" zulässig. "_s);
+      mask.questions.expect(says(told == 'N'_L1 ? u"not-a-number"_s : u"too-large "_s + told));
     }
     const auto& clicked = typed.size() > 1 ? window.Label1 : window.Label3;
     QTest::mouseClick(&clicked(slot), Qt::LeftButton);
@@ -161,7 +159,7 @@ field, slot, typed; told; own slot in the end; message on taking it over; box
     // A fault is reported, the mask shows what the record holds, and the way out stays open.
     const auto fault = [] { throw RuntimeError(ErrorNumber::kOverflow); };
     mask.desktop.texts = {u"x"_s, u"200"_s};
-    mask.questions.expectAndRaise(u" Bitte nur Zahlen eingeben ! "_s, fault);
+    mask.questions.expectAndRaise(says(u"not-a-number"_s), fault);
     QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
     QTest::mouseClick(&window.Label1(1), Qt::LeftButton);
     mask.questions.expectAndRaise(says(u"3 1-90 °C"_s), fault);
