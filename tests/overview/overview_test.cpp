@@ -9,7 +9,6 @@
 #include "storage/project_file.h"
 #include "storage/windows/dateien.h"
 #include "support/files.h"
-#include "support/shown_window.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 

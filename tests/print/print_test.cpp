@@ -17,7 +17,6 @@
 
 #include "print/windows/drucker.h"
 #include "print/windows/report_printer.h"
-#include "support/golden.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "print/report.h"
-#include "support/golden.h"
+#include "support/tables.h"
 
 using namespace calvora;
 using namespace Qt::StringLiterals;

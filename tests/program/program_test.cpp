@@ -6,8 +6,6 @@
 #include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/windows/nachricht.h"
-#include "support/golden.h"
-#include "support/shown_window.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 #include "tools/windows/dimum.h"

@@ -7,7 +7,6 @@
 #include "dialogs/windows/dialog_questions.h"
 #include "overview/windows/analysen.h"
 #include "support/files.h"
-#include "support/shown_window.h"
 #include "support/window_support.h"
 
 namespace calvora {

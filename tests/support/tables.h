@@ -42,4 +42,14 @@ void rows(const char* table) {
   }
 }
 
+/// Compares lines with those of a golden file, which is named by its path below tests/.
+inline void compareWithGolden(const QStringList& lines, const QString& name) {
+  const QStringList golden =
+      QString::fromUtf8(bytesOf(QFINDTESTDATA(name))).trimmed().split(QLatin1Char('\n'));
+  for (qsizetype i = 0; i < std::max(lines.size(), golden.size()); ++i) {
+    const QString number = QString::number(i + 1) + u": "_s;
+    QCOMPARE(number + lines.value(i), number + golden.value(i));
+  }
+}
+
 }  // namespace calvora

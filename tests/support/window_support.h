@@ -15,6 +15,16 @@
 
 namespace calvora {
 
+/// The window of a kind that is shown, or nothing.
+template <class Window>
+Window* shownWindow() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    auto* window = dynamic_cast<Window*>(widget);
+    if (window != nullptr && window->isVisible()) return window;
+  }
+  return nullptr;
+}
+
 /// What is to happen to the next modal window of a kind, once it is shown and active. The test
 /// fails if none comes; a window in which something failed is closed, so that the test ends.
 template <class Window>
@@ -109,9 +119,7 @@ struct BasicMask {
 
   /// Types characters into the box that has the focus.
   void keys(const QString& text) {
-    for (const QChar c : text) {
-      QTest::keyClick(window.focusWidget(), c.toLatin1());
-    }
+    for (const QChar c : text) QTest::keyClick(window.focusWidget(), c.toLatin1());
     settle();
   }
 
@@ -124,11 +132,7 @@ struct BasicMask {
   void enter(int box, const QString& text) {
     focus(box);
     window.Text1(box).selectAll();
-    if (text.isEmpty()) {
-      press(Qt::Key_Backspace);
-    } else {
-      keys(text);
-    }
+    text.isEmpty() ? press(Qt::Key_Backspace) : keys(text);
     press(Qt::Key_Enter);
   }
 
