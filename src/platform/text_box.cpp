@@ -21,7 +21,9 @@ class TextBox::Filter : public QValidator {
 
   State validate(QString& text, int& cursor) const override {
     const qsizetype length = text.size() - box_.known_.size() + box_.selected_;
-    if (box_.unfiltered_ || length <= 0) return Acceptable;
+    // The toolkit also asks when the focus leaves, even while the box's window is taken down.
+    const bool asksOnly = text == box_.known_;
+    if (box_.unfiltered_ || asksOnly || length <= 0) return Acceptable;
     const QString incoming = box_.filter(text.mid(box_.start_, length));
     text.replace(box_.start_, length, incoming);
     cursor = static_cast<int>(box_.start_ + incoming.size());
