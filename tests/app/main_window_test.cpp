@@ -11,16 +11,15 @@
 using namespace calvora;
 using namespace Qt::StringLiterals;
 
-namespace {}  // namespace
-
 class MainWindowTest : public QObject {
   Q_OBJECT
 
  private slots:
   // ⏎ ↓ ↑ ⇥ ␣ ⌫ are keys, and so is every other character; @5 clicks into box 5 and D5 doubly, V
-  // pastes, C composes, T5: drops on box 5 (¶ a line end, → a tab). No event loop runs within a
-  // step. Then the message that comes; what boxes and L displays show; the box with the focus (@),
-  // locked ones (#), and ! where the entry is going on.
+  // pastes, C composes, T5: drops on box 5 (¶ a line end, → a tab), K clicks the toggle. No event
+  // loop runs within a step. Then the message that comes; what boxes and L displays show; K, what
+  // box 1, the toggle and the unit show; the box with the focus (@), locked ones (#), and ! where
+  // the entry is going on.
   void entriesGoTheirWay_data() {
     addRows(
         uR"(
@@ -28,12 +27,10 @@ class MainWindowTest : public QObject {
       faster than the program   | 420⏎7⇥⇥        |            | 1=420,0000 2=7,0000 #4 @5
       number characters         | <1,2.3         |            | 1=<1,2.3 @1 !
       no number characters      | aE%-ß          |            | 1= @1
-      letters between digits    | 1x2            |            | 1=12 @1 !
       space empties             | @3 10⏎ 0,5⏎ @3 ␣ |          | 3= 4=0,5000 @3 !
       what is emptied is checked | @3 10⏎ 0,5⏎ @3 ␣ ⏎ |       | 3= 4= @3
       once                      | @3 10⏎ @3 ␣ ⏎ ⏎ |           | 3= @4
       walked with the keys      | @6 ↓↓↓↑↑       |            | @20
-
       the value stays           | 20⏎ 10⏎        | 1 25       | 1=20,0000 2=10,0000 #6 @3
       the focus goes on         | @2 12,1⏎       | 3 4- 12    | 2= @3
       the focus comes back      | @3 91⏎         | 3 1-90 °C  | 3= @3
@@ -53,10 +50,7 @@ class MainWindowTest : public QObject {
       one number                | @5 V→0,25→¶    |            | 5=0,25 @5 !
       a negative one            | @6 V-0,3       |            | 6=-0,3 @6 !
       at the cursor             | @5 1, V2       |            | 5=1,2 @5 !
-      behind another            | @5 1,2 V5,5    |            | 5=1,2 @5 !
       a minus inside            | @5 1 V-2       |            | 5=1 @5 !
-      with a unit               | V0,25_mmol/l   |            | 1= @1
-      a word between            | V12_abc_5      |            | 1= 2= 3= @1
       separated by blanks       | V1_5           |            | 1= 2= @1
       a difference              | V0-1           |            | 1= @1
       a separator alone         | @5 1 V,        |            | 5=1 @5 !
@@ -75,6 +69,17 @@ class MainWindowTest : public QObject {
       dropped on another        | T5:7 T5:2,5 ⏎  |            | 5=2,5000 @6
       dropped with a unit       | T5:2,5_mmol/l  |            | 5= @5
       a dropped column          | T25:20¶5       |            | 25=20,0000 26=5,0000 @1
+
+      nothing to convert yet    | 1000⏎          |            | K1000,0000;bei_Temp.;25_°C @2
+      both are there       | 1000⏎ @3 15⏎ |     | K1000,0000;bei_15,0000_°C_?;25_°C @4
+      converted            | 1000⏎ @3 15⏎ K |   | K790;bei_25_°C_?;15,0000_°C #1
+      converted back       | 1000⏎ @3 15⏎ K K | | 1=1000,0000 K1000,0000;bei_15,0000_°C_?;25_°C
+      any redisplay        | 1000⏎ @3 15⏎ K @25 20⏎ |   | K1000,0000;bei_15,0000_°C_?;25_°C @26
+      its entry is ended   | 1000⏎ @3 15⏎ @3 ␣ K |      | 3= K1000,0000;bei_Temp.;25_°C
+      back after an entry  | 1000⏎ @3 15⏎ K @26 5 K |   | 26=5,0000 K1000,0000;bei_15,0000_°C_?;25_°C
+      left as converted    | 1000⏎ @3 15⏎ @1 K ⏎ K |    | 1=1000,0000
+      typed over converted | 1000⏎ @3 15⏎ @1 K @1 500 | | K500;bei_15,0000_°C_?;25_°C @1 !
+      it counts at 25 °C   | 1000⏎ @3 15⏎ @1 K @1 500⏎ || 1=500,0000 @2
     )"_s);
   }
   void entriesGoTheirWay() {
@@ -87,7 +92,13 @@ class MainWindowTest : public QObject {
       const int index = expected.mid(1).section('=', 0, 0).toInt();
       if (expected.startsWith('@'_L1)) QCOMPARE(mask.focusedBox(), index);
       if (expected.startsWith('#'_L1)) locked += index;
-      if (expected.startsWith('L'_L1)) {
+      if (expected.startsWith('K'_L1)) {
+        const auto& [box, toggle, unit] =
+            std::tie(mask.window.Text1(1), *mask.window.Command3, *mask.window.Label7);
+        const QStringList shown{box.text(), toggle.text(), unit.text()};
+        QCOMPARE('K'_L1 + shown.join(';').replace(' ', '_'), expected);
+        QCOMPARE(toggle.isEnabled(), shown[1] != "bei Temp."_L1);
+      } else if (expected.startsWith('L'_L1)) {
         QCOMPARE(mask.window.Label2(index).text(), expected.section('=', 1));
       } else if (expected.contains('='_L1)) {
         const int box = expected.section('=', 0, 0).toInt();
@@ -105,47 +116,35 @@ class MainWindowTest : public QObject {
     if (!mask.program.entryChanged) mask.press(Qt::Key_Down);  // must not bring the message back
   }
 
-  // Locked boxes, then where each box leads forward and backward.
-  void focusWalksTheBoxesAndSkipsLockedOnes_data() {
-    addRows(
-        uR"(
-        none | | 2 3 4 5 6 20 23 24 25 26 1 | 1 1 2 3 4 5 20 20 23 24 25
-        4    | 4 | 2 3 5 5 6 20 23 24 25 26 1 | 1 1 2 3 3 5 20 20 23 24 25
-        6    | 6 | 2 3 4 5 20 20 23 24 25 26 1 | 1 1 2 3 4 5 20 20 23 24 25
-        all  | 1 2 3 4 5 6 20 23 24 25 26 | 1 2 3 4 5 6 20 23 24 25 26 | 1 2 3 4 5 6 20 23 24 25 26
-      )"_s);
+  void focusWalksTheBoxesAndSkipsLockedOnes_data() {  // locked boxes => forward; backward
+    rows(
+        "=>2 3 4 5 6 20 23 24 25 26 1;1 1 2 3 4 5 20 20 23 24 25 | "
+        "4=>2 3 5 5 6 20 23 24 25 26 1;1 1 2 3 3 5 20 20 23 24 25 | "
+        "6=>2 3 4 5 20 20 23 24 25 26 1;1 1 2 3 4 5 20 20 23 24 25 | "
+        "1;2;3;4;5;6;20;23;24;25;26=>1 2 3 4 5 6 20 23 24 25 26;1 2 3 4 5 6 20 23 24 25 26");
   }
   void focusWalksTheBoxesAndSkipsLockedOnes() {
-    QFETCH(QStringList, row);
-    const QStringList locked = row[1].split(' ');
-    const auto isLocked = [&](int box) { return locked.contains(QString::number(box)); };
-    QStringList forward;
-    QStringList backward;
+    QFETCH(QStringList, given);
+    const auto isLocked = [&](int box) { return given.contains(QString::number(box)); };
+    QStringList walks[2];
     for (const int box : typedFields()) {
-      forward += QString::number(nextBox(box, 1, isLocked));
-      backward += QString::number(nextBox(box, -1, isLocked));
+      walks[0] += QString::number(nextBox(box, 1, isLocked));
+      walks[1] += QString::number(nextBox(box, -1, isLocked));
     }
-    QCOMPARE(forward.join(' '), row[2]);
-    QCOMPARE(backward.join(' '), row[3]);
+    QTEST(walks[0].join(' ') + ';' + walks[1].join(' '), "expected");
   }
 
   void tabWalksTheBoxesThenTheButtons() {
     Mask mask;
     mask.enter(2, u"9"_s);
     mask.focus(1);
-    QList<int> walked;
-    while (mask.focusedBox() != 0 && walked.size() < 20) {
-      walked += mask.focusedBox();
+    QList<QWidget*> order;
+    for (const int box : {1, 2, 3, 4, 5, 20, 23, 24, 25, 26}) order += &mask.window.Text1(box);
+    for (const int unit : {1, 3, 4, 5, 6, 20, 23, 24, 25, 26}) order += &mask.window.Command1(unit);
+    for (QWidget* next : order + QList<QWidget*>{mask.window.Command2, order[0]}) {
+      QCOMPARE(mask.window.focusWidget(), next);
       mask.press(Qt::Key_Tab);
     }
-    QCOMPARE(walked, (QList<int>{1, 2, 3, 4, 5, 20, 23, 24, 25, 26}));
-    for (const int unit : {1, 3, 4, 5, 6, 20, 23, 24, 25, 26}) {
-      QCOMPARE(mask.window.focusWidget(), &mask.window.Command1(unit));
-      mask.press(Qt::Key_Tab);
-    }
-    QCOMPARE(mask.window.focusWidget(), mask.window.Command2);
-    mask.press(Qt::Key_Tab);
-    QCOMPARE(mask.focusedBox(), 1);
     mask.focus(20);
     mask.press(Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(mask.focusedBox(), 5);
@@ -187,77 +186,25 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.program.record.text[1], u"4200,0000"_s);
   }
 
-  void commandsFinishTheEntryFirst_data() {
-    QTest::addColumn<QString>("command");
-    for (const auto* command : {"shortcut", "menu", "button", "close box", "Alt and close box"}) {
-      QTest::newRow(command) << QString::fromLatin1(command);
-    }
-  }
-
   void commandsFinishTheEntryFirst() {
-    QFETCH(QString, command);
-    Mask mask;
-    mask.focus(3);
-    mask.keys(u"99"_s);
-    mask.questions.expect(says(u"3 1-90 °C"_s));
-    mask.questions.expect(says(u"save-first"_s), Button::kAbbrechen);
-    if (command == "shortcut"_L1) mask.press(Qt::Key_N, Qt::ControlModifier);
-    if (command == "menu"_L1) mask.window.mnu_ende->trigger();
-    if (command == "button"_L1) QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
-    if (command.startsWith("Alt"_L1)) {
-      mask.window.menuBar()->setFocus(Qt::MenuBarFocusReason);
+    for (const QByteArray command :
+         {"shortcut", "menu", "button", "close box", "Alt and close box"}) {
+      Mask mask;
+      mask.focus(3);
+      mask.keys(u"99"_s);
+      mask.questions.expect(says(u"3 1-90 °C"_s));
+      mask.questions.expect(says(u"save-first"_s), Button::kAbbrechen);
+      if (command == "shortcut") mask.press(Qt::Key_N, Qt::ControlModifier);
+      if (command == "menu") mask.window.mnu_ende->trigger();
+      if (command == "button") QTest::mouseClick(mask.window.Command2, Qt::LeftButton);
+      if (command.startsWith("Alt")) mask.window.menuBar()->setFocus(Qt::MenuBarFocusReason);
       mask.settle();
+      if (command.endsWith("close box")) mask.window.close();
+      mask.settle();
+      QVERIFY2(mask.questions.complaints().isEmpty() && mask.desktop.ended == 0 &&
+                   mask.window.isVisible(),
+               command.constData());
     }
-    if (command.endsWith("close box"_L1)) mask.window.close();
-    mask.settle();
-    QCOMPARE(mask.questions.complaints(), QString());
-    QCOMPARE(mask.desktop.ended, 0);
-    QVERIFY(mask.window.isVisible());
-  }
-
-  void theToggleConvertsTheConductivity() {
-    Mask mask;
-    QVERIFY(!mask.window.Command3->isEnabled());
-    QCOMPARE(mask.window.Command3->text(), u"bei Temp."_s);
-    mask.enter(1, u"1000"_s);
-    mask.enter(3, u"15"_s);
-    QCOMPARE(mask.window.Command3->text(), u"bei 15,0000 °C ?"_s);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    QCOMPARE(mask.window.Text1(1).text(), u"790"_s);
-    QCOMPARE(mask.window.Label7->text(), u"15,0000 °C"_s);
-    QCOMPARE(mask.window.Command3->text(), u"bei 25 °C ?"_s);
-    QCOMPARE(mask.program.record.value[1], 1000_fp);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
-    QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
-    // Any redisplay shows the stored value, and says so.
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    mask.enter(25, u"20"_s);
-    QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
-    QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
-    // It acts on what is true after the entry that was still going on.
-    mask.focus(3);
-    mask.press(Qt::Key_Space);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    QVERIFY(!mask.window.Command3->isEnabled());
-    QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
-    mask.enter(3, u"15"_s);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    mask.focus(26);
-    mask.keys(u"5"_s);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    QCOMPARE(mask.window.Text1(1).text(), u"1000,0000"_s);
-    QCOMPARE(mask.program.record.value[26], 5_fp);
-    // What is typed over the converted value counts at 25 °C.
-    mask.focus(1);
-    QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
-    mask.press(Qt::Key_Enter);
-    QCOMPARE(mask.program.record.value[1], 1000_fp);
-    mask.focus(1);
-    mask.keys(u"500"_s);
-    QCOMPARE(mask.window.Label7->text(), u"25 °C"_s);
-    mask.press(Qt::Key_Enter);
-    QCOMPARE(mask.program.record.value[1], 500_fp);
   }
 
   void restartEmptiesEverything() {
@@ -366,6 +313,8 @@ class MainWindowTest : public QObject {
       QTest::mouseClick(&mask.window.Text1(rest.toInt()), Qt::LeftButton);
     } else if (step.startsWith('D'_L1)) {
       QTest::mouseDClick(&mask.window.Text1(rest.toInt()), Qt::LeftButton);
+    } else if (step.startsWith('K'_L1)) {
+      QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
     } else if (step.startsWith('T'_L1)) {
       mask.drop(rest.section(':', 0, 0).toInt(), rest.section(':', 1));
     } else if (step.startsWith('V'_L1)) {
@@ -376,23 +325,20 @@ class MainWindowTest : public QObject {
       event.setCommitString(rest);
       QCoreApplication::sendEvent(focus, &event);
     } else {
-      type(mask, step);
+      for (const QChar c : step) type(mask.window.focusWidget(), c);
     }
     mask.settle();
     mask.settle();  // what the first one left queued
   }
 
-  static void type(Mask& mask, const QString& text) {
+  static void type(QWidget* focus, QChar c) {
     static const QHash<QChar, Qt::Key> kKeys{{u'⏎', Qt::Key_Enter}, {u'↓', Qt::Key_Down},
                                              {u'↑', Qt::Key_Up},    {u'⇥', Qt::Key_Tab},
                                              {u'␣', Qt::Key_Space}, {u'⌫', Qt::Key_Backspace}};
-    for (const QChar c : text) {
-      QWidget* focus = mask.window.focusWidget();
-      if (kKeys.contains(c)) {
-        QTest::keyClick(focus, kKeys[c], c == u'⏎' ? Qt::KeypadModifier : Qt::NoModifier);
-      } else {
-        QTest::sendKeyEvent(QTest::Click, focus, Qt::Key_0, QString(c), Qt::KeypadModifier);
-      }
+    if (kKeys.contains(c)) {
+      QTest::keyClick(focus, kKeys[c], c == u'⏎' ? Qt::KeypadModifier : Qt::NoModifier);
+    } else {
+      QTest::sendKeyEvent(QTest::Click, focus, Qt::Key_0, QString(c), Qt::KeypadModifier);
     }
   }
 };
