@@ -285,20 +285,19 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.desktop.opened, QStringList{folder.filePath(u"hb_cvra.pdf"_s)});
   }
 
-  void everyBoxHasANameAndRoom() {
+  void everyBoxHasRoom() {
     Mask mask;
-    for (const int index : typedFields()) {
-      const TextBox& box = mask.window.Text1(index);
-      QVERIFY(!box.accessibleName().isEmpty());
-      const int needed = box.fontMetrics().horizontalAdvance(u"5000,0000"_s);
-      QVERIFY2(box.width() >= needed + 16, qPrintable(box.accessibleName()));
-    }
     mask.enter(1, u"1000"_s);
     mask.enter(3, u"88,8888"_s);
     QTest::mouseClick(mask.window.Command3, Qt::LeftButton);
     mask.settle();
-    const auto& unit = *mask.window.Label7;
-    QVERIFY(unit.width() >= unit.fontMetrics().horizontalAdvance(unit.text()) + 12);
+    const auto room = [](const QWidget& control, const QString& text) {
+      return control.width() - control.fontMetrics().horizontalAdvance(text);
+    };
+    for (const int box : typedFields()) {
+      QVERIFY(room(mask.window.Text1(box), u"5000,0000"_s) >= 16);
+    }
+    QVERIFY(room(*mask.window.Label7, mask.window.Label7->text()) >= 12);
     // At every resolution the window has its designed size, so its content fits into it.
     const double scale = mask.window.logicalDpiX() / 1440.0;
     QCOMPARE(mask.window.size(), QSize(qRound(15000 * scale), qRound(10900 * scale)));

@@ -23,16 +23,12 @@ void put(Program& program, const QString& fields) {
     const double value = field.section('\'', 0, 0).section('=', 1).toDouble();
     const bool anyText = !field.contains('\'') && value != 0;
     const QString text = anyText ? u"x"_s : field.section('\'', 1);
-    if (name == u"LF"_s) {
-      program.narrow.leitfähigkeitAusIonen = text;
-    } else if (name == u"pH"_s) {
-      program.narrow.phNäherung = text;
-    } else if (name == u"last"_s) {
-      program.fieldIndex = static_cast<int>(value);
-    } else {
-      program.record.value[name.toInt()] = FixedPoint::fromDouble(value);
-      program.record.text[name.toInt()] = text;
-    }
+    if (name == "LF"_L1) program.narrow.leitfähigkeitAusIonen = text;
+    if (name == "pH"_L1) program.narrow.phNäherung = text;
+    if (name == "last"_L1) program.fieldIndex = static_cast<int>(value);
+    if (!name[0].isDigit()) continue;
+    program.record.value[name.toInt()] = FixedPoint::fromDouble(value);
+    program.record.text[name.toInt()] = text;
   }
 }
 
@@ -103,25 +99,20 @@ class ChemTest : public QObject {
       just high enough       | 1=22.5 2=10      | 10=9.9604'9,96 32=2.3' LF'25
       below pH 8.3           | 1=420 2=8.2999 32=7' | 10=11.2735'11,27 32 LF'0
       pH 8.3                 | 1=420 2=8.3      | 10=11.2735'11,27 32=0.0459' LF'0
-      hard | 1=420 2=7.5 11=152.5425 12=0.1541 23=60 24=10 25=20 | 10=11.2735'11,27 LF'340
       salty | 1=1500 2=10.2 11=20 12=150 23=0.5 24=200 25=80 | 10=11.8785'11,88 32=3.6453' LF'1220
       phausks82
       without Ks8,2    | 8=5      | 8=5'
-      negative         | 4=-1     | 8=8.2'<8,2
       too little       | 4=0.0019 | 8=8.2'<8,2
       enough           | 4=0.002  | 8=8.301'8,30
       capped           | 4=31.7   | 8=12.5'>12,50
       c_formen
-      medium       | 2=7.5 3=10 5=2.5 6=0.25  | 11=152.5425'152,5 12=0.1541'0,15 13=11.0025'11,0
       carbonate too large | 2=12 3=25 4=0.1 5=10000000000000 11=1 14=1 | 11 12 13 14
-      acid         | 2=4.5 3=25 5=0.06 6=2.4  | 11=3.661'3,7 12'<0,01 13=105.624'105,6
       1 °C         | 2=8.1999 3=1 5=3.1 6=0.001 | 11=189.1527'189,2 12=0.7183'0,72 13=0.044'0,0
       pH 8.2       | 2=8.2 3=20 4=0.05 5=2    | 11=115.9323'115,9 12=0.7605'0,76 13'0,0
       pH 8.21      | 2=8.21 3=20 4=0.05 5=2   | 11=115.9323'115,9 12=0.7782'0,78 13=1.2544'1,3
       Ks8,2 of 0   | 2=8.5 3=25 4'0 5=1.5 | 4=0.001'0 11=91.4035'91,4 12=1.3327'1,33 13=0.4732'0,5
       pH 9.5       | 2=9.5 3=25 4=0.35 5=1.2  | 11=30.5085'30,5 12=4.4482'4,45 13=0.0158'<0,1
       above pH 9.5 | 2=9.5001 3=25 4=0.35 5=1.2 | 11=32.4385'32,4 12=4.7307'4,73 13=0.0168'<0,1
-      caustic      | 2=10.4 3=60 4=0.55 5=1.2 | 11=21.4285'21,4 12=38.0167'38,02 13=0.0012'<0,1
       Ks8,2 half   | 2=9 3=25 4=0.2 5=0.4 11=1 | 11'0,0 12'<0,01 13'<0,1
       Ks8,2 above  | 2=9 3=25 4=0.2 5=0.3 11=1 | 11 12=-0.2813'<0,01 13=-0.01'<0,1
       no Ks8,2     | 2=8.2 3=10 5=2 11=1 12=1 13=1 14=1 | 11 12 13 14
@@ -129,19 +120,16 @@ class ChemTest : public QObject {
       no Ks4,3     | 2=7 3=10 4'0 6=2 11=1 | 4=0.001'0
       no temperature | 2=7 4'0 5=2 6=2 11=1 |
       ph_beit
-      cold                   | 2=7.3 3=10   | 9=7.15'7,15
       text of the unrounded  | 2=7.0049 3=25.009 | 9=7.005'7,00
       too large              | 2=922337203685477 3=90 9=5 | 9
       a tie                  | 2=8.255 3=25 | 9=8.255'8,26
       no temperature         | 2=7 9=5      | 9=5'
       s_index
       zero without sign      | 2=7.5 3=10 11=152.5425 23=60 | 15=-0.0083'0,0
-      hard, 90 °C            | 2=9 3=90 11=244 23=120  | 15=2.9755'3,0
       just too small         | 2=9 3=25 11=0.1 15=1 23=0.01 | 15
       product of four decimals | 2=7 11=0.0145 15=1 23=0.1 | 15
       just large enough      | 2=1 3=25 11=0.1 23=0.1  | 15=-12.2354'-12,2
       co2agg
-      soft, 1 °C  | 3=1 6=0.4 11=24.4 13=17.604 23=8 24=1.2 25=5 | 14=17.592'17,6 31=0.7684'
       90 °C       | 2=7.8 3=90 6'0 11=122 23=60 24=6 | 14=-27.1009'-27,1 31=4.4875'
       pH > 9.4 | 2=9.4001 3=10 6'0 11=183 12=30 13=0.05 20=14 23=80.2 | 14=-12.0099'-12,0 31=7.4993'
       pH 9.4   | 2=9.4 3=10 6'0 11=183 12=30 13=0.05 20=14 23=80.2 | 14=-6.7337'-6,7 31=7.4993'
@@ -153,11 +141,8 @@ class ChemTest : public QObject {
       SE equals Mg    | last=20 20=11.5 24=50 | 20=11.5'11,5 23=0.001'0,0 24=50'50,0
       SE just below Ca | last=20 20=68.9 23=493.2 | 20 23=493.2'493,2 | 7
       SE just below Mg | last=20 20=68.9 24=299.5654 | 20 24=299.5654'299,6 | 8
-      SE above Ca     | last=20 20=10 23=50   | 20=10'10,0 23=50'50,0 24=13.0839'13,1
       SE beside both  | last=20 20=10 23=50 24=20 | 20=10'10,0 23 24
       SE deleted      | last=20 23=50         | 20=6.986'7,0 23=50'50,0
-      Ca without SE   | last=23 23=50         | 20=6.986'7,0 23=50'50,0
-      Mg without SE   | last=24 24=50         | 20=11.5179'11,5 24=50'50,0
       Ca above SE     | last=23 20=10 23=80   | 20=10'10,0 23 | 9
       Ca deleted      | last=23 20=10         | 20
       Ca beside both  | last=23 20=10 23=40 24=10 | 20=7.8924'7,9 23=40'40,0 24=10'10,0
@@ -166,7 +151,6 @@ class ChemTest : public QObject {
       Mg deleted, Ca  | last=24 20=10 23=40   | 20=10'10,0 23=40'40,0 24=19.1492'19,1
       Mg beside both  | last=24 20=10 23=40 24=10 | 20=7.8924'7,9 23=40'40,0 24=10'10,0
       other, Ca and Mg | 23=80 24=12          | 20=13.9419'13,9 23=80'80,0 24=12'12,0
-      negative rest   | 20=5 23=40            | 20=5'5,0 23=40'40,0 24=0.001'0,0
       trace           | 20=5.6002 24=24.31    | 20=5.6002'5,6 23=0.001'0,0 24=24.31'24,3
       just no trace   | 20=5.6003 24=24.31    | 20=5.6003'5,6 23=0.0021'0,0 24=24.31'24,3
       all three       | 20=7 23=1 24=1        | 20=7'7,0 23=1'1,0 24=1'1,0
@@ -176,8 +160,6 @@ class ChemTest : public QObject {
       no SE           | 11=300 21=1 22=1      | 21 22
       no hydrogencarbonate | 20=10 21=1 22=1  | 21 22
       phaus_c
-      soft, 1 °C             | 3=1 5=0.3 6=0.02 | 7=7.4'7,40
-      acid, met at once      | 2=6 3=10 5=0.4 6=0.6 | 7=6.5'6,50
       acid, refined          | 2=6 3=10 5=2.5 6=0.25 | 7=7.44'7,44
       a hundred from 7       | 2=6.6 3=25 5=0.02 6=2.5 | 7=5'5,00
       to and fro across 8.2  | 3=25 5=7 6=0.001 | 7=8.2'8,20
@@ -186,6 +168,8 @@ class ChemTest : public QObject {
       acid, just met         | 2=6 3=10 5=1 6=1.35 | 7=6.5'6,50
       caustic, met below 9.5 | 3=25 4=0.24 5=2 | 7=9.5'9,50
       alkaline               | 3=25 4=0.05 5=2 | 7=8.74'8,74
+      caustic                | 3=25 4=0.6 5=2 | 7=10.0553'10,06
+      caustic, 90 °C         | 3=90 4=0.5 5=1 | 7=10.3053'10,31
       negative Ks8,2         | 3=25 4=-0.5 5=2 7=1 |
       neither capacity       | 3=25 5=2 7=1 |
       no temperature         | 5=2 6=1 7=1 |
@@ -196,7 +180,6 @@ class ChemTest : public QObject {
       acid, pH 4.5           | 2=4.5 5=0.05 6=2.4 | 35=4.7127'4,71 pH'4,71
       below pH 4.5           | 2=4.4999 5=0.05 6=2.4 35=1 | 35 pH'
       Ks8,2 before Kb8,2     | 4=0.2 5=2 6=2 | 35=9.4032'9,40 pH'9,40
-      negative Kb8,2         | 5=2 6=-0.2 | 35=9.4032'9,40 pH'9,40
       ratio 1.21             | 4=0.21 5=1.21 | 35=9.7822'9,78 pH'9,78
       ratio above 1.21       | 4=0.2101 5=1.21 35=1 | 35=1'>9,6
       Ks8,2 equals Ks4,3     | 4=2 5=2 35=1 | 35 pH'
@@ -242,22 +225,6 @@ class ChemTest : public QObject {
     water.compare(only ? water.program : before, only ? row[2].mid(5) : row[2]);
   }
 
-  void causticPhMakesKs82CarbonatePlusHydroxide() {
-    const QString waters = u"3=25 4=0.6 5=2|3=25 4=0.59 5=1.2|3=1 4=1.4 5=3|3=90 4=0.5 5=1"_s;
-    for (const QString& given : waters.split('|')) {
-      Water water(given);
-      water.chem.phaus_c();
-      const auto& [value, text, flags] = water.program.record;
-      const double ph = value[7].toDouble();
-      const double ks82 = value[4].toDouble();
-      const double hydroxide = std::pow(10.0, ph - 11);
-      const double carbonate = (value[5].toDouble() - 2 * ks82 + hydroxide) *
-                               std::pow(10.0, ph - water.chem.constant(pk::kSäure2));
-      QVERIFY2(ph > 9.5 && std::abs(carbonate + hydroxide - ks82) < 0.01, qPrintable(given));
-      QCOMPARE(text[7], QString::number(ph, 'f', 2).replace('.', ','));
-    }
-  }
-
   void everyMessageOfTheCatalogueIsShownInFull() {
     for (int number = 1; number <= 13; ++number) {
       Water water;
@@ -288,23 +255,20 @@ class ChemTest : public QObject {
   }
   void boundsAreAcceptedAndWhatLiesOutsideIsDeleted() {
     QFETCH(QStringList, row);
-    const int index = row[0].toInt();
-    int status = 0;
-    for (const QString& text : row[1].split(' ')) {
+    const QStringList accepted = row[1].split(' ');
+    const QStringList rejected = (row[2] + u" 99999999999999999999"_s).split(' ');
+    for (const QString& text : accepted + rejected) {
       const double value = QString(text).replace(',', '.').toDouble();
       const QString shown = QString::number(value, 'f', 4).replace('.', ',');
-      Water water;
-      water.chem.checkeingabe(index, text, status);
-      water.compare({}, u"%1=%2'%3"_s.arg(row[0]).arg(value).arg(shown));
-      QCOMPARE(status, 0);
-    }
-    for (const QString& text : (row[2] + u" 99999999999999999999"_s).split(' ')) {
+      const bool taken = accepted.contains(text);
       Water water(u"7=1 10=1 11=1 12=1 13=1 14=1 15=1 21=1"_s);
       const Program before = water.program;
-      water.questions.expect(says(row[3]));
-      water.chem.checkeingabe(index, text, status);
-      water.compare(before, index == feld::kPh ? u"11 12 13 14"_s : QString());
-      QCOMPARE(status == 1, row[4] == u"focus"_s);
+      if (!taken) water.questions.expect(says(row[3]));
+      int status = 7;
+      water.chem.checkeingabe(row[0].toInt(), text, status);
+      const QString lost = row[0] == "2"_L1 ? u"11 12 13 14"_s : QString();
+      water.compare(before, taken ? u"%1=%2'%3"_s.arg(row[0]).arg(value).arg(shown) : lost);
+      QCOMPARE(status, !taken && row[4] == "focus"_L1 ? 1 : 0);
     }
   }
 
@@ -331,21 +295,17 @@ class ChemTest : public QObject {
       Ks8,2 beside negative Kb8,2 | 4=0,1      | 6=-0.2       | 4=0.1'0,1000
       Ks8,2 half of Ks4,3         | 4=0,5      | 5=1          | 4=0.5'0,5000
       Ks8,2 above half of Ks4,3   | 4=0,5001   | 5=1          | noKs82 | 4 | focus
-      Ks4,3 emptied               | 5=         | 5=1          | noKs43 | | focus
       Ks4,3 emptied, Ks8,2 there  | 5=         | 4=0.5 5=2    | noKs43 | | focus
-      Ks4,3 of 0                  | 5=0        | 5=1          | noKs43 | 2 Ks4,3
       Ks4,3 that rounds to 0      | 5=0,00004  | 5=1          | noKs43 | 2 Ks4,3
       negative Ks4,3              | 5=-1       | 5=1          | noKs43 | 2 Ks4,3
       Ks4,3 twice Ks8,2           | 5=1,2      | 4=0.6        | 5=1.2'1,2000
       Ks4,3 below twice Ks8,2     | 5=1,1999   | 4=0.6        | 5 | 5 1,20 | focus
       minimum with three decimals | 5=0,004    | 4=0.004      | 5 | 5 0,008 | focus
       and with two from 0.009     | 5=0,004    | 4=0.0045     | 5 | 5 0,01 | focus
-      Kb8,2 emptied               | 6=         | 6=1          | 6 13 14 15 | | focus
       Kb8,2 emptied, Ks8,2 there  | 6=         | 4=0.5        | 6 13 14 15 | | focus
       Kb8,2 beside Ks8,2          | 6=0,1      | 4=0.5        | 6 13 14 15 | 13
       Kb8,2 beside a Ks8,2 of 0   | 6=0,1      | 4'0          | 6=0.1'0,1000
       value and text round alike  | 2=12,00005 | 2=7          | 2 11 12 13 14 | 3 4- 12
-      a point is a comma          | 20=12.5    |              | 20=12.5'12,5000
       a field without rules       | 30=9999999 |              | 30=9999999'9999999,0000
     )"_s)
                 .replace(u"noKs82"_s, u"4 7 11 12 13 14 15 21 pH'"_s)
@@ -379,16 +339,14 @@ class ChemTest : public QObject {
         const qint64 raws[] = {extremes[below(extremes.size())], qint64(random()) >> below(64),
                                below(120000)};
         value[field] = FixedPoint::fromRaw(raws[below(3)]);
-        text[field] = texts[below(texts.size())];
+        text[field] = field == 7 ? QString() : texts[below(texts.size())];
       }
-      text[7].clear();
       water.program.fieldIndex = QList{0, 20, 23, 24}[below(4)];
       const bool searched = !value[5].isZero() && !value[3].isZero() &&
                             (value[6] > 0_fp || value[4] >= 0_fp) &&
                             !(text[4].isEmpty() && text[6].isEmpty());
       const QString before = dump(water.program);
-      water.chem.rechenlauf();
-      water.chem.rechenlauf();
+      for (int run = 1; run <= 2; ++run) water.chem.rechenlauf();
       const bool isPh = !text[7].isEmpty() && value[7] >= 4.5_fp && value[7] <= 14_fp;
       QVERIFY2(water.questions.errors.isEmpty() && !dump(water.program).contains(noNumber) &&
                    (searched ? isPh : text[7].isEmpty()),
