@@ -285,7 +285,7 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.desktop.opened, QStringList{folder.filePath(u"hb_cvra.pdf"_s)});
   }
 
-  void everyBoxHasRoom() {
+  void everyBoxHasANameAndRoom() {
     Mask mask;
     mask.enter(1, u"1000"_s);
     mask.enter(3, u"88,8888"_s);
@@ -295,6 +295,7 @@ class MainWindowTest : public QObject {
       return control.width() - control.fontMetrics().horizontalAdvance(text);
     };
     for (const int box : typedFields()) {
+      QVERIFY(!mask.window.Text1(box).accessibleName().isEmpty());
       QVERIFY(room(mask.window.Text1(box), u"5000,0000"_s) >= 16);
     }
     QVERIFY(room(*mask.window.Label7, mask.window.Label7->text()) >= 12);
