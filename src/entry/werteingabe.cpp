@@ -35,7 +35,7 @@ void Werteingabe::formz(NumberCell& value, QString& text, int& kind) const {
     if (format == Format::kScientific) {
       value = text;
     } else if (writeBack || text.isEmpty()) {
-      value = cellOf(text);
+      value = cellOf(QString(text).replace(','_L1, '.'_L1));  // it may begin with the comma
     }
   });
 }

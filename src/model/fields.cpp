@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr size_t kInputs = 13;
-
 /// The field table: index, caption, symbol, unit, row of the overview, range or tool tip.
 std::span<const Field> fields() {
   using enum InputFault;
@@ -58,6 +56,12 @@ std::span<const Field> fields() {
   return kFields;
 }
 
+/// The inputs come first in the table; this is the first result.
+size_t inputCount() {
+  const auto result = std::ranges::find(fields(), feld::kPhAusKapazitäten, &Field::index);
+  return static_cast<size_t>(result - fields().begin());
+}
+
 /// One move without regard to locks.
 int move(int from, int step) {
   const std::vector<int>& boxes = typedFields();
@@ -70,11 +74,11 @@ int move(int from, int step) {
 }  // namespace
 
 std::span<const Field> inputFields() {
-  return fields().first(kInputs);
+  return fields().first(inputCount());
 }
 
 std::span<const Field> resultFields() {
-  return fields().subspan(kInputs);
+  return fields().subspan(inputCount());
 }
 
 const Field& fieldOf(int index) {

@@ -9,12 +9,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kHeaderSlots = 7;
+constexpr int kLastHeaderSlot = kopf::kBemerkung;
 constexpr int kEndRecord = 999;
 constexpr int kFirstIgnoredIndex = 100;
 
 void readHeader(AnalysisHeader& header, LineReader& reader) {
-  for (int slot = 0; slot <= kHeaderSlots; ++slot) header[slot] = reader.text();
+  for (int slot = 0; slot <= kLastHeaderSlot; ++slot) header[slot] = reader.text();
   reader.skipLine();  // the marker, whatever it says
 }
 
@@ -38,7 +38,7 @@ QByteArray analysisContent(const Program& program, const QString& name) {
   const AnalysisRecord& record = program.record;
   LineWriter writer;
   writer.text(name);
-  for (int slot = 1; slot <= kHeaderSlots; ++slot) writer.text(program.header[slot]);
+  for (int slot = 1; slot <= kLastHeaderSlot; ++slot) writer.text(program.header[slot]);
   writer.text(u"ende"_s);
   for (int index = 1; index < record.text.size(); ++index) {
     if (!isShown(index) || record.text[index].isEmpty()) continue;

@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array kHeaderSlots{1, 2, 4, 5, 7};
+constexpr std::array kHeaderSlots{kopf::kProjekt, kopf::kProjektNo, kopf::kAuftraggeber,
+                                  kopf::kProbenahme, kopf::kBemerkung};
 const auto kBlockEnd = u"enddat"_s;
 const auto kFileEnd = u"endread"_s;
 

@@ -174,7 +174,7 @@ Conversion Umrechner::enter(int slot, const QString& typed) {
   if (!slots_[slot].enabled) return Conversion::kDone;
   const QString text = typed.trimmed();
   if (!text.isEmpty() && !isNumberText(text)) return Conversion::kNotANumber;
-  const double given = numberIn(text);
+  const double given = numberIn(QString(text).replace(','_L1, '.'_L1));  // ",5" is a half
   if (std::abs(given) > kLargestConverted) return Conversion::kTooLarge;
   if (given == 0 && field_ != feld::kTemperatur) return Conversion::kDone;
   typed_ = true;

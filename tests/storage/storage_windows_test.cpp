@@ -125,6 +125,8 @@ class StorageWindowsTest : public QObject {
       window.Text7->moveCursor(QTextCursor::Start);
       QTest::keyClick(window.Text7, Qt::Key_Enter);
       QCOMPARE(window.focusWidget(), window.Command1);
+      QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);  // to another program
+      QCoreApplication::sendEvent(window.Command1, &away);
       typeOn(window, u" der \"Burg"_s);
       QCOMPARE(window.focusWidget(), window.Text7);
       QTest::keyClick(window.Text7, Qt::Key_Enter);

@@ -105,7 +105,7 @@ bool Drucker::printOn(Paper& paper) {
   program_.landscape = paper.landscape();
   ReportPrinter printer(paper.device());
   druckkopf(printer, paper.landscape());
-  const bool whole = papier(printer);
+  const bool whole = papier(printer, kind_);
   paper.deliver();
   return whole;
 }
@@ -125,10 +125,10 @@ void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
 }
 
 /// Prints the body and ends the document. False if a statement had to be left out.
-bool Drucker::papier(ReportPrinter& printer) {
+bool Drucker::papier(ReportPrinter& printer, Bericht kind) {
   bool whole = true;
   const Statements body =
-      kind_ == Bericht::kÜbersicht
+      kind == Bericht::kÜbersicht
           ? overviewStatements(overview_ == nullptr ? OverviewGrid{} : overview_->grid)
           : analysisStatements(program_.record);
   for (const Statement& statement : body) {
@@ -149,7 +149,7 @@ void Drucker::Command4_Click() {
       guarded(questions_, u" drucker\\vorschau"_s, [&] {
         ReportPrinter printer(page);
         druckkopf(printer, page.pageLayout().orientation() == QPageLayout::Landscape);
-        papier(printer);
+        papier(printer, kind_);
       });
     });
   });

@@ -54,7 +54,7 @@ class Drucker : public QDialog {
   void keepHeader();
   bool printOn(Paper& paper);
   void druckkopf(ReportPrinter& printer, bool landscape);
-  bool papier(ReportPrinter& printer);
+  bool papier(ReportPrinter& printer, Bericht kind);
   [[nodiscard]] QString remark() const;
   [[nodiscard]] PrintRequest request() const;
 

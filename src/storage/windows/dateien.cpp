@@ -398,7 +398,12 @@ void Dateien::connectDateAndButtons() {
 /// Who pressed Enter at the end of a line goes on typing: that belongs to the remark, and a blank
 /// must not press the button.
 bool Dateien::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut) remarkGoesOn_ = false;
+  if (event->type() == QEvent::FocusOut) {
+    // Another program or a menu only interrupts.
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    remarkGoesOn_ =
+        remarkGoesOn_ && (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason);
+  }
   if (event->type() != QEvent::KeyPress || !remarkGoesOn_) {
     return QDialog::eventFilter(watched, event);
   }
