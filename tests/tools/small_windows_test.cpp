@@ -21,35 +21,30 @@ class SmallWindowsTest : public QObject {
              u"20 °C 100,00 1,000; 30 °C 99,74 0,997; 40 °C 99,39 0,994; 50 °C 98,98 0,990; "
              "60 °C 98,50 0,985; 70 °C 97,95 0,980; 80 °C 97,36 0,974; 90 °C 96,70 0,967; "
              "100 °C 95,60 0,956"_s);
-    QCOMPARE(volumenListe().size(), 20);
-    QCOMPARE(volumenListe().first() + volumenListe().last(), u"10 ml200 ml"_s);
     for (const QString& none : {u"0 ml"_s, u"ml"_s, QString()}) {  // then there is no factor
       const auto [volume, factor] = korrigiertesVolumen(none, 1);
-      QCOMPARE(volume + '|'_L1 + factor, u"|"_s);
+      QVERIFY(volume.isEmpty() && factor.isEmpty());
     }
   }
 
   void theInformationIsShownOnceAndWhole() {
     Mask mask;
     int seen = 0;
-    const auto check = [](const info1& window) {
-      const QListWidget& list = *window.List1;
-      QCOMPARE(list.count(), 12);
-      QVERIFY(list.isVisible());
-      QCOMPARE(window.width(), qRound(9200 * window.logicalDpiX() / 1440.0));
-      const QFontMetrics metrics(list.font());
-      for (int row = 0; row < 12; ++row) {
-        const QString text = list.item(row)->text();
-        QVERIFY(metrics.horizontalAdvance(text) < list.viewport()->width());
-        QCOMPARE(metrics.horizontalAdvance(text.left(20)),
-                 metrics.horizontalAdvance(QString(text.left(20).size(), ' '_L1)));
-      }
-      QVERIFY(list.visualItemRect(list.item(11)).bottom() < list.viewport()->height());
-    };
     const auto expect = [&](Qt::Key key) {
       onNextModal<info1>(this, [&, key](info1& window) {
         ++seen;
-        check(window);
+        const QListWidget& list = *window.List1;
+        QVERIFY(list.isVisible());
+        QCOMPARE(window.width(), qRound(9200 * window.logicalDpiX() / 1440.0));
+        const QFontMetrics metrics(list.font());
+        for (int row = 0; row < list.count(); ++row) {
+          const QString text = list.item(row)->text();
+          QVERIFY(metrics.horizontalAdvance(text) < list.viewport()->width());
+          QCOMPARE(metrics.horizontalAdvance(text.left(20)),
+                   metrics.horizontalAdvance(QString(text.left(20).size(), ' '_L1)));
+        }
+        QVERIFY(list.visualItemRect(list.item(list.count() - 1)).bottom() <
+                list.viewport()->height());
         QTest::keyClick(window.focusWidget(), key);
       });
     };
@@ -67,7 +62,7 @@ class SmallWindowsTest : public QObject {
     QCOMPARE(mask.window.Text1(1).text(), u"420,0000"_s);
   }
 
-  void anyClickOrKeyClosesTheVersion() {
+  void theVersionTellsItsBuildAndClosesOnAnyClickOrKey() {
     QCoreApplication::setApplicationVersion(u"2.0.17"_s);
     Version window(QDate(2026, 1, 1), nullptr);
     const auto closes = [&](const std::function<void()>& act) {
@@ -86,9 +81,6 @@ class SmallWindowsTest : public QObject {
     const auto colour = [&](int y) { return image.pixelColor(2, y); };
     QVERIFY(colour(image.height() - 1).green() <= 82 && colour(0).green() > 140);
     QVERIFY(colour(0).red() == 0 && colour(0).green() < 155 && colour(0).blue() < 12);
-  }
-
-  void theBuildMonthIsThatOfTheFile() {
     QTemporaryDir folder;
     QFile file(folder.filePath(u"programm"_s));
     QVERIFY(file.open(QFile::WriteOnly));
