@@ -267,6 +267,8 @@ class StorageWindowsTest : public QObject {
       QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), refused);
       if (refused) {
         QCOMPARE(window.focusWidget(), window.DTPicker1);
+        for (const int day : {2, 3}) window.DTPicker1->setDate(QDate(2026, 3, day));
+        QVERIFY(!window.findChild<QLabel*>(u"failure"_s)->isVisible());
         QTest::mouseClick(window.Command1, Qt::LeftButton);
       }
       window.reject();

@@ -376,10 +376,13 @@ void Dateien::connectFields() {
 }
 
 void Dateien::connectDateAndButtons() {
-  connect(DTPicker1, &QDateEdit::dateChanged, this, [this] { dateRefused_ = false; });
+  connect(DTPicker1, &QDateEdit::dateChanged, this, [this] {
+    dateRefused_ = false;
+    failure_->hide();  // it may tell of the refused one
+  });
   connect(DTPicker1, &DatePicker::refused, this, [this](const QString& text) {
     dateRefused_ = true;
-    showFailure(u"„%1“ ist kein mögliches Datum. Es bleibt beim %2."_s.arg(
+    showFailure(u"„%1“ ist kein Datum bis heute, wie 05.03.2026. Es bleibt beim %2."_s.arg(
         text, dateText(DTPicker1->date())));
   });
   // Enter walks through the fields; it must not press a button on its way.
