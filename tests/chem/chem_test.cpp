@@ -10,7 +10,6 @@
 #include "support/tables.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 // In the tables a field is written index=value'text: 5=2.5 has a text that does not matter, 6'0 is
 // a typed zero, 4 alone is empty. LF'text and pH'text are the two narrow displays, last=20 is the
@@ -69,7 +68,6 @@ class ChemTest : public QObject {
     // Temperature in °C (0 also without one), calcite, water, both steps of carbonic acid.
     constexpr double kReferences[][5] = {
         {0, 8.37221945402, 14.9431495079, 6.57240315223, 10.62855295},
-        {10, 8.4058879214, 14.5346461559, 6.46521981284, 10.4882915451},
         {25, 8.481, 13.996, 6.356, 10.329},
         {90, 9.03265942501, 12.4107904151, 6.38017346582, 10.1363347018},
     };
@@ -87,7 +85,6 @@ class ChemTest : public QObject {
     addRows(
         uR"(
       ph_aus_lf
-      below pH 4             | 1=2000 2=2.5     | 10=2.1461'<4,0 LF'708
       above pH 12.5          | 1=8000 2=12      | 10=12.6055'>12,5 32=230' LF'1667
       1399 µS/cm, pH 7       | 1=1399 2=7       | 10=2.311'<4,0 LF'0
       1399.0001, pH 7.0001   | 1=1399.0001 2=7.0001 | 10=11.8483'11,85 LF'0
@@ -150,14 +147,12 @@ class ChemTest : public QObject {
       Mg deleted      | last=24 20=10         | 20
       Mg deleted, Ca  | last=24 20=10 23=40   | 20=10'10,0 23=40'40,0 24=19.1492'19,1
       Mg beside both  | last=24 20=10 23=40 24=10 | 20=7.8924'7,9 23=40'40,0 24=10'10,0
-      other, Ca and Mg | 23=80 24=12          | 20=13.9419'13,9 23=80'80,0 24=12'12,0
       trace           | 20=5.6002 24=24.31    | 20=5.6002'5,6 23=0.001'0,0 24=24.31'24,3
       just no trace   | 20=5.6003 24=24.31    | 20=5.6003'5,6 23=0.0021'0,0 24=24.31'24,3
       all three       | 20=7 23=1 24=1        | 20=7'7,0 23=1'1,0 24=1'1,0
       khnkh
       below SE        | 11=152.5425 20=10.6864 | 21=7.0008'7,0 22=3.6856'3,7
       capped          | 11=300 20=10'10,00    | 21=10'10,00 22'0,0
-      no SE           | 11=300 21=1 22=1      | 21 22
       no hydrogencarbonate | 20=10 21=1 22=1  | 21 22
       phaus_c
       acid, refined          | 2=6 3=10 5=2.5 6=0.25 | 7=7.44'7,44
@@ -168,7 +163,6 @@ class ChemTest : public QObject {
       acid, just met         | 2=6 3=10 5=1 6=1.35 | 7=6.5'6,50
       caustic, met below 9.5 | 3=25 4=0.24 5=2 | 7=9.5'9,50
       alkaline               | 3=25 4=0.05 5=2 | 7=8.74'8,74
-      caustic                | 3=25 4=0.6 5=2 | 7=10.0553'10,06
       caustic, 90 °C         | 3=90 4=0.5 5=1 | 7=10.3053'10,31
       negative Ks8,2         | 3=25 4=-0.5 5=2 7=1 |
       neither capacity       | 3=25 5=2 7=1 |
@@ -183,10 +177,8 @@ class ChemTest : public QObject {
       ratio 1.21             | 4=0.21 5=1.21 | 35=9.7822'9,78 pH'9,78
       ratio above 1.21       | 4=0.2101 5=1.21 35=1 | 35=1'>9,6
       Ks8,2 equals Ks4,3     | 4=2 5=2 35=1 | 35 pH'
-      Kb8,2 cancels Ks4,3    | 5=2 6=-2 35=1 | 35 pH'
       negative ratio         | 5=0.5 6=-0.6 35=1 | 35 pH'
       result too large       | 4=1000000.0001 5=1000000 35=1 | 35 pH'
-      no Ks4,3               | 6=2 35=1 | 35 pH'
       clearRuledOutCapacity
       Ks8,2 below pH 8.2     | 2=8.1999 4=1 6=1 7=1 8=1 11=1 12=1 13=1 14=1 15=1 21=1 | 4 7 11 12 13 14 15 21 pH'
       Kb8,2 from pH 8.2      | 2=8.2 4=1 6=1 7=1 8=1 11=1 13=1 14=1 15=1 | 6 7 13 14 15
@@ -223,17 +215,6 @@ class ChemTest : public QObject {
     (water.chem.*steps[group.section(' ', 0, 0)])();
     const bool only = row[2].startsWith(u"only "_s);
     water.compare(only ? water.program : before, only ? row[2].mid(5) : row[2]);
-  }
-
-  void everyMessageOfTheCatalogueIsShownInFull() {
-    for (int number = 1; number <= 13; ++number) {
-      Water water;
-      int answer = number;
-      water.questions.expect(says(u"%1 0,5"_s.arg(number)));
-      water.chem.message(answer, u"0,5"_s);
-      QCOMPARE(water.questions.complaints(), QString());
-      QCOMPARE(answer, 1);  // "OK" was pressed
-    }
   }
 
   // Field, accepted, rejected, message, whether the focus comes back.

@@ -4,7 +4,6 @@
 
 #include "support/tables.h"
 
-using namespace Qt::StringLiterals;
 using namespace calvora;
 
 namespace {

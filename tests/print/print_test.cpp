@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QToolBar>
 
@@ -13,16 +12,8 @@
 #include "support/window_support.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
-
-QString outputOf(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  if (!process.waitForFinished() || process.exitCode() != 0) return u"failed: "_s + program;
-  return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 /// The lines that a page reader sees, pages separated by "---", blanks run together.
 QStringList linesOf(const QString& pdf) {
@@ -109,12 +100,6 @@ class PrintTest : public QObject {
     QCOMPARE(outputOf(u"pdffonts"_s, {mask.pdf}).count(embedded), 2);
     const QString info = outputOf(u"pdfinfo"_s, {mask.pdf});
     QVERIFY(info.contains(u"Wasser - Analyse - brunnen"_s) && info.contains(u"Calvora"_s));
-
-    mask.program.record.clear();
-    mask.program.record.text[feld::kPhBei25] = u"7,5"_s;
-    mask.activate();
-    mask.questions.expect(says(u"nothing-to-print"_s));
-    mask.press(Qt::Key_P, Qt::ControlModifier);
   }
 
   void anOverviewOfEightFitsItsPage() {

@@ -6,7 +6,6 @@
 #include "support/tables.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
 

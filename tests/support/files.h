@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QProcess>
 #include <functional>
 
 #include "base/runtime_error.h"
@@ -29,6 +30,14 @@ inline int errorOf(const std::function<void()>& body) {
     return error.number();
   }
   return 0;
+}
+
+/// What a program of the system writes.
+inline QString outputOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  if (!process.waitForFinished() || process.exitCode() != 0) return "failed: " + program;
+  return QString::fromUtf8(process.readAllStandardOutput());
 }
 
 /// A process of its own that ends with the body's result, or after a minute.

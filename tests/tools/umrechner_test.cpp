@@ -7,7 +7,6 @@
 #include "tools/windows/dimum.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
 
