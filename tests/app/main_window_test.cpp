@@ -1,6 +1,5 @@
 #include <QClipboard>
 #include <QMenuBar>
-#include <QTemporaryDir>
 
 #include "model/fields.h"
 #include "print/windows/drucker.h"
@@ -33,7 +32,6 @@ class MainWindowTest : public QObject {
       the value stays           | 20⏎ 10⏎        | 1 25       | 1=20,0000 2=10,0000 #6 @3
       the focus goes on         | @2 12,1⏎       | 3 4- 12    | 2= @3
       the focus comes back      | @3 91⏎         | 3 1-90 °C  | 3= @3
-      checked against another   | @5 1⏎ @4 0,6⏎  | 4          | 4= 5=1,0000 @4
       a step finds it           | @24 100⏎ @20 10⏎ | 8        | 20= 24=100,0 @23
 
       a high pH                 | @6 0,2⏎ @2 8,2⏎ |           | 6= #6 @3
@@ -43,7 +41,6 @@ class MainWindowTest : public QObject {
       and left                  | @2 7,5⏎ @4 5␣ ⏎ |           | 2=7,5000 4= #4 @5
       a double click            | @2 7,5⏎ @2 @2 D2 8⏎ |       | 2=8,0000 #4 @3
       completed in the next box | @20 20⏎ 60⏎    |            | 20=20,0 23=60,0 24=50,4 @24
-      typed over                | @20 20⏎ 60⏎ 10⏎ |           | 20=10,7 23=60,0 24=10,0 @25
       after a refused paste     | @20 20⏎ 60⏎ Vzehn 10⏎ |     | 20=10,7 23=60,0 24=10,0 @25
 
       one number                | @5 V→0,25→¶    |            | 5=0,25 @5 !
@@ -127,7 +124,6 @@ class MainWindowTest : public QObject {
     QCOMPARE(walk({4}, 1), u"2 3 5 5 6 20 23 24 25 26 1"_s);
     QCOMPARE(walk({4}, -1), u"1 1 2 3 3 5 20 20 23 24 25"_s);
     QCOMPARE(walk(typedFields(), 1), u"1 2 3 4 5 6 20 23 24 25 26"_s);
-    QCOMPARE(walk(typedFields(), -1), u"1 2 3 4 5 6 20 23 24 25 26"_s);
   }
 
   void tabWalksTheBoxesThenTheButtons() {
@@ -151,17 +147,16 @@ class MainWindowTest : public QObject {
     Dateien window(Dateien::Mode::kSaveAnalysis, mask.program, mask.questions, mask.desktop,
                    &mask.window);
     window.show();
+    QGuiApplication::clipboard()->setText(u"\"Größe\"\n5 µm – é"_s);
     for (QWidget* field : std::initializer_list<QWidget*>{window.Text1, window.Text7}) {
       field->setFocus();
       for (const QChar c : u"Weiß é\""_s) {
         QTest::sendKeyEvent(QTest::Click, field, Qt::Key_A, QString(c), {});
       }
-      QGuiApplication::clipboard()->setText(u"\"Größe\"\n5 µm – é"_s);
       QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
     }
-    const QString expected = u"Weiss Größe 5 µm – é"_s;
-    QCOMPARE(window.Text1->text(), expected);
-    QCOMPARE(window.Text7->toPlainText(), expected);
+    QCOMPARE(window.Text1->text(), u"Weiss Größe 5 µm – é"_s);
+    QCOMPARE(window.Text7->toPlainText(), u"Weiss Größe 5 µm – é"_s);
     // A double click selects a word there, as everywhere.
     QTest::mouseDClick(window.Text1, Qt::LeftButton, {}, QPoint(20, 10));
     QCOMPARE(window.Text1->selectedText(), u"Weiss"_s);
@@ -222,7 +217,6 @@ class MainWindowTest : public QObject {
     QVERIFY(!mask.window.eincheck());
     for (const auto& [index, box] : mask.window.Text1) QCOMPARE(box->text(), QString());
     for (const auto& [index, label] : mask.window.Label2) QCOMPARE(label->text(), QString());
-    QCOMPARE(mask.questions.complaints(), QString());
     QVERIFY(mask.window.close());
     QCOMPARE(mask.desktop.ended, 1);
   }
@@ -269,16 +263,14 @@ class MainWindowTest : public QObject {
   }
 
   void theManualOpensOnlyWhereItExists() {
-    QTemporaryDir folder;
     Mask mask;
-    mask.program.programFolder = folder.path();
+    const QString manual = mask.folder.filePath(u"hb_cvra.pdf"_s);
     mask.press(Qt::Key_F1);
     QCOMPARE(mask.desktop.opened, QStringList{});
-    QFile manual(folder.filePath(u"hb_cvra.pdf"_s));
-    QVERIFY(manual.open(QFile::WriteOnly));
+    put(manual, {});
     QMetaObject::invokeMethod(mask.window.menuBar()->actions().last()->menu(), "aboutToShow");
     mask.press(Qt::Key_F1);
-    QCOMPARE(mask.desktop.opened, QStringList{folder.filePath(u"hb_cvra.pdf"_s)});
+    QCOMPARE(mask.desktop.opened, QStringList{manual});
   }
 
   void everyBoxHasANameAndRoom() {

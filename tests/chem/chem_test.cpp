@@ -1,5 +1,4 @@
 #include <QRegularExpression>
-#include <QTest>
 #include <cmath>
 #include <random>
 

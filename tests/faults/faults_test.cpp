@@ -22,6 +22,8 @@ using namespace calvora;
 
 namespace {
 
+constexpr char kOperations[] = "cva=> | cvp=> | settings=> | pdf=>";
+
 /// What the program writes, in two versions.
 struct Work {
   Work(const QString& what, const QString& folder, int version)
@@ -76,14 +78,14 @@ class FaultsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void whatCannotBeWrittenLeavesTheOldFile_data() { operations(); }
+  void whatCannotBeWrittenLeavesTheOldFile_data() { rows<QString>(kOperations); }
   void whatCannotBeWrittenLeavesTheOldFile() {
-    QFETCH(QString, operation);
+    QFETCH(QString, given);
     for (const QString& fault : {u"full disk"_s, u"read-only folder"_s, u"vanished folder"_s}) {
       const QTemporaryDir folder;
       const bool full = fault == "full disk"_L1;
       const bool vanished = fault == "vanished folder"_L1;
-      Work work(operation, vanished ? folder.filePath(u"gone"_s) : folder.path(), 1);
+      Work work(given, vanished ? folder.filePath(u"gone"_s) : folder.path(), 1);
       if (!vanished) work.write();
       chmod(qPrintable(work.path), 0666);  // also for the ordinary user
       const QStringList before = content(folder.path());
@@ -125,15 +127,15 @@ class FaultsTest : public QObject {
     QCOMPARE(content(folder.path()), before);
   }
 
-  void aKilledProcessLeavesACompleteFile_data() { operations(); }
+  void aKilledProcessLeavesACompleteFile_data() { rows<QString>(kOperations); }
   void aKilledProcessLeavesACompleteFile() {
-    QFETCH(QString, operation);
+    QFETCH(QString, given);
     const QTemporaryDir folder;
-    const Work versions[]{{operation, folder.path(), 0}, {operation, folder.path(), 1}};
+    const Work versions[]{{given, folder.path(), 0}, {given, folder.path(), 1}};
     // A PDF file tells when it was made, so that only its end shows that it is whole.
     const auto version = [&] {
       const QByteArray file = bytesOf(versions[0].path);
-      if (operation == "pdf"_L1 && !file.endsWith("%%EOF\n")) return QByteArray("a part");
+      if (given == "pdf"_L1 && !file.endsWith("%%EOF\n")) return QByteArray("a part");
       return QByteArray::number(file.size() / 1000 * 1000);
     };
     versions[1].write();
@@ -164,12 +166,6 @@ class FaultsTest : public QObject {
     versions[0].write();
     QCOMPARE(version(), seen[0]);
     QCOMPARE(content(folder.path()).size(), files);
-  }
-
- private:
-  static void operations() {
-    QTest::addColumn<QString>("operation");
-    for (const char* name : {"cva", "cvp", "settings", "pdf"}) QTest::newRow(name) << QString(name);
   }
 };
 

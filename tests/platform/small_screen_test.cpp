@@ -16,8 +16,8 @@ class SmallScreenTest : public QObject {
       const QRect screen = window.screen()->availableGeometry();
       QVERIFY2(screen.contains(window.geometry()), qPrintable(window.windowTitle()));
       for (QPushButton* button : window.findChildren<QPushButton*>()) {
-        if (!button->isVisibleTo(&window) || !button->isEnabled()) continue;
-        if (button->focusPolicy() == Qt::NoFocus) continue;
+        const bool takesFocus = button->isEnabled() && button->focusPolicy() != Qt::NoFocus;
+        if (!takesFocus || !button->isVisibleTo(&window)) continue;
         button->setFocus(Qt::TabFocusReason);
         House::settle();
         QVERIFY2(button->visibleRegion().contains(button->rect().center()),

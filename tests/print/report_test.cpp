@@ -1,5 +1,4 @@
 // What the reports say, statement by statement, against golden files.
-#include <QTest>
 #include <array>
 
 #include "print/report.h"

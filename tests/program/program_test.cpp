@@ -10,7 +10,6 @@
 #include "tools/windows/version_window.h"
 
 using namespace calvora;
-using namespace Qt::StringLiterals;
 
 namespace {
 
