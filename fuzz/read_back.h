@@ -6,7 +6,6 @@
 #include "storage/line_file.h"
 #include "storage/project_file.h"
 #include "support/files.h"
-#include "support/finding.h"
 
 namespace calvora {
 

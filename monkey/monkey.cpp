@@ -31,7 +31,6 @@
 #include "platform/look.h"
 #include "storage/settings.h"
 #include "support/files.h"
-#include "support/finding.h"
 
 using namespace calvora;
 using namespace calvora::monkey;

@@ -1,32 +1,16 @@
-#include <QTest>
-#include <clocale>
-#include <functional>
 
 #include "entry/decimal.h"
 #include "entry/fixed_point.h"
 #include "entry/werteingabe.h"
-#include "support/files.h"
 #include "support/scripted_questions.h"
+#include "support/tables.h"
 
-using namespace Qt::StringLiterals;
 using namespace calvora;
 
 namespace {
 
 static_assert((8.2_fp).raw() == 82000 && (7_fp).raw() == 70000 && (0.0001_fp).raw() == 1);
 static_assert((1'000.0005_fp).raw() == 10000005 && (8.2_fp).toDouble() == 8.2);
-
-/// Rows written as what goes in, "=>" and what comes out, " | " or a line end between the rows;
-/// what goes in is split at its semicolons.
-void compare(const char* table, const std::function<QString(QStringList)>& result) {
-  const QStringList expected = QString::fromUtf8(table).replace('\n', u" | "_s).split(u" | "_s);
-  QStringList actual;
-  for (const QString& row : expected) {
-    const QString given = row.section(u"=>"_s, 0, 0);
-    actual += given + u"=>"_s + result(given.split(u';'));
-  }
-  QCOMPARE(actual, expected);
-}
 
 QString joined(const QString& text, int number) {
   return text + u';' + QString::number(number);
@@ -49,10 +33,6 @@ class EntryTest : public QObject {
   Q_OBJECT
 
  private slots:
-  /// Numbers must not follow the C locale, so the environment's is made the active one.
-  void initTestCase() {
-    if (std::setlocale(LC_ALL, "") == nullptr) qWarning("The locale asked for is not installed.");
-  }
   void cleanup() { QCOMPARE(questions_.complaints(), QString()); }
 
   void aTypedNumberIsCheckedAndGetsADecimalComma() {  // text; code

@@ -1,14 +1,12 @@
 // Up to eight analyses side by side, and the project files that keep them.
 #include <QClipboard>
 #include <QScrollBar>
-#include <QTemporaryDir>
 
 #include "overview/overview_content.h"
 #include "overview/windows/analysen.h"
 #include "print/windows/drucker.h"
 #include "storage/project_file.h"
 #include "storage/windows/dateien.h"
-#include "support/files.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 
@@ -29,28 +27,25 @@ QByteArray analysisFile() {
 }
 
 /// The main window with an unsaved analysis, and the overview beside it.
-struct Room {
+struct Room : Mask {
   Room() {
-    put("a.cva", analysisFile());
-    put("three.cvp", golden());
+    put(at(u"a.cva"_s), analysisFile());
+    put(at(u"three.cvp"_s), golden());
     QDir(folder.path()).mkpath(u"folder.cvp/darin"_s);
     program.record.text[1] = u"420"_s;
     program.record.flag[flag::kStatus] = u"1"_s;
     program.dataPresent = true;
     for (int slot = 0; slot <= 7; ++slot) program.header[slot] = u"main %1"_s.arg(slot);
     program.header[5] = u"01.02.2026"_s;
-    program.today = [] { return QDate(2026, 11, 22); };
-    mask.window.mnu2_ana->trigger();
-    window = shownWindow<analysen>();
+    window.mnu2_ana->trigger();
+    overview = shownWindow<analysen>();
   }
 
-  QString at(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
-  void put(const char* name, const QByteArray& content) const { calvora::put(at(name), content); }
   /// The file dialog chooses that file, and the header that is shown then is left.
   void choose(
-      const char* name, const std::function<void(Dateien&)>& look = [](Dateien&) {}) {
-    mask.desktop.paths = {at(name)};
-    onNextModal<Dateien>(&context, [look](Dateien& header) {
+      const QString& name, const std::function<void(Dateien&)>& look = [](Dateien&) {}) {
+    desktop.paths = {at(name)};
+    onNextModal<Dateien>(&window, [look](Dateien& header) {
       look(header);
       if (header.isVisible()) header.Command2->click();
     });
@@ -62,7 +57,7 @@ struct Room {
     }
     return found;
   }
-  const OverviewGrid& grid() const { return window->project().grid; }
+  const OverviewGrid& grid() const { return overview->project().grid; }
 
   /// l load, x cancel the file dialog, m a missing file, r remove, n rather not; each with the
   /// slot. c clear, a rather not, p load the project, q rather not, s save the project, v rather
@@ -71,14 +66,14 @@ struct Room {
     const QChar kind = operation[0];
     const int k = operation.mid(1).toInt();
     const bool clears = u"capq"_s.contains(kind);
-    mask.desktop.paths.clear();
-    if (kind == 'l'_L1) choose("a.cva");
-    if (kind == 'm'_L1) mask.desktop.paths = {at("fort.cva")};
-    if (kind == 'p'_L1) choose("three.cvp");
-    if (kind == 'v'_L1) choose("ignored");
+    desktop.paths.clear();
+    if (kind == 'l'_L1) choose(u"a.cva"_s);
+    if (kind == 'm'_L1) desktop.paths = {at(u"fort.cva"_s)};
+    if (kind == 'p'_L1) choose(u"three.cvp"_s);
+    if (kind == 'v'_L1) choose(u"ignored"_s);
     if (kind == 's'_L1 || kind == 'f'_L1) {
       const bool fails = kind == 'f'_L1;
-      choose(fails ? "folder.cvp" : "new.cvp", [this, fails](Dateien& header) {
+      choose(fails ? u"folder.cvp"_s : u"new.cvp"_s, [this, fails](Dateien& header) {
         const QWidget* gone[] = {header.Text3, header.Label3, header.DTPicker1, header.Label5};
         QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
         // Enter walks through the fields that are there.
@@ -89,41 +84,26 @@ struct Room {
         }
         header.Label8->click();  // removes the date
         header.Command1->click();
-        QCOMPARE(mask.desktop.requests.back().extension, u"cvp"_s);
-        QCOMPARE(mask.desktop.requests.back().folder, mask.program.settings.slot[10]);
+        QCOMPARE(desktop.requests.back().extension, u"cvp"_s);
+        QCOMPARE(desktop.requests.back().folder, program.settings.slot[10]);
         QCOMPARE(header.isVisible(), fails);
         QCOMPARE(header.findChild<QLabel*>(u"failure"_s)->isVisible(), fails);
       });
     }
     const bool goesOn = kind != 'n'_L1 && kind != 'a'_L1;
     if (k > 0 && grid().slot[k].filled) {
-      mask.questions.expect(says(u"overview-remove %1"_s.arg(k)),
-                            goesOn ? Button::kJa : Button::kNein);
+      questions.expect(says(u"overview-remove %1"_s.arg(k)), goesOn ? Button::kJa : Button::kNein);
     }
     if (clears && !filled().isEmpty()) {
-      mask.questions.expect(says(u"overview-clear"_s), goesOn ? Button::kOk : Button::kAbbrechen);
+      questions.expect(says(u"overview-clear"_s), goesOn ? Button::kOk : Button::kAbbrechen);
     }
-    if (kind == 's'_L1) mask.questions.expect(says(u"overview-saved"_s));
+    if (kind == 's'_L1) questions.expect(says(u"overview-saved"_s));
     const int button = !clears ? 4 : u"pq"_s.contains(kind) ? 5 : 2;
-    (k > 0 ? static_cast<QAbstractButton&>(window->Label1(k)) : window->Command1(button)).click();
+    (k > 0 ? static_cast<QAbstractButton&>(overview->Label1(k)) : overview->Command1(button))
+        .click();
   }
 
-  void checkLabels() const {
-    for (const auto& [k, label] : window->Label1) {
-      const bool isFilled = grid().slot[k].filled;
-      QCOMPARE(label->backColour().name(), isFilled ? u"#80ff80"_s : u"#e0e0e0"_s);
-      if (!isFilled) QCOMPARE(label->caption(), u"   Analyse   laden"_s);
-      for (int row = 0; row < OverviewGrid::kRows; ++row) {
-        QCOMPARE(window->MSFlexGrid1->item(row, k + 1)->text(), grid().slot[k].cells[row]);
-      }
-    }
-  }
-
-  QObject context;
-  Mask mask;
-  QTemporaryDir& folder = mask.folder;
-  Program& program = mask.program;
-  analysen* window = nullptr;
+  analysen* overview = nullptr;
 };
 
 }  // namespace
@@ -136,7 +116,7 @@ class OverviewTest : public QObject {
     const QStringList fields =
         u"05.02.2026,1,2,3,4,5,6,,20,21,22,23,24,25,26,,7,8,9,,11,12,13,14,15"_s.split(','_L1);
     Room room;
-    room.choose("a.cva", [](Dateien& header) {
+    room.choose(u"a.cva"_s, [](Dateien& header) {
       QCOMPARE(header.Text3->text(), u"Probe"_s);
       QCOMPARE(header.DTPicker1->date(), QDate(2026, 2, 3));
       QCOMPARE(header.Text6->text(), u"05.02.2026"_s);
@@ -144,11 +124,11 @@ class OverviewTest : public QObject {
       QVERIFY(std::ranges::none_of(gone, &QWidget::isVisible));
       QVERIFY(!header.DTPicker1->isEnabled() && !header.Text1->isEnabled());
     });
-    room.window->Label1(8).click();
+    room.overview->Label1(8).click();
     room.run(u"l1"_s);
-    const main& mask = room.mask.window;
+    const main& mask = room.window;
     const auto cell = [&](int row, int column) {
-      return room.window->MSFlexGrid1->item(row, column);
+      return room.overview->MSFlexGrid1->item(row, column);
     };
     QCOMPARE(cell(0, 0)->text(), u"Probe-Datum"_s);
     for (int row = 0; row < 25; ++row) {
@@ -162,9 +142,9 @@ class OverviewTest : public QObject {
       QCOMPARE(cell(row, 1)->text(),
                isButton ? mask.Command1(field).text() : mask.Label3(field).text());
     }
-    QCOMPARE(room.window->Label1(8).caption(), u"brunnen"_s);
-    QStringList said{room.window->windowTitle(), room.window->Label4->text()};
-    for (const auto& [index, button] : room.window->Command1) said += button->text();
+    QCOMPARE(room.overview->Label1(8).caption(), u"brunnen"_s);
+    QStringList said{room.overview->windowTitle(), room.overview->Label4->text()};
+    for (const auto& [index, button] : room.overview->Command1) said += button->text();
     QCOMPARE(said.join('|'_L1),
              u"      Analysen-Übersicht     |Analysen-Übersicht| << schliessen|alle Einträge  "
              "löschen|ausdrucken |speichern als Projekt|Projekt laden"_s);
@@ -201,62 +181,70 @@ class OverviewTest : public QObject {
         header[5] = u"24.12.2025"_s;
       }
       if (u"svf"_s.contains(operation)) record.flag[flag::kStatus].clear();
-      QCOMPARE(room.window->project().header, header);
+      QCOMPARE(room.overview->project().header, header);
       QCOMPARE(program.header, before);
       QCOMPARE(program.record.value, record.value);
       QCOMPARE(program.record.text, record.text);
       QCOMPARE(program.record.flag[flag::kStatus], record.flag[flag::kStatus]);
       QCOMPARE(program.record.flag[flag::kNameLine], name);
       QCOMPARE(program.dataPresent, name.isEmpty());
-      room.checkLabels();
+      for (const auto& [k, label] : room.overview->Label1) {
+        const bool isFilled = room.grid().slot[k].filled;
+        QCOMPARE(label->backColour().name(), isFilled ? u"#80ff80"_s : u"#e0e0e0"_s);
+        if (!isFilled) QCOMPARE(label->caption(), u"   Analyse   laden"_s);
+        for (int row = 0; row < OverviewGrid::kRows; ++row) {
+          const QString shown = room.overview->MSFlexGrid1->item(row, k + 1)->text();
+          QCOMPARE(shown, room.grid().slot[k].cells[row]);
+        }
+      }
     }
     QString enabled;
     for (int button = 2; button <= 4; ++button) {
-      if (room.window->Command1(button).isEnabled()) enabled += QString::number(button);
+      if (room.overview->Command1(button).isEnabled()) enabled += QString::number(button);
     }
     QTEST(room.filled() + ';'_L1 + enabled, "expected");
     if (!enabled.contains('3'_L1)) return;
-    onNextModal<Drucker>(&room.context, [&](Drucker& dialog) {
+    onNextModal<Drucker>(&room.window, [&](Drucker& dialog) {
       QCOMPARE(dialog.Command1->text(), u"Analysen Übersicht"_s);
       QCOMPARE(dialog.Text1(2).text(), header[1]);
       dialog.Text1(2).setText(u"nur hier"_s);
       dialog.Command2->click();  // cancelled, but the header is kept
     });
-    room.window->Command1(3).click();
-    QCOMPARE(room.window->project().header[1], u"nur hier"_s);
+    room.overview->Command1(3).click();
+    QCOMPARE(room.overview->project().header[1], u"nur hier"_s);
     QCOMPARE(program.header, before);
   }
 
   void aFileReadInPartFillsItsSlotAndIsTold() {
     Room room;
-    room.put("cut.cva", analysisFile().left(analysisFile().indexOf("\"4\"") + 1));
-    room.mask.questions.expect(says(u"file-incomplete"_s));
-    room.choose("cut.cva");
-    room.window->Label1(1).click();
+    put(room.at(u"cut.cva"_s), analysisFile().left(analysisFile().indexOf("\"4\"") + 1));
+    room.questions.expect(says(u"file-incomplete"_s));
+    room.choose(u"cut.cva"_s);
+    room.overview->Label1(1).click();
     QCOMPARE(room.grid().slot[1].cells[3], u"3"_s);
     // What cannot be opened at all leaves the slot as it is.
-    room.mask.questions.expect(says(u"file-incomplete"_s));
-    room.mask.desktop.paths = {room.folder.path()};
-    room.window->Label1(2).click();
+    room.questions.expect(says(u"file-incomplete"_s));
+    room.desktop.paths = {room.folder.path()};
+    room.overview->Label1(2).click();
     QCOMPARE(room.filled(), u"1"_s);
     // A column that only begins in a project is shown, but is no filled slot.
-    room.put("cut.cvp", golden().split('\n').mid(0, 40).join('\n'));
-    room.mask.questions.expect(says(u"overview-clear"_s));
-    room.mask.questions.expect(says(u"file-incomplete"_s));
-    room.choose("cut.cvp", [](Dateien& header) {
+    put(room.at(u"cut.cvp"_s), golden().split('\n').mid(0, 40).join('\n'));
+    room.questions.expect(says(u"overview-clear"_s));
+    room.questions.expect(says(u"file-incomplete"_s));
+    room.choose(u"cut.cvp"_s, [](Dateien& header) {
       QVERIFY(header.Label9->isVisible());
       QCOMPARE(header.Text3->text() + header.Text6->text(), QString());
     });
-    room.window->Command1(5).click();
+    room.overview->Command1(5).click();
     QCOMPARE(room.filled(), u"1"_s);
-    QCOMPARE(room.window->Label1(2).caption(), u"wässer 5"_s);
-    QCOMPARE(room.window->MSFlexGrid1->item(1, 3)->text(), u"<1,5"_s);
+    QCOMPARE(room.overview->Label1(2).caption(), u"wässer 5"_s);
+    QCOMPARE(room.overview->MSFlexGrid1->item(1, 3)->text(), u"<1,5"_s);
   }
 
   void aProjectIsWrittenAsTheGoldenFile() {
     const Room room;
     Project project;
-    QVERIFY(readProject(project, room.at("three.cvp")));
+    QVERIFY(readProject(project, room.at(u"three.cvp"_s)));
     const OverviewGrid read = std::exchange(project.grid, {});
     for (int k = 1; k <= 3; ++k) {
       const int written = 3 * k - 1;  // it was written from a grid with gaps
@@ -271,12 +259,12 @@ class OverviewTest : public QObject {
     // A text that is a marker is kept with a blank; nothing is left of another header.
     project.grid.slot[2].caption = u"endread"_s;
     project.grid.slot[2].cells[7] = u"enddat"_s;
-    room.put("marker.cvp", projectContent(project, u"p0"_s));
+    put(room.at(u"marker.cvp"_s), projectContent(project, u"p0"_s));
     Project again;
-    QVERIFY(readProject(again, room.at("marker.cvp")));
+    QVERIFY(readProject(again, room.at(u"marker.cvp"_s)));
     QCOMPARE(again.grid.slot[1].caption + again.grid.slot[1].cells[7], u"endread enddat "_s);
-    room.put("cut.cvp", golden().left(golden().indexOf("p2")));
-    QVERIFY(!readProject(again, room.at("cut.cvp")));
+    put(room.at(u"cut.cvp"_s), golden().left(golden().indexOf("p2")));
+    QVERIFY(!readProject(again, room.at(u"cut.cvp"_s)));
     QStringList header;
     for (int slot = 0; slot <= 7; ++slot) header += again.header[slot];
     QCOMPARE(header.join(' '_L1).trimmed(), u"p0 p1"_s);
@@ -296,9 +284,9 @@ class OverviewTest : public QObject {
           {block + "\"a\n", u"1 cut"_s},
           {block + "endread\n" + block, u"1 whole"_s},
           {QByteArray(5'000'000, '\n'), u"0 cut"_s}}) {
-      room.put("odd.cvp", header + blocks);
+      put(room.at(u"odd.cvp"_s), header + blocks);
       Project read;
-      const QString how = readProject(read, room.at("odd.cvp")) ? u" whole"_s : u" cut"_s;
+      const QString how = readProject(read, room.at(u"odd.cvp"_s)) ? u" whole"_s : u" cut"_s;
       QCOMPARE(QString::number(filledSlots(read.grid)) + how, expected);
     }
   }
@@ -306,13 +294,12 @@ class OverviewTest : public QObject {
   void cellsAreCopiedAsTabSeparatedText() {
     Room room;
     room.run(u"p"_s);
-    OverviewTable& table = *room.window->MSFlexGrid1;
+    OverviewTable& table = *room.overview->MSFlexGrid1;
     const auto copied = [&] {
-      QTest::keyClick(room.window, Qt::Key_C, Qt::ControlModifier);
+      QTest::keyClick(room.overview, Qt::Key_C, Qt::ControlModifier);
       return QGuiApplication::clipboard()->text();
     };
-    room.window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(room.window));
+    Mask::activate(*room.overview);
     const QString whole = copied();
     QVERIFY(
         whole.startsWith(u"\t\twässer 2\twässer 5\twässer 8\t\t\t\t\t\nProbe-Datum\t\t<0,2\t"_s));
@@ -330,35 +317,35 @@ class OverviewTest : public QObject {
 
   void labelsWorkWithTheKeyboardAndShowLongNames() {
     Room room;
-    room.put("long.cva", analysisFile().replace("brunnen", QByteArray(200, 'w')));
+    put(room.at(u"long.cva"_s), analysisFile().replace("brunnen", QByteArray(200, 'w')));
     for (const auto& [k, file, key] :
-         {std::tuple{1, "a.cva", Qt::Key_Enter}, std::tuple{2, "long.cva", Qt::Key_Space}}) {
+         {std::tuple{1, u"a.cva"_s, Qt::Key_Enter}, std::tuple{2, u"long.cva"_s, Qt::Key_Space}}) {
       room.choose(file);
-      room.window->Label1(k).setFocus(Qt::TabFocusReason);
-      QTest::keyClick(&room.window->Label1(k), key);
+      room.overview->Label1(k).setFocus(Qt::TabFocusReason);
+      QTest::keyClick(&room.overview->Label1(k), key);
     }
     QCOMPARE(room.filled(), u"12"_s);
     const QString tip = u" click -  für Analysen-Datei öffnen  "_s;
-    QCOMPARE(room.window->Label1(1).toolTip(), tip);
-    QCOMPARE(room.window->Label1(2).toolTip(), tip + '\n'_L1 + QString(200, 'w'_L1));
-    room.mask.window.mnu2_ana->trigger();  // brings up the one that is open
+    QCOMPARE(room.overview->Label1(1).toolTip(), tip);
+    QCOMPARE(room.overview->Label1(2).toolTip(), tip + '\n'_L1 + QString(200, 'w'_L1));
+    room.window.mnu2_ana->trigger();  // brings up the one that is open
     const auto open = QApplication::topLevelWidgets();
     QCOMPARE(std::ranges::count_if(open, [](QWidget* w) { return qobject_cast<analysen*>(w); }), 1);
     // The whole grid is there at the designed size.
-    const QSize size = room.window->sizeHint();
+    const QSize size = room.overview->sizeHint();
     QVERIFY(size.width() <= 1240 && size.height() <= 740);
-    room.window->resize(size);
+    room.overview->resize(size);
     Mask::settle();
-    OverviewTable& table = *room.window->MSFlexGrid1;
+    OverviewTable& table = *room.overview->MSFlexGrid1;
     QCOMPARE(table.horizontalScrollBar()->maximum() + table.verticalScrollBar()->maximum(), 0);
     // In a smaller one columns move as wholes, and the fixed ones stay in line with them.
-    room.window->resize(size * 2 / 3);
+    room.overview->resize(size * 2 / 3);
     Mask::settle();
     for (QScrollBar* bar : {table.horizontalScrollBar(), table.verticalScrollBar()}) {
       for (int i = 0; i <= 10; ++i) {
         bar->setValue(bar->maximum() * i / 10);
         for (const int narrower : {0, 3}) {
-          room.window->resize(room.window->width() - narrower, room.window->height());
+          room.overview->resize(room.overview->width() - narrower, room.overview->height());
           Mask::settle();
           const int beside = table.columnViewportPosition(9) - table.fixedWidth();
           QCOMPARE(beside % table.columnWidth(9), 0);

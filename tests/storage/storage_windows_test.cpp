@@ -10,12 +10,10 @@
 #include <QWheelEvent>
 #include <csignal>
 
-#include "dialogs/meldungen.h"
 #include "dialogs/windows/nachricht.h"
 #include "storage/windows/dateien.h"
 #include "storage/windows/datenpfad.h"
 #include "storage/windows/firma.h"
-#include "support/files.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 
@@ -23,25 +21,16 @@ using namespace calvora;
 
 namespace {
 
-/// Apostrophes are double quotes, which are hard to read, and ¶ is a line end.
-QByteArray fileOf(QByteArray text) {
-  return text.replace('\'', '"').replace("¶", "\r\n");
-}
-
 const QByteArray kSmallFile = fileOf(
     "'brunnen'¶'Projekt A'¶'7'¶'Probe'¶'Caf\xE9'¶'03.02.2026'¶'05.02.2026'¶'nass'¶'ende'¶"
     "1,420,'420,0000'¶20,10.6868,'10,7'¶23,60,'60,0'¶24,10,'10,0'¶");
 
-/// A mask on a given day, whose data folder is that of the program.
+/// A mask whose data folder is that of the program.
 struct House : Mask {
-  House() {
-    program.today = [] { return QDate(2026, 11, 22); };
-    program.settings.slot[setting::kDataFolder] = folder.path();
-  }
-  QString at(const QString& name) const { return QDir(folder.path()).absoluteFilePath(name); }
+  House() { program.settings.slot[setting::kDataFolder] = folder.path(); }
   void load(const QString& name, const std::function<void(Dateien&)>& look) {
     desktop.paths += at(name);
-    onNextModal<Dateien>(&context, [look](Dateien& header) {
+    onNextModal<Dateien>(&window, [look](Dateien& header) {
       look(header);
       if (header.isVisible()) header.reject();
     });
@@ -49,21 +38,16 @@ struct House : Mask {
     press(Qt::Key_O, Qt::ControlModifier);
   }
   void save(const std::function<void(Dateien&)>& act) {
-    onNextModal<Dateien>(&context, act);
+    onNextModal<Dateien>(&window, act);
     activate();
     press(Qt::Key_S, Qt::ControlModifier);
   }
-  void expectReplacing(const QString& name, Button answer) {
-    questions.expect(says(u"file-replace "_s + name), answer);
-  }
-  /// A message of the catalogue.
-  void expectMessage(int code, Button answer = Button::kOk, const QString& extra = {}) {
-    questions.expect(katalogMeldung(code, extra).text, answer);
+  void expect(const QString& message, Button answer = Button::kOk) {
+    questions.expect(says(message), answer);
   }
   /// Saves the settings of a window, which a message answers.
-  void save(const auto& settings, int code, Button answer = Button::kOk,
-            const QString& extra = {}) {
-    expectMessage(code, answer, extra);
+  void save(const auto& settings, const QString& message, Button answer = Button::kOk) {
+    expect(message, answer);
     settings.Command1(1).click();
   }
   /// A window of the settings, in a program folder with some folders.
@@ -75,12 +59,10 @@ struct House : Mask {
     QDir::setCurrent(folder.path());
     auto* made = new Window(program, questions, &window);
     made->show();
-    made->activateWindow();
-    [&] { QVERIFY(QTest::qWaitForWindowActive(made)); }();
+    activate(*made);
     settle();
     return *made;
   }
-  QObject context;
 };
 
 /// Clicks on the folders of a way, one after another.
@@ -92,11 +74,6 @@ void click(datenpfad& window, const QStringList& way, bool twice = false) {
     QTest::mouseClick(window.Dir1->viewport(), Qt::LeftButton, {}, place);
     if (twice) QTest::mouseDClick(window.Dir1->viewport(), Qt::LeftButton, {}, place);
   }
-}
-
-/// Types on, wherever the focus is.
-void typeOn(const QWidget& window, const QString& text) {
-  for (const QChar c : text) QTest::keyClick(window.focusWidget(), c.toLatin1());
 }
 
 }  // namespace
@@ -120,15 +97,16 @@ class StorageWindowsTest : public QObject {
         QTest::keyClick(field, Qt::Key_Enter);
       }
       QCOMPARE(window.focusWidget(), window.Text7);
-      typeOn(window, u"Wasser \"aus"_s);
+      QTest::keyClicks(window.Text7, u"Wasser \"aus"_s);
       // Enter leads to the button, but who types on means the remark.
       window.Text7->moveCursor(QTextCursor::Start);
       QTest::keyClick(window.Text7, Qt::Key_Enter);
       QCOMPARE(window.focusWidget(), window.Command1);
       QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason);  // to another program
       QCoreApplication::sendEvent(window.Command1, &away);
-      typeOn(window, u" der \"Burg"_s);
+      QTest::keyClick(window.Command1, ' ');
       QCOMPARE(window.focusWidget(), window.Text7);
+      QTest::keyClicks(window.Text7, u"der \"Burg"_s);
       QTest::keyClick(window.Text7, Qt::Key_Enter);
       QTest::keyClick(window.Command1, Qt::Key_Enter);
     });
@@ -162,9 +140,8 @@ class StorageWindowsTest : public QObject {
     const bool full = chosen == "voll.cva"_L1;
     House house;
     for (const QString& name : {u"ab.cd"_s, u"ordner.cva"_s}) QDir(house.folder.path()).mkdir(name);
-    for (const QString& name : {u"da.cva"_s, u"GROSS.CVA"_s, u"voll.cva"_s}) {
+    for (const auto& name : {u"da.cva"_s, u"GROSS.CVA"_s, u"voll.cva"_s})
       put(house.at(name), "alt");
-    }
     const auto files = [&] {
       QMap<QString, QByteArray> contents;
       QDirIterator all(house.folder.path(), QDir::Files | QDir::Hidden,
@@ -180,8 +157,9 @@ class StorageWindowsTest : public QObject {
     house.program.record.flag[flag::kNameLine] = u"vorher"_s;
     house.program.header[kopf::kDateiname] = u"a/b.c"_s;
     if (!given.isEmpty()) house.desktop.paths = {house.at(chosen) + ' '_L1};
-    if (answer == "ja"_L1) house.expectReplacing(full ? chosen : expected, Button::kJa);
-    if (answer == "nein"_L1) house.expectReplacing(u"da.cva"_s, Button::kNein);
+    if (answer == "ja"_L1)
+      house.expect(u"file-replace "_s + (full ? chosen : expected), Button::kJa);
+    if (answer == "nein"_L1) house.expect(u"file-replace da.cva"_s, Button::kNein);
     rlimit room{};
     getrlimit(RLIMIT_FSIZE, &room);
     std::signal(SIGXFSZ, SIG_IGN);
@@ -322,7 +300,7 @@ class StorageWindowsTest : public QObject {
       QVERIFY(!window.DTPicker1->isEnabled() && !window.Label8->isVisible());
       QVERIFY(window.Text1->isEnabled());
       house.desktop.paths = {path};
-      house.expectReplacing(u"brunnen.cva"_s, Button::kJa);
+      house.expect(u"file-replace brunnen.cva"_s, Button::kJa);
       window.Command1->click();
     });
     QCOMPARE(house.desktop.requests.size(), 3U);
@@ -334,7 +312,7 @@ class StorageWindowsTest : public QObject {
     QCOMPARE(shown.join(' '_L1), u"420,0000 10,7 60,0 10,0"_s);
     // What cannot be opened leaves the analysis that is there, and says so.
     house.desktop.paths = {house.folder.path()};
-    house.questions.expect(says(u"file-incomplete"_s));
+    house.expect(u"file-incomplete"_s);
     house.activate();
     house.press(Qt::Key_O, Qt::ControlModifier);
     QCOMPARE(house.window.Text1(1).text(), u"420,0000"_s);
@@ -351,7 +329,7 @@ class StorageWindowsTest : public QObject {
           dated("31.02.2026"), dated("+1.+2.2026"), dated("01.02.0099"), dated("heute")}) {
       House house;
       put(house.at(u"a.cva"_s), content);
-      house.questions.expect(says(u"file-incomplete"_s));
+      house.expect(u"file-incomplete"_s);
       house.load(u"a.cva"_s, [](Dateien&) {});
       const bool hasRecords = content.size() > 40;
       QCOMPARE(house.window.Text1(1).text(), hasRecords ? u"420,0000"_s : QString());
@@ -379,18 +357,18 @@ class StorageWindowsTest : public QObject {
 
   void noCommandDropsChangesUnasked_data() {
     // The command and the answer => what becomes of the dialog that follows.
-    rows<QString>(
-        "load ja=>saved | load ja=>cancelled | load nein=>loaded | load nein=>cancelled | "
-        "load abbrechen=> | new ja=>saved | new ja=>cancelled | new nein=> | new abbrechen=> | "
-        "end ja=>saved | end ja=>cancelled | end nein=> | end abbrechen=>");
+    rows(
+        "load;ja=>saved | load;ja=>cancelled | load;nein=>loaded | load;nein=>cancelled | "
+        "load;abbrechen=> | new;ja=>saved | new;ja=>cancelled | new;nein=> | new;abbrechen=> | "
+        "end;ja=>saved | end;ja=>cancelled | end;nein=> | end;abbrechen=>");
   }
   /// "Ja" saves and stops there; so does cancelling, without saving.
   void noCommandDropsChangesUnasked() {
-    QFETCH(QString, given);
+    QFETCH(QStringList, given);
     QFETCH(QString, expected);
-    const QString command = given.section(' '_L1, 0, 0);
-    const bool discards = given.endsWith("nein"_L1);
-    const bool cancels = given.endsWith("abbrechen"_L1);
+    const QString command = given[0];
+    const bool discards = given[1] == "nein"_L1;
+    const bool cancels = given[1] == "abbrechen"_L1;
     const bool saved = expected == "saved"_L1;
     const bool loads = expected == "loaded"_L1;
     const bool ends = command == "end"_L1 && discards;
@@ -400,7 +378,7 @@ class StorageWindowsTest : public QObject {
     put(house.at(u"alt.cva"_s), kSmallFile);
     house.keys(u"500"_s);  // not left yet
     const Button answer = discards ? Button::kNein : cancels ? Button::kAbbrechen : Button::kJa;
-    house.expectMessage(meldung::kVorherSpeichern, answer);
+    house.expect(u"save-first"_s, answer);
     if (loads || saved) house.desktop.paths = {chosen};
     if (loads || answer == Button::kJa) {
       onNextModal<Dateien>(this, [&](Dateien& window) {
@@ -422,7 +400,6 @@ class StorageWindowsTest : public QObject {
   void theFileDialogsSpeakGermanAndLeaveTheQuestionToTheProgram() {
     House house;
     put(house.at(u"da.cva"_s), "alt");
-    RealDesktop desktop;
     for (const bool saved : {true, false}) {
       onNextModal<QFileDialog>(this, [&](QFileDialog& dialog) {
         QCOMPARE(dialog.labelText(QFileDialog::LookIn), u"Suchen in:"_s);
@@ -431,8 +408,8 @@ class StorageWindowsTest : public QObject {
         auto* name = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
         QTest::keyClick(name, saved ? Qt::Key_Return : Qt::Key_Escape);
       });
-      const auto path =
-          desktop.askSaveFile(&house.window, {house.folder.path(), u"cva"_s, u"da.cva"_s});
+      const auto path = house.desktop.real.askSaveFile(
+          &house.window, {house.folder.path(), u"cva"_s, u"da.cva"_s});
       QCOMPARE(path, saved ? std::optional(house.at(u"da.cva"_s)) : std::nullopt);
     }
   }
@@ -449,20 +426,19 @@ class StorageWindowsTest : public QObject {
     click(window, {here});
     click(window, {u"Werte"_s}, true);  // not on into the folder that the first click brought there
     QCOMPARE(window.Label3(2).text(), chosen);
-    house.save(window, meldung::kPfadBestätigen, Button::kAbbrechen, chosen);
+    house.save(window, u"folder-confirm "_s + chosen, Button::kAbbrechen);
     QCOMPARE(house.program.settings.slot[setting::kDataFolder], QString());
     // A folder whose name no file can hold, or that is gone, is refused.
     click(window, {here, u"Вода"_s});
-    house.questions.expect(says(u"folder-unwritable"_s));
-    window.Command1(1).click();
+    house.save(window, u"folder-unwritable"_s);
     click(window, {here, u"daten"_s});
     QVERIFY(QDir().rmdir(house.at(u"daten"_s)));
-    house.save(window, meldung::kPfadFehlt);
+    house.save(window, u"folder-gone"_s);
     QVERIFY(window.isVisible());
     QCOMPARE(house.program.settings.slot[setting::kDataFolder], QString());
     click(window, {here, u"Werte"_s});
-    house.expectMessage(meldung::kPfadBestätigen, Button::kOk, chosen);
-    house.save(window, meldung::kPfadGespeichert);
+    house.expect(u"folder-confirm "_s + chosen);
+    house.save(window, u"folder-saved"_s);
     // The next start of the program finds it.
     Program later;
     later.programFolder = house.folder.path();
@@ -488,13 +464,13 @@ class StorageWindowsTest : public QObject {
     QCOMPARE(std::ranges::count_if(lists, &QWidget::isVisible), 1);
     window.close();
     kept = u"/gibt/es/nicht"_s;
-    house.expectMessage(meldung::kPfadFehlt);
+    house.expect(u"folder-gone"_s);
     auto& again = house.open<datenpfad>();
     house.program.programFolder = u"/gibt/es/nicht"_s;
     again.Dir1->setFocus();
     QTest::keyClick(again.Dir1, Qt::Key_Enter);
     const QString chosen = again.Label3(2).text();
-    house.save(again, meldung::kPfadBestätigen, Button::kOk, chosen);
+    house.save(again, u"folder-confirm "_s + chosen);
     QCOMPARE(std::exchange(house.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
     QVERIFY(again.isVisible());
     house.window.mnu_neustart->trigger();
@@ -511,9 +487,9 @@ class StorageWindowsTest : public QObject {
     QTest::keyClick(&window.Text1(3), Qt::Key_Enter);
     QCOMPARE(window.focusWidget(), &window.Text1(0));
     window.Text1(3).setFocus();
-    typeOn(window, u"Hof|9"_s);
+    QTest::keyClicks(&window.Text1(3), u"Hof|9"_s);
     QCOMPARE(window.Text1(4).text(), u"Wasser       Hof/9"_s);  // no room for lines that are empty
-    house.save(window, meldung::kDruckzeileGespeichert);
+    house.save(window, u"line-saved"_s);
     QVERIFY(!window.isVisible());
     const QString& printLine = house.program.settings.slot[setting::kPrintLine];
     QCOMPARE(printLine, u"Wasser               Hof/9"_s);
@@ -526,14 +502,14 @@ class StorageWindowsTest : public QObject {
     // What cannot be saved is reported, and printed for the rest of the run.
     house.program.programFolder = u"/gibt/es/nicht"_s;
     again.Text1(3).setFocus();
-    typeOn(again, u"b"_s);
+    QTest::keyClicks(&again.Text1(3), u"b"_s);
     again.Command1(1).click();
     QCOMPARE(std::exchange(house.questions.errors, {}), QStringList{u"75 dateien\\inispeichern"_s});
     QCOMPARE(printLine, u"Wasser               Hof/9b"_s);
     // What is too long is not saved at all.
     again.Text1(0).insert(QString(100, 'A'_L1));
     QCOMPARE(again.Label3(1).text(), u"0"_s);
-    house.save(again, meldung::kDruckzeileZuLang);
+    house.save(again, u"line-too-long"_s);
     QVERIFY(again.isVisible());
     QCOMPARE(printLine, u"Wasser               Hof/9b"_s);
   }
@@ -552,7 +528,7 @@ class StorageWindowsTest : public QObject {
       if (keys.keyboardModifiers() == Qt::NoModifier) window.Text1(0).paste();
       if (pressed) QTest::keyClick(&window.Text1(0), keys.key(), keys.keyboardModifiers());
       QCOMPARE(window.Text1(4).text(), u"Quelle"_s + QString(7, ' '_L1));
-      if (pressed) house.expectMessage(meldung::kDruckzeileGespeichert);
+      if (pressed) house.expect(u"line-saved"_s);
       window.Command1(1).click();
       QCOMPARE(window.isVisible(), !pressed);
       window.Command1(2).click();

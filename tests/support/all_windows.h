@@ -1,12 +1,11 @@
 #pragma once
 
-#include <QApplication>
 #include <QDir>
 
 #include "app/start_window.h"
+#include "dialogs/meldungen.h"
 #include "dialogs/windows/dialog_questions.h"
 #include "overview/windows/analysen.h"
-#include "support/files.h"
 #include "support/window_support.h"
 
 namespace calvora {
@@ -14,17 +13,23 @@ namespace calvora {
 /// A mask whose questions are windows, and whose file dialogs choose an example analysis.
 struct House : BasicMask<DialogQuestions> {
   House() {
-    desktop.file = folder.filePath(QStringLiteral("a"));
-    const QString example = QStringLiteral("/daten/leitungswasser-fuellung.cva");
-    put(desktop.file + QStringLiteral(".cva"),
-        bytesOf(QCoreApplication::applicationDirPath() + example));
+    desktop.file = at(u"a"_s);
+    const QString examples = QCoreApplication::applicationDirPath() + u"/daten/"_s;
+    put(at(u"a.cva"_s), bytesOf(examples + u"leitungswasser-fuellung.cva"_s));
     program.settings.slot[setting::kDataFolder] = QDir::tempPath();
-    window.takeOver(1, QStringLiteral("420"));
+    window.takeOver(1, u"420"_s);
+    program.record.flag[flag::kStatus].clear();  // nothing to ask about
   }
 
-  analysen* overview() {
+  analysen& overview() {
     window.mnu2_ana->trigger();
-    return shownWindow<analysen>();
+    return *shownWindow<analysen>();
+  }
+  /// Presses a button of an overview that shows an analysis.
+  void pressInOverview(int button) {
+    analysen& opened = overview();
+    opened.Label1(1).click();
+    opened.Command1(button).click();
   }
 };
 
@@ -36,21 +41,10 @@ struct WindowWay {
 
 /// All windows beside the main one, by all ways.
 inline const std::vector<WindowWay>& allWindows() {
-  const auto inOverview = [](int button) {
-    return [button](House& house) {
-      analysen* overview = house.overview();
-      overview->Label1(1).click();
-      overview->Command1(button).click();
-    };
-  };
   static const std::vector<WindowWay> ways{
       {"start", [](House& h) { (new start(h.window, h.desktop))->show(); }},
       {"dateien-save", [](House& h) { h.window.mnu_save->trigger(); }},
-      {"dateien-loaded",
-       [](House& h) {
-         h.program.record.flag[flag::kStatus].clear();  // nothing to ask about
-         h.window.mnu_load->trigger();
-       }},
+      {"dateien-loaded", [](House& h) { h.window.mnu_load->trigger(); }},
       {"drucker", [](House& h) { h.window.mnu_drucken->trigger(); }},
       {"datenpfad", [](House& h) { h.window.mnu2_pfad->trigger(); }},
       {"firma", [](House& h) { h.window.mnu2_fatext->trigger(); }},
@@ -59,19 +53,13 @@ inline const std::vector<WindowWay>& allWindows() {
       {"info1", [](House& h) { h.window.Image1(0).click(); }},
       {"version", [](House& h) { h.window.mnu_version->trigger(); }},
       {"analysen", [](House& h) { h.overview(); }},
-      {"overview-header-1", [](House& h) { h.overview()->Label1(1).click(); }},
-      {"drucker-uebersicht", inOverview(3)},
-      {"overview-save", inOverview(4)},
-      {"overview-project", inOverview(5)},
+      {"overview-header-1", [](House& h) { h.overview().Label1(1).click(); }},
+      {"drucker-uebersicht", [](House& h) { h.pressInOverview(3); }},
+      {"overview-save", [](House& h) { h.pressInOverview(4); }},
+      {"overview-project", [](House& h) { h.pressInOverview(5); }},
       {"message-save",
-       [](House& h) {
-         h.questions.ask({.text = QStringLiteral("eine Frage mit drei Antworten"),
-                          .buttons = Button::kJa | Button::kNein | Button::kAbbrechen,
-                          .title = QStringLiteral("Titel"),
-                          .symbol = Symbol::kQuestion});
-       }},
-      {"runtime-error",
-       [](House& h) { h.questions.reportError(QStringLiteral("13 werteingabe\\formz")); }},
+       [](House& h) { h.questions.ask(katalogMeldung(meldung::kVorherSpeichern)); }},
+      {"runtime-error", [](House& h) { h.questions.reportError(u"13 werteingabe\\formz"_s); }},
   };
   return ways;
 }

@@ -20,7 +20,8 @@ class RecordingDesktop : public Desktop {
   }
   std::optional<QString> askText(QWidget* parent, const TextRequest& request) override {
     textRequests.push_back(request);
-    return file.isEmpty() ? takeNext(texts) : real.askText(parent, request);
+    if (!file.isEmpty()) return real.askText(parent, request);
+    return texts.isEmpty() ? std::nullopt : std::optional(texts.takeFirst());
   }
   std::unique_ptr<Paper> askPrinter(QWidget*, const PrintRequest& request) override {
     printRequests.push_back(request);
@@ -52,13 +53,10 @@ class RecordingDesktop : public Desktop {
   RealDesktop real;
 
  private:
-  static std::optional<QString> takeNext(QStringList& answers) {
-    if (answers.isEmpty()) return std::nullopt;
-    return answers.takeFirst();
-  }
   std::optional<QString> nextPath(const FileRequest& request) {
     requests.push_back(request);
-    if (!paths.isEmpty() || file.isEmpty()) return takeNext(paths);
+    if (!paths.isEmpty()) return paths.takeFirst();
+    if (file.isEmpty()) return std::nullopt;
     return file + QLatin1Char('.') + request.extension;
   }
 };

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QStringList>
 #include <QTest>
 
-#include "support/messages.h"
+#include "support/files.h"
 
 namespace calvora {
 
@@ -25,6 +24,12 @@ inline void addRows(const QString& table) {
   }
 }
 
+/// The content of a file. Apostrophes are double quotes, which are hard to read, and ¶ is a line
+/// end.
+inline QByteArray fileOf(QByteArray text) {
+  return text.replace('\'', '"').replace("¶", "\r\n");
+}
+
 /// Rows written as what goes in, "=>" and what comes out; " | " stands between the rows and ¶ for a
 /// line end. What goes in is one text, or its parts separated by semicolons.
 template <class Given = QStringList>
@@ -40,6 +45,18 @@ void rows(const char* table) {
       added << sides.at(0) << sides.at(1);
     }
   }
+}
+
+/// The same rows, all compared at once with what comes out of each; a row may also end at a line
+/// end.
+inline void compare(const char* table, const std::function<QString(QStringList)>& result) {
+  const QStringList expected = QString::fromUtf8(table).replace(u"\n"_s, u" | "_s).split(u" | "_s);
+  QStringList actual;
+  for (const QString& row : expected) {
+    const QString given = row.section(u"=>"_s, 0, 0);
+    actual += given + u"=>"_s + result(QString(given).replace(u"¶"_s, u"\r\n"_s).split(u';'));
+  }
+  QCOMPARE(actual, expected);
 }
 
 /// Compares lines with those of a golden file, which is named by its path below tests/.

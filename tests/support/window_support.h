@@ -5,7 +5,6 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include "app/main_window.h"
@@ -72,12 +71,13 @@ inline QStringList cutTexts(const QWidget& window) {
   return cut;
 }
 
-/// The real main window over a fresh state, with the start window already gone. Its questions are
-/// answered by a script or, for those who ask for it, otherwise.
+/// The real main window on a given day over a fresh state, with the start window already gone. Its
+/// questions are answered by a script or, for those who ask for it, otherwise.
 template <class Answers>
 struct BasicMask {
   BasicMask() {
     program.fieldIndex = 0;
+    program.today = [] { return QDate(2026, 11, 22); };
     window.show();
     activate();
     window.Text1(1).setFocus();
@@ -91,25 +91,19 @@ struct BasicMask {
   BasicMask(const BasicMask&) = delete;
   BasicMask& operator=(const BasicMask&) = delete;
 
-  static Program programIn(const QTemporaryDir& folder) {
-    Program program;
-    program.programFolder = folder.path();
-    return program;
-  }
-  static Answers answersOver(Desktop& desktop) {
-    if constexpr (std::is_constructible_v<Answers, Desktop&>)
-      return Answers(desktop);
-    else
-      return Answers();
+  /// The path of a file in the program's folder, or what is a path already.
+  [[nodiscard]] QString at(const QString& name) const {
+    return QDir(folder.path()).absoluteFilePath(name);
   }
 
   /// Finishes what the last event left queued.
   static void settle() { QCoreApplication::processEvents(); }
 
-  void activate() {
-    window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+  static void activate(QWidget& other) {
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
   }
+  void activate() { activate(window); }
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* target = window.focusWidget();
@@ -155,10 +149,19 @@ struct BasicMask {
     return 0;
   }
 
-  Answers questions = answersOver(desktop);
+  Answers questions = [this] {
+    if constexpr (std::is_default_constructible_v<Answers>)
+      return Answers();
+    else
+      return Answers(desktop);
+  }();
   RecordingDesktop desktop;
   QTemporaryDir folder;  ///< the program's own, empty
-  Program program = programIn(folder);
+  Program program = [this] {
+    Program made;
+    made.programFolder = folder.path();
+    return made;
+  }();
   main window{program, questions, desktop};
 };
 
