@@ -91,10 +91,7 @@ void subcalc::co2agg() {
   const double calcium = value(feld::kCalcium) / 40.1;               // mmol/l
   const double t = value(feld::kTemperatur);                         // °C
   const bool incomplete = hydrogencarbonate == 0 || t == 0 || calcium == 0 || ionicStrength == 0;
-  if (incomplete || isEmpty(feld::kKb82)) {
-    record_.clearField(feld::kCo2Überschüssig);
-    return;
-  }
+  if (incomplete || isEmpty(feld::kKb82)) return record_.clearField(feld::kCo2Überschüssig);
   if (record_.value[feld::kPh] > 9.4_fp) {
     hydrogencarbonate += value(feld::kCarbonat) / 30.0;  // counts twice
   }
@@ -128,10 +125,7 @@ void subcalc::secamg() {
 
 void subcalc::khnkh() {
   clear({feld::kNichtkarbonathärte});
-  if (record_.value[feld::kHydrogencarbonat].isZero()) {
-    clear({feld::kKarbonathärte});
-    return;
-  }
+  if (record_.value[feld::kHydrogencarbonat].isZero()) return clear({feld::kKarbonathärte});
   const FixedPoint total = record_.value[feld::kGesamthärte];
   store(feld::kKarbonathärte, value(feld::kHydrogencarbonat) * 2.8 / 61.01, Format::kOneDecimal);
   if (record_.value[feld::kKarbonathärte] > total) {

@@ -102,10 +102,7 @@ void subcalc::s_index() {
   const FixedPoint product = saturatedProduct(
       saturatedProduct(record_.value[feld::kCalcium], record_.value[feld::kHydrogencarbonat]),
       record_.value[feld::kPh]);
-  if (product < 0.01_fp) {
-    record_.clearField(feld::kSättigungsindex);
-    return;
-  }
+  if (product < 0.01_fp) return record_.clearField(feld::kSättigungsindex);
   const double a = std::pow(10.0, -value(feld::kPh));
   const double b = value(feld::kCalcium) * value(feld::kHydrogencarbonat) / 2440;  // (mmol/l)²
   const double l = std::log10(0.000001 * b / a);

@@ -89,10 +89,7 @@ void subcalc::conductivityFromIons(const IonConductivity& ions, double factor) {
 
 void subcalc::phausks82() {
   const FixedPoint ks82 = record_.value[feld::kKs82];
-  if (ks82.isZero()) {
-    record_.text[feld::kPhAusKs82].clear();
-    return;
-  }
+  if (ks82.isZero()) return record_.text[feld::kPhAusKs82].clear();
   if (ks82 < 0.002_fp) {
     record_.text[feld::kPhAusKs82] = u"<8,2"_s;
     record_.value[feld::kPhAusKs82] = 8.2_fp;

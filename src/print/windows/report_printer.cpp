@@ -26,23 +26,17 @@ ReportPrinter::ReportPrinter(QPagedPaintDevice& device) : device_(device) {
 void ReportPrinter::print(const Statement& statement) {
   switch (statement.kind) {
     case Statement::Kind::kFont:
-      font_.setFamily(statement.text);
-      break;
+      return font_.setFamily(statement.text);
     case Statement::Kind::kSize:
-      font_.setPointSize(statement.number);
-      break;
+      return font_.setPointSize(statement.number);
     case Statement::Kind::kEmphasis:
-      font_.setBold(statement.number != 0);
-      break;
+      return font_.setBold(statement.number != 0);
     case Statement::Kind::kTab:
-      tab(statement.number);
-      break;
+      return tab(statement.number);
     case Statement::Kind::kText:
-      text(statement.text);
-      break;
+      return text(statement.text);
     case Statement::Kind::kEndLine:
-      endLine();
-      break;
+      return endLine();
   }
 }
 
@@ -102,9 +96,7 @@ QFontMetricsF ReportPrinter::metrics(const QFont& font) const {
 QFont ReportPrinter::fitted(const QString& text, double room) const {
   const double width = metrics(font_).horizontalAdvance(text);
   QFont font = font_;
-  if (width > room) {
-    font.setPointSizeF(font_.pointSizeF() * std::max(kSmallest, room / width));
-  }
+  if (width > room) font.setPointSizeF(font_.pointSizeF() * std::max(kSmallest, room / width));
   return font;
 }
 
