@@ -124,7 +124,8 @@ void analysen::print() {
   window.exec();
 }
 
-/// Empties the grid. False, and nothing happened, if the user does not want that.
+/// Empties the overview, which is then as when it opened. False, and nothing happened, if the user
+/// does not want that.
 bool analysen::emptyGrid() {
   if (filledSlots(grid_) >= 1) {
     int answer = uebersicht::kAlleLöschen;
@@ -133,6 +134,7 @@ bool analysen::emptyGrid() {
   }
   for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) grid_.slot[k] = {};
+  project_.header = program_.header;
   darstellen();
   return true;
 }
