@@ -62,17 +62,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   QString limited = typed;
   QString maximum;
   const auto found = checkLimits(limited, u"0,5"_s, maximum, belowAllowed);
-  const bool accepted = found == check::kValid || found == check::kBelowLimit;
+  const bool accepted = found == Check::kValid || found == Check::kBelowLimit;
   fuzz::require(!accepted || !limited.contains(u','), "a checked number has a point", limited);
 
   QString text = typed;
   const auto result = checkTyped(text, belowAllowed);
-  fuzz::require(result != check::kInvalid || text == typed, "an invalid text is left alone", text);
-  fuzz::require(result != check::kEmpty || text.isEmpty(), "an empty text is empty", text);
-  if (result != check::kValid) return 0;
+  fuzz::require(result != Check::kInvalid || text == typed, "an invalid text is left alone", text);
+  fuzz::require(result != Check::kEmpty || text.isEmpty(), "an empty text is empty", text);
+  if (result != Check::kValid) return 0;
   fuzz::require(kNumber.match(text).hasMatch(), "a valid text is a number", text);
   QString again = text;
-  const bool stays = checkTyped(again, belowAllowed) == check::kValid && again == text.trimmed();
+  const bool stays = checkTyped(again, belowAllowed) == Check::kValid && again == text.trimmed();
   fuzz::require(stays, "valid stays valid", again);
 
   const double number = numberIn(text);

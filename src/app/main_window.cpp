@@ -37,13 +37,13 @@ void bringUp(QWidget& window) {
 }
 
 /// Shows the window of a kind that is open, or a new one: two of them would overwrite each other.
-template <class Window>
-void showOnce(const QWidget& parent, const std::function<Window*()>& make) {
+template <class Window, class... Arguments>
+void showOnce(QWidget& parent, Arguments&... arguments) {
   for (QObject* child : parent.children()) {
     auto* open = dynamic_cast<Window*>(child);
     if (open != nullptr && open->isVisible()) return bringUp(*open);
   }
-  bringUp(*make());
+  bringUp(*new Window(arguments..., &parent));
 }
 
 }  // namespace
@@ -76,7 +76,7 @@ bool main::event(QEvent* event) {
 
 void main::Form_Load() {
   program_.fieldIndex = kFirstActivationPending;
-  Dateien::iniladen(program_);
+  Dateien::iniladen(program_.settings, program_.programFolder);
   darstellen();
 }
 
@@ -141,14 +141,9 @@ std::function<void()> main::command(const QString& location, void (main::*handle
 }
 
 void main::Text1_KeyPress(int& code) {
-  if (code == key::kSpace) {
-    code = 0;
-    program_.entryChanged = true;
-  } else if (isNumberKey(code)) {
-    program_.entryChanged = true;
-  } else {
-    code = 0;
-  }
+  const bool number = isNumberKey(code);
+  program_.entryChanged |= number || code == key::kSpace;
+  if (!number) code = 0;
 }
 
 void main::Text1_KeyDown(int index, int code) {
@@ -165,12 +160,12 @@ void main::Text1_LostFocus(int index) {
     program_.fieldIndex = index;
     if (!program_.entryChanged) return;
     program_.entryChanged = false;
-    const int status = takeOver(index, Text1(index).text().trimmed());
-    if (status == kFocusBack) Text1(index).setFocus(Qt::OtherFocusReason);
+    const bool focusBack = takeOver(index, Text1(index).text().trimmed());
+    if (focusBack) Text1(index).setFocus(Qt::OtherFocusReason);
   });
 }
 
-int main::takeOver(int index, const QString& text) {
+bool main::takeOver(int index, const QString& text) {
   program_.record.flag[flag::kStatus] = u"1"_s;
   int status = 0;
   try {
@@ -181,7 +176,7 @@ int main::takeOver(int index, const QString& text) {
     darstellen();  // the mask must show what the record really holds
     throw;
   }
-  return status;
+  return status == kFocusBack;
 }
 
 void main::moveFocus(int index, int step) {
@@ -226,7 +221,7 @@ void main::fillFrom(int index, const QStringList& numbers) {
     for (const QString& number : numbers) {
       program_.fieldIndex = box;
       program_.entryChanged = false;
-      if (takeOver(box, number) == kFocusBack && focusBack == 0) focusBack = box;
+      if (takeOver(box, number) && focusBack == 0) focusBack = box;
       box = nextBox(box, +1, [this](int next) { return isLocked(next); });
     }
     if (focusBack == 0) return moveFocus(program_.fieldIndex, +1);
@@ -370,15 +365,15 @@ void main::mnu_drucken_Click() {
 }
 
 void main::mnu2_pfad_Click() {
-  showOnce<datenpfad>(*this, [this] { return new datenpfad(program_, questions_, this); });
+  showOnce<datenpfad>(*this, program_.settings, program_.programFolder, questions_);
 }
 
 void main::mnu2_fatext_Click() {
-  showOnce<firma>(*this, [this] { return new firma(program_, questions_, this); });
+  showOnce<firma>(*this, program_.settings, program_.programFolder, questions_);
 }
 
 void main::mnu2_tk_Click() {
-  showOnce<varios>(*this, [this] { return new varios(this); });
+  showOnce<varios>(*this);
 }
 
 void main::mnu_version_Click() {
@@ -417,7 +412,7 @@ void main::mnu_neustart_Click() {
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
   darstellen();
-  Dateien::iniladen(program_);
+  Dateien::iniladen(program_.settings, program_.programFolder);
 }
 
 void main::Command2_Click() {

@@ -55,8 +55,8 @@ class main : public QMainWindow {
   [[nodiscard]] bool eincheck() const;
 
   /// Takes a text (trimmed) as the finished entry of a field: checks and stores it, recalculates
-  /// and redisplays. Returns kFocusBack if the check wants the field to be entered again, else 0.
-  int takeOver(int index, const QString& text);
+  /// and redisplays. Returns whether the check wants the field to be entered again.
+  bool takeOver(int index, const QString& text);
 
   /// Finishes what was typed but not left yet, as if its box had lost the focus. Comes before every
   /// command.

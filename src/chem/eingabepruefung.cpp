@@ -29,11 +29,11 @@ void subcalc::clearRuledOutCapacity() {
 
 void subcalc::checkeingabe(int index, const QString& text, int& status) {
   QString typed = text;
-  const check::Result result = checkTyped(typed);
-  status = result == check::kEmpty ? kFocusBack : 0;
+  const Check result = checkTyped(typed);
+  status = result == Check::kEmpty ? kFocusBack : 0;
   bool representable = true;
   record_.clearField(index);
-  if (result == check::kValid) {
+  if (result == Check::kValid) {
     representable = FixedPoint::tryFromDouble(numberIn(typed)).has_value();
     if (representable) {
       // The value is that of the text shown, so that a file gives back what was computed with.

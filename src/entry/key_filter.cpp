@@ -33,12 +33,16 @@ void text_check(int& code) {
   if (code < key::kSpace || code == '"' || (code > kLastPlain && !umlaut)) code = 0;
 }
 
+QString onOneLine(QString text) {
+  static const QRegularExpression kBreak(u"[\\r\\n\\x{2028}\\x{0}]"_s);
+  return text.replace(QChar::ParagraphSeparator, u"  "_s).replace(kBreak, u" "_s);
+}
+
 QString filteredText(const QString& text) {
   QString kept;
   // A letter and its accent may come as two characters; the set knows only the composed one.
-  QString composed = text.normalized(QString::NormalizationForm_C);
-  composed.replace("\r\n"_L1, "\n"_L1);
-  for (const QChar c : std::as_const(composed)) {
+  const QString composed = onOneLine(text).normalized(QString::NormalizationForm_C);
+  for (const QChar c : composed) {
     const bool invisible = c.category() == QChar::Other_Control ||
                            (c.category() == QChar::Other_Format && c != QChar::SoftHyphen);
     if (c.isSpace() && c != QChar::Nbsp) {

@@ -26,9 +26,13 @@ QStringList pastedNumbers(const QString& text);
 /// swallowed, as control characters, the double quote and all that no German keyboard has are.
 void text_check(int& code);
 
+/// The text on one line, as header, file and report have it: each carriage return and line feed is
+/// a blank, and so is a null character; Qt's paragraph separator stands for both and is two.
+QString onOneLine(QString text);
+
 /// What a field of one line keeps of a pasted text: all that the files can hold except the double
-/// quote. Line breaks and tabs become blanks, and a character that the files' set lacks "?", as it
-/// would in the file.
+/// quote. It comes on one line, tabs become blanks, and a character that the files' set lacks "?",
+/// as it would in the file.
 QString filteredText(const QString& text);
 
 /// The same of a text whose line breaks stay.

@@ -71,30 +71,29 @@ double numberOf(const NumberCell& cell) {
   return number;
 }
 
-check::Result checkTyped(QString& text, bool belowAllowed) {
+Check checkTyped(QString& text, bool belowAllowed) {
   QString typed = text;
   const bool below = takeBelowMark(typed, belowAllowed);
   if (typed.isEmpty()) {
     text.clear();
-    return check::kEmpty;
+    return Check::kEmpty;
   }
   static const QRegularExpression kNumber(u"^-?[0-9]*,?[0-9]*$"_s);
   typed.replace('.'_L1, ','_L1);
   const bool alone = typed == ","_L1 || typed == "-"_L1;
   const bool negative = typed.startsWith('-'_L1);
-  if (alone || (below && negative) || !kNumber.match(typed).hasMatch()) return check::kInvalid;
+  if (alone || (below && negative) || !kNumber.match(typed).hasMatch()) return Check::kInvalid;
   const qsizetype start = negative ? 1 : 0;
   if (typed.indexOf(','_L1) == start) typed.insert(start, '0'_L1);
   if (typed.endsWith(','_L1)) typed.back() = ' '_L1;
   text = below ? '<'_L1 + typed : typed;
-  return check::kValid;
+  return Check::kValid;
 }
 
-check::Result checkLimits(QString& text, const QString& minimum, QString& maximum,
-                          bool belowAllowed) {
+Check checkLimits(QString& text, const QString& minimum, QString& maximum, bool belowAllowed) {
   const bool below = takeBelowMark(text, belowAllowed);
   if (below && maximum.isEmpty()) maximum = u"0.1"_s;
-  if (text.isEmpty()) return check::kEmpty;
+  if (text.isEmpty()) return Check::kEmpty;
   static const QRegularExpression kSeparator(u"[,.]"_s);
   static const QRegularExpression kForeign(u"[^-0-9,.]"_s);
   static const QRegularExpression kForeignBelow(u"[^0-9,.]"_s);
@@ -102,14 +101,14 @@ check::Result checkLimits(QString& text, const QString& minimum, QString& maximu
   const qsizetype separator = text.indexOf(kSeparator);
   const bool separated = separator >= 0 && (foreign < 0 || separator < foreign);
   if (separated) text[separator] = '.'_L1;
-  if (foreign >= 0) return check::kInvalid;
+  if (foreign >= 0) return Check::kInvalid;
   const bool second = separated && text.indexOf(kSeparator, separator + 1) >= 0;
-  check::Result result = second ? check::kInvalid : check::kValid;
+  Check result = second ? Check::kInvalid : Check::kValid;
   const double number = readNumber(text);
   const bool tooSmall = !minimum.isEmpty() && number < readCommaNumber(minimum);
   const bool tooLarge = !maximum.isEmpty() && number > readCommaNumber(maximum);
-  if (tooSmall || tooLarge) result = check::kOutOfRange;
-  return below && result == check::kValid ? check::kBelowLimit : result;
+  if (tooSmall || tooLarge) result = Check::kOutOfRange;
+  return below && result == Check::kValid ? Check::kBelowLimit : result;
 }
 
 NumberCell cellOf(QString text) {

@@ -28,24 +28,21 @@ enum class Format {
 };
 
 /// Results of the checks of a typed number.
-namespace check {
-enum Result {
+enum class Check {
   kValid = 0,
   kEmpty = 1,
   kInvalid = 2,
   kOutOfRange = 3,
   kBelowLimit = 9,  ///< a valid "<" value; as a code on entry: a leading "<" is allowed
 };
-}  // namespace check
 
 /// Checks a typed number and normalises it to the decimal comma; "5," becomes "5 ". Valid, empty,
 /// or invalid with the text unchanged. A leading "<" is part of the number where it is allowed.
-check::Result checkTyped(QString& text, bool belowAllowed = false);
+Check checkTyped(QString& text, bool belowAllowed = false);
 
 /// Checks a number against limits (empty: none) and normalises it to the decimal point. An allowed
 /// "<" is taken off, the result is then kBelowLimit and an empty maximum becomes "0.1".
-check::Result checkLimits(QString& text, const QString& minimum, QString& maximum,
-                          bool belowAllowed);
+Check checkLimits(QString& text, const QString& minimum, QString& maximum, bool belowAllowed);
 
 /// What a text with decimal comma shows: nothing for an empty text, scientific text for one with an
 /// exponent. Runtime error 13 for an exponent in what is no number.

@@ -10,14 +10,16 @@ namespace calvora {
 using namespace Qt::StringLiterals;
 
 void Werteingabe::wertprüf(QString& text, int& code) const {
+  const bool belowAllowed = static_cast<Check>(code) == Check::kBelowLimit;
   guarded(questions_, u" werteingabe\\wertprüf"_s,
-          [&] { code = checkTyped(text, code == check::kBelowLimit); });
+          [&] { code = static_cast<int>(checkTyped(text, belowAllowed)); });
 }
 
 void Werteingabe::werteingabe(QString& text, const QString& minimum, QString& maximum,
                               int& code) const {
+  const bool belowAllowed = static_cast<Check>(code) == Check::kBelowLimit;
   guarded(questions_, u" werteingabe\\werteingabe"_s,
-          [&] { code = checkLimits(text, minimum, maximum, code == check::kBelowLimit); });
+          [&] { code = static_cast<int>(checkLimits(text, minimum, maximum, belowAllowed)); });
 }
 
 void Werteingabe::strzahl(const QString& text, NumberCell& value) const {

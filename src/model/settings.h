@@ -12,6 +12,7 @@ namespace setting {
 inline constexpr int kPrintLine = 5;     ///< the company line as it is printed
 inline constexpr int kSegmentList = 6;   ///< its four segments, each followed by "|"
 inline constexpr int kFirstSegment = 5;  ///< in the file: the four segments themselves
+inline constexpr int kLastSegment = 8;
 inline constexpr int kDataFolder = 10;
 }  // namespace setting
 

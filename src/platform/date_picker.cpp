@@ -65,6 +65,9 @@ void DatePicker::stepBy(int steps) {
 void DatePicker::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
     QDateEdit::keyPressEvent(event);  // steps, or opens the calendar with Alt
+  } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+    finish();
+    setDate(date().addMonths(event->key() == Qt::Key_PageUp ? 1 : -1));
   } else if (isEnter(*event)) {
     finish();
     event->ignore();

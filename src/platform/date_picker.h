@@ -5,8 +5,8 @@
 
 namespace calvora {
 
-/// A date, typed as dd.mm.yyyy, stepped with the arrow keys or picked in the calendar. The mouse
-/// wheel passes over it on its way through a form.
+/// A date, typed as dd.mm.yyyy, stepped with the arrow keys, by a month with the page keys, or
+/// picked in the calendar. The mouse wheel passes over it on its way through a form.
 ///
 /// It is edited as one line of text. In the toolkit's sections a digit of a date that is impossible
 /// on the way goes into the next section, and another date results unseen.

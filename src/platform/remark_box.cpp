@@ -15,13 +15,11 @@ RemarkBox::RemarkBox(QWidget* parent) : QPlainTextEdit(parent) {
 void RemarkBox::keyPressEvent(QKeyEvent* event) {
   if (isEnter(*event)) {
     event->accept();
-    return enter();
+    return emit enterPressed();
   }
   if (!isReadOnly() && typesSharpS(*this, *event)) return;
-  if (event->text().size() > 1) {  // a character beyond 16 bits, or several at once
-    insertPlainText(filter(event->text()));
-    return;
-  }
+  // A character beyond 16 bits, or several at once.
+  if (event->text().size() > 1) return insertPlainText(filter(event->text()));
   if (!isCommand(*event) && event->text().size() == 1 && event->key() != Qt::Key_Delete &&
       event->key() != Qt::Key_Escape) {
     int code = event->text().front().unicode();
@@ -37,8 +35,8 @@ void RemarkBox::insertFromMimeData(const QMimeData* source) {
 
 void RemarkBox::inputMethodEvent(QInputMethodEvent* event) {
   QInputMethodEvent filtered(event->preeditString(), event->attributes());
-  filtered.setCommitString(filter(event->commitString()), event->replacementStart(),
-                           event->replacementLength());
+  const QString composed = QString(event->commitString()).replace(u'ß', QStringLiteral("ss"));
+  filtered.setCommitString(filter(composed), event->replacementStart(), event->replacementLength());
   QPlainTextEdit::inputMethodEvent(&filtered);
 }
 

@@ -12,9 +12,11 @@ class RemarkBox : public QPlainTextEdit {
  public:
   explicit RemarkBox(QWidget* parent = nullptr);
 
-  std::function<void()> enter = [] {};
   std::function<void(int& code)> keyPress = [](int&) {};
   std::function<QString(const QString&)> filter = [](const QString& text) { return text; };
+
+ signals:
+  void enterPressed();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -14,6 +14,8 @@
 
 namespace calvora {
 
+using namespace Qt::StringLiterals;
+
 /// The one place that every text passes on its way into the box.
 class TextBox::Filter : public QValidator {
  public:
@@ -140,6 +142,9 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
   if (!event->commitString().isEmpty()) emit beforeKey(true);
   if (isReadOnly() || window()->focusWidget() != this) return;
+  if (event->commitString() == u" "_s) emit keyDown(key::kSpace);
+  event->setCommitString(QString(event->commitString()).replace(u'ß', u"ss"_s),
+                         event->replacementStart(), event->replacementLength());
   const bool typed = std::ranges::all_of(event->commitString(), [this](QChar c) {
     int code = c.unicode();
     keyPress(code);

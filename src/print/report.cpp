@@ -3,6 +3,7 @@
 
 #include "entry/date_text.h"
 #include "entry/decimal.h"
+#include "entry/key_filter.h"
 #include "model/fields.h"
 #include "storage/line_file.h"
 

@@ -8,6 +8,7 @@
 #include "base/runtime_error.h"
 #include "base/windows1252.h"
 #include "entry/decimal.h"
+#include "entry/key_filter.h"
 
 namespace calvora {
 
@@ -37,11 +38,6 @@ QString takeField(const QString& line, qsizetype& position) {
 }
 
 }  // namespace
-
-QString onOneLine(QString text) {
-  static const QRegularExpression kBreak(u"[\\r\\n\\x{2028}\\x{0}]"_s);
-  return text.replace(QChar::ParagraphSeparator, u"  "_s).replace(kBreak, u" "_s);
-}
 
 QString asFileName(QString name) {
   static const QRegularExpression kNotAllowed(u"[\\x00-\\x1f\\\\/:*?\"<>|]"_s);

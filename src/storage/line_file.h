@@ -8,10 +8,6 @@
 
 namespace calvora {
 
-/// The text on one line, as header, file and report have it: each carriage return and line feed is
-/// a blank, and so is a null character; Qt's paragraph separator stands for both and is two.
-QString onOneLine(QString text);
-
 /// A name as a file name: "-" for what would lead into another folder, split the name into several,
 /// or is not allowed in a name everywhere.
 QString asFileName(QString name);

@@ -15,7 +15,7 @@ namespace {
 constexpr int kLastStoredSlot = 12;
 
 bool isSegment(int slot) {
-  return slot >= setting::kFirstSegment && slot < setting::kFirstSegment + 4;
+  return slot >= setting::kFirstSegment && slot <= setting::kLastSegment;
 }
 
 QString settingsPath(const QString& programFolder) {

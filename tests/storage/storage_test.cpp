@@ -363,7 +363,7 @@ class StorageTest : public QObject {
   void aPastedTextPassesTheSameFilter() {
     compare(
         "Wärme, 5 % {|}=>Wärme, 5 % {|} | \"Süd\" ~ Größe € 💧=>Süd ~ Größe € ? | "
-        "oben¶unten\tda=>oben unten da | – 5\u2009µm u\u0308ber\u200B Łódź=>– 5 µm über ?ód?",
+        "oben¶unten\tda=>oben  unten da | – 5\u2009µm u\u0308ber\u200B Łódź=>– 5 µm über ?ód?",
         [](const QStringList& given) {
           return filteredText(given[0] + u"\x03\x16\x08\x1B\x7F"_s);
         });

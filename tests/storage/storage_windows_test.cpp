@@ -57,7 +57,7 @@ struct House : Mask {
       QDir(folder.path()).mkpath(name);
     }
     QDir::setCurrent(folder.path());
-    auto* made = new Window(program, questions, &window);
+    auto* made = new Window(program.settings, program.programFolder, questions, &window);
     made->show();
     activate(*made);
     settle();
@@ -216,12 +216,13 @@ class StorageWindowsTest : public QObject {
   }
 
   void aDateCanBeTyped_data() {
-    // Keys, with < for backspace and ^ for the arrow up, and the date that is then saved; with ! it
-    // is saved only after the user has seen that what was typed is none.
+    // Keys, with < for backspace, ^ for the arrow up and } for the page down, and the date that is
+    // then saved; with ! it is saved only after the user has seen that what was typed is none.
     rows<QString>(
         "31.12.2025=>31.12.2025 | 1.2.2025=>01.02.2025 | 22.11.2026=>22.11.2026 | "
         "22.11.20267=>22.11.2026 | 3a1-.1/2.2025=>31.12.2025 | <29.02.2024=>29.02.2024 | "
-        "^=>04.03.2026 | 31=>!03.03.2026 | 31.02.2026=>!03.03.2026 | 1.2.26=>!03.03.2026 | "
+        "^=>04.03.2026 | }=>03.02.2026 | 31=>!03.03.2026 | 31.02.2026=>!03.03.2026 | "
+        "1.2.26=>!03.03.2026 | "
         "23.11.2026=>!03.03.2026 | <=>!03.03.2026 | 31122025=>!03.03.2026");
   }
   void aDateCanBeTyped() {
@@ -237,7 +238,7 @@ class StorageWindowsTest : public QObject {
       QCOMPARE(window.focusWidget(), window.DTPicker1);
       for (const QChar c : given) {
         const auto typed = static_cast<Qt::Key>(c.toUpper().unicode());
-        const Qt::Key key = c == '^'_L1 ? Qt::Key_Up : typed;
+        const Qt::Key key = c == '^'_L1 ? Qt::Key_Up : c == '}'_L1 ? Qt::Key_PageDown : typed;
         QTest::keyClick(window.DTPicker1, c == '<'_L1 ? Qt::Key_Backspace : key);
       }
       QTest::mouseClick(window.Command1, Qt::LeftButton);
@@ -258,12 +259,17 @@ class StorageWindowsTest : public QObject {
     House house;
     put(house.at(u"ohne.cva"_s), QByteArray(kSmallFile).replace("03.02.2026", ""));
     put(house.at(u"morgen.cva"_s), QByteArray(kSmallFile).replace("03.02.2026", "23.11.2026"));
-    const auto saving = [&](bool dated) {
+    const auto saving = [&](bool dated, int day = 22) {
       const Dateien window(Dateien::Mode::kSaveAnalysis, house.program, house.questions,
                            house.desktop, &house.window);
       QCOMPARE(window.DTPicker1->isVisibleTo(&window), dated);
       QCOMPARE(window.Label8->text(), dated ? u"löschen"_s : u"setzen"_s);
-      QCOMPARE(window.DTPicker1->date(), QDate(2026, 11, 22));
+      QCOMPARE(window.DTPicker1->date(), QDate(2026, 11, day));
+      QCOMPARE(window.DTPicker1->isEnabled(), day == 22);
+      QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisibleTo(&window), day != 22);
+      if (day == 22) return;
+      for (int click = 0; click < 2; ++click) window.Label8->click();
+      QVERIFY(window.DTPicker1->isEnabled() && window.DTPicker1->date() == QDate(2026, 11, 22));
     };
     saving(true);
     house.load(u"ohne.cva"_s, [](Dateien& window) { QVERIFY(!window.DTPicker1->isVisible()); });
@@ -271,7 +277,7 @@ class StorageWindowsTest : public QObject {
     // A later day is shown as it came, but cannot be entered.
     house.load(u"morgen.cva"_s,
                [](Dateien& window) { QCOMPARE(window.DTPicker1->text(), u"23.11.2026"_s); });
-    saving(true);
+    saving(true, 23);
     house.window.mnu_neustart->trigger();
     saving(true);
     // What was saved without a date has none.

@@ -1,5 +1,4 @@
 #include "print/windows/drucker.h"
-#include "storage/settings.h"
 
 #include <QDir>
 
@@ -11,7 +10,7 @@
 #include "platform/paper.h"
 #include "platform/twips.h"
 #include "print/windows/report_printer.h"
-#include "storage/line_file.h"
+#include "storage/settings.h"
 
 namespace calvora {
 
@@ -20,6 +19,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLongestText = 99;
+
+enum Box { kCreationDate = 1, kProject, kSample };  // in Text1
 
 }  // namespace
 
@@ -41,16 +42,16 @@ void Drucker::Form_Load() {
     Text1(box).setMaxLength(std::max(kLongestText, static_cast<int>(text.size())));
     Text1(box).showText(text);
   };
-  Text1(1).showText(dateText(program_.today()));
-  show(2, header_[kopf::kProjekt]);
-  show(3, header_[kopf::kProbe]);
+  Text1(kCreationDate).showText(dateText(program_.today()));
+  show(kProject, header_[kopf::kProjekt]);
+  show(kSample, header_[kopf::kProbe]);
   Text4->setPlainText(header_[kopf::kBemerkung]);
 }
 
 void Drucker::druckart(Bericht kind) {
   kind_ = kind;
   if (kind == Bericht::kÜbersicht) {
-    Text1(3).hide();
+    Text1(kSample).hide();
     Label3->hide();
     program_.landscape = true;
   }
@@ -63,8 +64,8 @@ QString Drucker::remark() const {
 }
 
 void Drucker::keepHeader() {
-  header_[kopf::kProjekt] = Text1(2).text();
-  header_[kopf::kProbe] = Text1(3).text();
+  header_[kopf::kProjekt] = Text1(kProject).text();
+  header_[kopf::kProbe] = Text1(kSample).text();
   header_[kopf::kBemerkung] = remark();
 }
 
@@ -115,9 +116,9 @@ void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
     const ReportHead head{.kind = kind_,
                           .companyLine = program_.settings.slot[setting::kPrintLine],
                           .today = program_.today(),
-                          .project = Text1(2).text(),
+                          .project = Text1(kProject).text(),
                           .fileName = header_[kopf::kDateiname],
-                          .sample = Text1(3).text(),
+                          .sample = Text1(kSample).text(),
                           .samplingDate = header_[kopf::kProbenahme],
                           .remark = remark()};
     for (const Statement& statement : headStatements(head, landscape)) printer.print(statement);
@@ -177,16 +178,16 @@ void Drucker::buildWindow() {
   for (QLabel* label : {Label1, Label2, Label3, Label4}) {
     place(*label, 240, 1740 + 600 * row++, 1815, 315);
   }
-  place(Text1(1), 2100, 1725, 1600, 345);
-  place(Text1(2), 2100, 2325, 3800, 345);
-  place(Text1(3), 2100, 2925, 3800, 345);
+  place(Text1(kCreationDate), 2100, 1725, 1600, 345);
+  place(Text1(kProject), 2100, 2325, 3800, 345);
+  place(Text1(kSample), 2100, 2925, 3800, 345);
   place(*Text4, 2100, 3525, 3800, 720);
   place(*Command2, 1170, 4575, 1650, 390);
   place(*Command3, 3375, 4575, 1650, 390);
   place(*Command4, 1170, 5100, 3855, 390);
   setFixedSize(twips(6255), twips(5760));
 
-  QWidget* order[] = {&Text1(2), &Text1(3), Text4, Command2, Command3, Command4};
+  QWidget* order[] = {&Text1(kProject), &Text1(kSample), Text4, Command2, Command3, Command4};
   for (size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
   Command2->setFocus();
 }
@@ -198,21 +199,21 @@ void Drucker::buildFields() {
     field->setAccessibleName(caption.trimmed());
     return made;
   };
-  for (const int index : {1, 2, 3}) {
+  for (const int index : {kCreationDate, kProject, kSample}) {
     TextBox& box = Text1.add(index, new TextBox(this));
     box.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     setRole(box, Role::kInput);
     box.filter = filteredText;
     box.keyPress = [](int& code) { text_check(code); };
   }
-  TextBox& today = Text1(1);
+  TextBox& today = Text1(kCreationDate);
   today.setReadOnly(true);  // the report always says when it was printed
   today.setFocusPolicy(Qt::NoFocus);
   today.setStyleSheet(u"background: #c0ffc0"_s);
   Text4 = new RemarkBox(this);
-  Label1 = label(u" Erstell-Datum  "_s, &Text1(1));
-  Label2 = label(u" Projekt  "_s, &Text1(2));
-  Label3 = label(u" Bezeichnung Probe  "_s, &Text1(3));
+  Label1 = label(u" Erstell-Datum  "_s, &Text1(kCreationDate));
+  Label2 = label(u" Projekt  "_s, &Text1(kProject));
+  Label3 = label(u" Bezeichnung Probe  "_s, &Text1(kSample));
   Label4 = label(u" Bemerkung  "_s, Text4);
   limitRemark();
 

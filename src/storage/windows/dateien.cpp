@@ -72,9 +72,13 @@ void Dateien::Form_Load() {
   Text7->setPlainText(header_[kopf::kBemerkung]);
   const QDate today = program_.today();
   const QDate date = dateOf(header_[kopf::kProbenahme]);
-  // A later date can come with a file and is then shown, but never entered.
-  DTPicker1->setDateRange(kFirstDate, saves ? today : std::max(today, date));
+  // A later date can come with a file. It is kept or removed, but never entered.
+  DTPicker1->setDateRange(kFirstDate, std::max(today, date));
   DTPicker1->setDate(date.isValid() ? date : today);
+  DTPicker1->setEnabled(saves && date <= today);
+  failure_->setText(
+      u"Das gespeicherte Datum liegt in der Zukunft. Es bleibt, bis Sie es löschen."_s);
+  failure_->setVisible(saves && date > today);
   setDate(date.isValid() || (saves && !wasKept(header_)));
 }
 
@@ -96,7 +100,11 @@ void Dateien::setDate(bool given) {
 }
 
 void Dateien::Label8_Click() {
-  guarded(questions_, u" dateien\\ps_L8"_s, [this] { setDate(!dateSet_); });
+  guarded(questions_, u" dateien\\ps_L8"_s, [this] {
+    DTPicker1->setMaximumDate(program_.today());
+    DTPicker1->setEnabled(true);
+    setDate(!dateSet_);
+  });
 }
 
 void Dateien::keepHeader() {
@@ -225,14 +233,14 @@ void Dateien::tellIncomplete() {
 
 // ---- Settings ----
 
-void Dateien::iniladen(Program& program) {
-  readSettings(program.settings, program.programFolder);
+void Dateien::iniladen(Settings& settings, const QString& programFolder) {
+  readSettings(settings, programFolder);
 }
 
-bool Dateien::inispeichern(Program& program, Questions& questions) {
+bool Dateien::inispeichern(Settings& settings, const QString& programFolder, Questions& questions) {
   bool saved = false;
   guarded(questions, u" dateien\\inispeichern"_s, [&] {
-    writeSettings(program.settings, program.programFolder);
+    writeSettings(settings, programFolder);
     saved = true;
   });
   return saved;
@@ -331,7 +339,6 @@ void Dateien::prepareForMode(QFormLayout& form) {
     setRole(*field, edits ? Role::kInput : Role::kComputed);
   }
   form.setRowVisible(Text3, mode_ != Mode::kSaveProject);
-  DTPicker1->setEnabled(saves);
   if (!edits) DTPicker1->setToolTip(Label5->text());
   Label5->setVisible(edits && mode_ != Mode::kSaveProject);
   projectDate_->setVisible(mode_ == Mode::kSaveProject);
@@ -369,10 +376,10 @@ void Dateien::connectFields() {
   connectField(Text4, u" dateien\\ps_t4_keypress"_s);
   Text7->filter = filteredText;
   Text7->keyPress = checkKey(u" dateien\\ps_t7_keypress"_s);
-  Text7->enter = [this] {
+  connect(Text7, &RemarkBox::enterPressed, this, [this] {
     Command1->setFocus(Qt::TabFocusReason);
     remarkGoesOn_ = true;
-  };
+  });
 }
 
 void Dateien::connectDateAndButtons() {
@@ -382,8 +389,10 @@ void Dateien::connectDateAndButtons() {
   });
   connect(DTPicker1, &DatePicker::refused, this, [this](const QString& text) {
     dateRefused_ = true;
-    showFailure(u"„%1“ ist kein Datum bis heute, wie 05.03.2026. Es bleibt beim %2."_s.arg(
-        text, dateText(DTPicker1->date())));
+    const bool later = QDate::fromString(text, u"d.M.yyyy"_s) > program_.today();
+    showFailure(u"„%1“ %2. Es bleibt beim %3."_s.arg(
+        text, later ? u"liegt in der Zukunft"_s : u"ist kein Datum wie 05.03.2026"_s,
+        dateText(DTPicker1->date())));
   });
   // Enter walks through the fields; it must not press a button on its way.
   for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);

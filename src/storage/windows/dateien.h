@@ -51,10 +51,10 @@ class Dateien : public QDialog {
   bool projektladen();
 
   /// Reads the settings file and derives the print line and the segment list.
-  static void iniladen(Program& program);
+  static void iniladen(Settings& settings, const QString& programFolder);
 
   /// Writes the settings file. False if that fails, which is reported.
-  static bool inispeichern(Program& program, Questions& questions);
+  static bool inispeichern(Settings& settings, const QString& programFolder, Questions& questions);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

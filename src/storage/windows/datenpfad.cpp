@@ -18,24 +18,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+enum Command { kSave = 1, kCancel };
+
 constexpr int kPathRole = Qt::UserRole;
 constexpr int kLongestBareDrive = 3;
 
 /// The folder that the window proposes: the chosen one, unless it is a bare drive.
-QString proposedFolder(const Program& program) {
-  const QString& chosen = program.settings.slot[setting::kDataFolder];
-  return chosen.size() > kLongestBareDrive ? chosen : defaultDataFolder(program.programFolder);
+QString proposedFolder(const Settings& settings, const QString& programFolder) {
+  const QString& chosen = settings.slot[setting::kDataFolder];
+  return chosen.size() > kLongestBareDrive ? chosen : defaultDataFolder(programFolder);
 }
 
 }  // namespace
 
-datenpfad::datenpfad(Program& program, Questions& questions, QWidget* parent)
-    : QDialog(parent), program_(program), questions_(questions) {
+datenpfad::datenpfad(Settings& settings, const QString& programFolder, Questions& questions,
+                     QWidget* parent)
+    : QDialog(parent), settings_(settings), programFolder_(programFolder), questions_(questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   listDrives();
   connect(Drive1, &QComboBox::activated, this, &datenpfad::Drive1_Change);
-  Label3(1).setText(proposedFolder(program_));
+  Label3(1).setText(proposedFolder(settings_, programFolder_));
 }
 
 /// The root comes first whatever the system tells: not every one lists it as mounted.
@@ -103,7 +106,7 @@ void datenpfad::choose(const QString& folder) {
   }
   openFolder(folder);
   Label3(2).setText(QDir::toNativeSeparators(folder));
-  Command1(1).setEnabled(true);
+  Command1(kSave).setEnabled(true);
 }
 
 void datenpfad::Drive1_Change(int index) {
@@ -135,7 +138,7 @@ bool datenpfad::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void datenpfad::Command1_Click(int index) {
-  if (index == 2) {
+  if (index == kCancel) {
     close();
     return;
   }
@@ -143,8 +146,8 @@ void datenpfad::Command1_Click(int index) {
   if (folder.isEmpty() || !canBeKept(folder)) return;
   if (message(questions_, meldung::kPfadBestätigen, folder) == Button::kAbbrechen) return;
   Label3(1).setText(folder);
-  program_.settings.slot[setting::kDataFolder] = folder;
-  if (!Dateien::inispeichern(program_, questions_)) return;
+  settings_.slot[setting::kDataFolder] = folder;
+  if (!Dateien::inispeichern(settings_, programFolder_, questions_)) return;
   message(questions_, meldung::kPfadGespeichert);
   close();
 }
@@ -172,9 +175,9 @@ void datenpfad::buildWindow() {
   bold.setBold(true);
   Label3(2).setFont(bold);
 
-  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+  addButtons(Command1, 1900, {{kSave, u"OK/speichern"_s}, {kCancel, u"abbrechen"_s}},
              [this](int index) { Command1_Click(index); });
-  Command1(1).setEnabled(false);
+  Command1(kSave).setEnabled(false);
 
   layout->addWidget(Label1);
   layout->addWidget(Drive1);
@@ -182,7 +185,7 @@ void datenpfad::buildWindow() {
   layout->addWidget(&Label3(2));
   layout->addWidget(Label2);
   layout->addWidget(&Label3(1));
-  layout->addLayout(makeButtonRow({&Command1(1), &Command1(2)}));
+  layout->addLayout(makeButtonRow({&Command1(kSave), &Command1(kCancel)}));
   Dir1->viewport()->installEventFilter(this);
   // One click opens a folder, and so does Enter.
   connect(Dir1, &QListWidget::itemClicked, this, &datenpfad::Dir1_Click);

@@ -7,7 +7,7 @@
 #include <QPushButton>
 
 #include "base/questions.h"
-#include "model/program.h"
+#include "model/settings.h"
 #include "platform/control_array.h"
 
 namespace calvora {
@@ -17,7 +17,8 @@ class datenpfad : public QDialog {
   Q_OBJECT
 
  public:
-  datenpfad(Program& program, Questions& questions, QWidget* parent);
+  datenpfad(Settings& settings, const QString& programFolder, Questions& questions,
+            QWidget* parent);
 
   /// Shows a message of the program's catalogue, one of `meldung`, and returns the pressed button.
   /// `extra` is the fourth line of message 2. Any other code shows an empty message.
@@ -44,7 +45,8 @@ class datenpfad : public QDialog {
   void Dir1_Click(QListWidgetItem* entry);
   void Command1_Click(int index);
 
-  Program& program_;
+  Settings& settings_;
+  const QString& programFolder_;
   Questions& questions_;
   bool shown_ = false;
 };

@@ -16,25 +16,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+enum Command { kSave = 1, kCancel };
+
 constexpr int kLines = 4;
 constexpr int kPreview = 4;
 
 }  // namespace
 
-firma::firma(Program& program, Questions& questions, QWidget* parent)
-    : QDialog(parent), program_(program), questions_(questions) {
+firma::firma(Settings& settings, const QString& programFolder, Questions& questions,
+             QWidget* parent)
+    : QDialog(parent), settings_(settings), programFolder_(programFolder), questions_(questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   Form_Load();
 }
 
 void firma::Form_Load() {
-  const QString& printLine = program_.settings.slot[setting::kPrintLine];
+  const QString& printLine = settings_.slot[setting::kPrintLine];
   Text1(kPreview).showText(printLine.trimmed());
   showAvailable(printLine.size());
-  const CompanyLines shown = linesOfSegmentList(program_.settings.slot[setting::kSegmentList]);
+  const CompanyLines shown = linesOfSegmentList(settings_.slot[setting::kSegmentList]);
   for (int i = 0; i < kLines; ++i) Text1(i).showText(shown.at(static_cast<size_t>(i)));
-  Command1(1).setEnabled(false);
+  Command1(kSave).setEnabled(false);
 }
 
 void firma::showAvailable(qsizetype length) {
@@ -49,15 +52,12 @@ void firma::Text1_Change() {
   const QString preview = companyPreview(lines());
   Text1(kPreview).showText(preview);
   showAvailable(preview.size());
-  Command1(1).setEnabled(true);
+  Command1(kSave).setEnabled(true);
 }
 
 void firma::Command1_Click(int index) {
-  if (index == 2) {
-    close();
-    return;
-  }
-  save();
+  if (index == kCancel) close();
+  if (index == kSave) save();
 }
 
 void firma::save() {
@@ -68,13 +68,13 @@ void firma::save() {
     return;
   }
   if (!keyPressed_) return;
-  Settings& settings = program_.settings;
-  settings.segments = segments;
-  const bool saved = Dateien::inispeichern(program_, questions_);
-  settings.slot[setting::kPrintLine] = printLine;
-  settings.slot[setting::kSegmentList] = segmentList(segments);
+  settings_.segments = segments;
+  const bool saved = Dateien::inispeichern(settings_, programFolder_, questions_);
+  settings_.slot[setting::kPrintLine] = printLine;
+  settings_.slot[setting::kSegmentList] = segmentList(segments);
   // In the running program the first two slots of the segments hold line and list instead.
-  for (const int slot : {7, 8}) settings.slot[slot].clear();
+  settings_.slot[setting::kLastSegment - 1].clear();
+  settings_.slot[setting::kLastSegment].clear();
   if (!saved) return;  // the window stays, to try again
   datenpfad::message(questions_, meldung::kDruckzeileGespeichert);
   close();
@@ -127,9 +127,9 @@ void firma::buildWindow() {
   available->setSpacing(10);
   available->addWidget(&Label3.add(0, new QLabel(u"verfügbare Zeichen"_s)));
   available->addWidget(&Label3.add(1, new QLabel));
-  addButtons(Command1, 1900, {{1, u"OK/speichern"_s}, {2, u"abbrechen"_s}},
+  addButtons(Command1, 1900, {{kSave, u"OK/speichern"_s}, {kCancel, u"abbrechen"_s}},
              [this](int index) { Command1_Click(index); });
-  available->addLayout(makeButtonRow({&Command1(1), &Command1(2)}), 1);
+  available->addLayout(makeButtonRow({&Command1(kSave), &Command1(kCancel)}), 1);
   grid->addLayout(available, 7, 0, 1, 2);
   setMinimumWidth(twips(11500));
 }

@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "base/questions.h"
-#include "model/program.h"
+#include "model/settings.h"
 #include "platform/control_array.h"
 #include "platform/text_box.h"
 #include "storage/settings.h"
@@ -17,7 +17,7 @@ class firma : public QDialog {
   Q_OBJECT
 
  public:
-  firma(Program& program, Questions& questions, QWidget* parent);
+  firma(Settings& settings, const QString& programFolder, Questions& questions, QWidget* parent);
 
   ControlArray<TextBox> Text1;  ///< 0 to 3 the lines, 4 the preview
   ControlArray<QLabel> Label1;
@@ -35,7 +35,8 @@ class firma : public QDialog {
   [[nodiscard]] CompanyLines lines() const;
   void showAvailable(qsizetype length);
 
-  Program& program_;
+  Settings& settings_;
+  const QString& programFolder_;
   Questions& questions_;
   bool keyPressed_ = false;  ///< only then is there something to save
 };

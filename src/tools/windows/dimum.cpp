@@ -6,7 +6,6 @@
 #include <QScreen>
 
 #include "base/guarded.h"
-#include "chem/subcalc.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/placement.h"
@@ -132,10 +131,10 @@ void dimum::labclick(int index) {
 }
 
 void dimum::Command1_Click() {
-  int status = kFocusBack;
+  bool again = true;
   guarded(questions_, u" dimum\\command1"_s,
-          [&] { status = takeOver_(converter_.field(), converter_.ownText()); });
-  if (status != kFocusBack) Command2_Click();
+          [&] { again = takeOver_(converter_.field(), converter_.ownText()); });
+  if (!again) Command2_Click();
 }
 
 void dimum::Command2_Click() {

@@ -21,9 +21,9 @@ class dimum : public QDialog {
   Q_OBJECT
 
  public:
-  /// Hands a field's text to the analysis as if it had been typed. Returns kFocusBack if the check
-  /// wants it to be entered again, else 0.
-  using TakeOver = std::function<int(int field, const QString& text)>;
+  /// Hands a field's text to the analysis as if it had been typed. Returns whether the check wants
+  /// it to be entered again.
+  using TakeOver = std::function<bool(int field, const QString& text)>;
 
   /// Opens over the main window, on the value that the record holds for a field.
   dimum(const AnalysisRecord& record, int field, Questions& questions, Desktop& desktop,
