@@ -52,7 +52,6 @@ struct JammingPaper : Paper, QPdfWriter {
 /// A mask over a folder, with the example analysis in it.
 struct Printing : Mask {
   Printing() {
-    program.today = [] { return QDate(2026, 11, 22); };
     program.settings.slot[setting::kDataFolder] = folder.path();
     program.settings.slot[setting::kPrintLine] = u"Firma       Weg 1    Ort"_s;
     program.header[0] = u"brunnen"_s;

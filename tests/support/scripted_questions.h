@@ -48,13 +48,10 @@ inline bool isKnown(const Message& message) {
 class ScriptedQuestions : public Questions {
  public:
   /// Expects a message with exactly this text next, and presses that button, which it must offer.
-  void expect(const QString& text, Button answer = Button::kOk) {
-    script_.push_back({text, answer, nullptr});
-  }
-
-  /// As `expect`, but raises a fault of the test's choice instead of answering.
-  void expectAndRaise(const QString& text, std::function<void()> raise) {
-    script_.push_back({text, Button::kOk, std::move(raise)});
+  /// Or raises a fault of the test's choice before.
+  void expect(const QString& text, Button answer = Button::kOk,
+              std::function<void()> raise = nullptr) {
+    script_.push_back({text, answer, std::move(raise)});
   }
 
   Button ask(const Message& message) override {
