@@ -42,18 +42,19 @@ QDateTime DatePicker::dateTimeFromText(const QString& text) const {
   return typedDate(text).startOfDay(timeSpec());
 }
 
-/// Takes what was typed, or returns to the date before and says so.
-void DatePicker::finish() {
+/// Takes what was typed; or returns to the date before, says so and is false.
+bool DatePicker::finish() {
   const QString typed = text();
   const QDate date = typedDate(typed);
   setDate(date.isValid() ? date : this->date());
   if (!date.isValid()) emit refused(typed);
+  return date.isValid();
 }
 
 void DatePicker::stepBy(int steps) {
   const bool selected = lineEdit()->hasSelectedText();
   const int cursor = selected ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
-  finish();
+  if (!finish()) return;
   const bool isDay = cursor <= 2;
   const bool isMonth = !isDay && cursor <= 5;
   setDate(isDay     ? date().addDays(steps)
@@ -66,8 +67,7 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
     QDateEdit::keyPressEvent(event);  // steps, or opens the calendar with Alt
   } else if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
-    finish();
-    setDate(date().addMonths(event->key() == Qt::Key_PageUp ? 1 : -1));
+    if (finish()) setDate(date().addMonths(event->key() == Qt::Key_PageUp ? 1 : -1));
   } else if (isEnter(*event)) {
     finish();
     event->ignore();

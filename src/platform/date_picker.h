@@ -35,7 +35,7 @@ class DatePicker : public QDateEdit {
 
  private:
   [[nodiscard]] QDate typedDate(const QString& text) const;
-  void finish();
+  bool finish();
 };
 
 }  // namespace calvora

@@ -35,8 +35,8 @@ void RemarkBox::insertFromMimeData(const QMimeData* source) {
 
 void RemarkBox::inputMethodEvent(QInputMethodEvent* event) {
   QInputMethodEvent filtered(event->preeditString(), event->attributes());
-  const QString composed = QString(event->commitString()).replace(u'ß', QStringLiteral("ss"));
-  filtered.setCommitString(filter(composed), event->replacementStart(), event->replacementLength());
+  filtered.setCommitString(filter(event->commitString()), event->replacementStart(),
+                           event->replacementLength());
   QPlainTextEdit::inputMethodEvent(&filtered);
 }
 

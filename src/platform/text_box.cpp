@@ -6,15 +6,12 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QValidator>
-#include <algorithm>
 #include <utility>
 
 #include "entry/key_filter.h"
 #include "platform/form.h"
 
 namespace calvora {
-
-using namespace Qt::StringLiterals;
 
 /// The one place that every text passes on its way into the box.
 class TextBox::Filter : public QValidator {
@@ -138,18 +135,15 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
   if (code == 0 || code == key::kSpace) QLineEdit::keyPressEvent(event);
 }
 
-/// Some desktops compose even plain keys: what could have been typed comes in as typed.
+/// Some desktops compose even plain keys: a character that could have been typed comes in as typed,
+/// anything else as if it were pasted.
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
   if (!event->commitString().isEmpty()) emit beforeKey(true);
   if (isReadOnly() || window()->focusWidget() != this) return;
-  if (event->commitString() == u" "_s) emit keyDown(key::kSpace);
-  event->setCommitString(QString(event->commitString()).replace(u'ß', u"ss"_s),
-                         event->replacementStart(), event->replacementLength());
-  const bool typed = std::ranges::all_of(event->commitString(), [this](QChar c) {
-    int code = c.unicode();
-    keyPress(code);
-    return code != 0;
-  });
+  if (event->commitString() == QLatin1String(" ")) emit keyDown(key::kSpace);
+  int code = event->commitString().size() == 1 ? event->commitString().front().unicode() : 0;
+  if (code != 0) keyPress(code);
+  const bool typed = event->commitString().isEmpty() || code != 0;
   const QScopedValueRollback unfiltered(unfiltered_, typed);
   QLineEdit::inputMethodEvent(event);
 }

@@ -60,6 +60,7 @@ class MainWindowTest : public QObject {
       a word in a cell          | @23 2 V60¶x¶5  |            | 23=2 24= @23 !
       an empty cell             | @23 V60¶¶5     |            | 23= 24= 25= @23
 
+      composed in part          | C5x            |            | 1= @1
       composed                  | C7 C_ C1 C, Cx C5 C-2 |     | 1=1,5 @1 !
       dropped                   | 420 T5:2,5 ⏎   |            | 1=420,0000 5=2,5000 @6
       dropped on another        | T5:7 T5:2,5 ⏎  |            | 5=2,5000 @6

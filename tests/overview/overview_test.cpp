@@ -153,10 +153,9 @@ class OverviewTest : public QObject {
   void operationsChangeWhatTheyMay_data() {
     // Operations => filled slots, and the buttons of 2 to 4 that are enabled.
     rows<QString>(
-        "x1 m2=>; | l1 l2 l3 r3=>12;234 | l1 n1 x2=>1;234 | l4 r4=>; | l1 l8 c=>;2 | p c=>;2 | l1 "
-        "c c=>;2 | "
-        "l1 l8 a=>18;234 | l7 q=>;2 | q=>; | l7 p=>123;234 | p r2 l5=>135;234 | l2 s=>2;234 | "
-        "p s=>123;234 | l2 v c=>;2 | l2 f=>2;234");
+        "x1 m2=>; | l1 l2 l3 r3=>12;234 | l1 n1 x2=>1;234 | l4 r4=>; | l1 l8 c=>;2 | p c=>;2 | l1"
+        " c c=>;2 | l1 l8 a=>18;234 | l7 q=>;2 | q=>; | l7 p=>123;234 | p r2 l5=>135;234 | l2 "
+        "s=>2;234 | p s=>123;234 | l2 v c=>;2 | l2 f=>2;234 | p q=>;2");
   }
 
   /// Nothing that is done here changes the analysis of the main window or its header; saving a

@@ -124,17 +124,17 @@ void analysen::print() {
   window.exec();
 }
 
-/// Empties the overview, which is then as when it opened. False, and nothing happened, if the user
-/// does not want that.
+/// Empties the overview; a project that goes with it takes its header along. False, and nothing
+/// happened, if the user does not want that.
 bool analysen::emptyGrid() {
   if (filledSlots(grid_) >= 1) {
     int answer = uebersicht::kAlleLöschen;
     message(answer);
     if (static_cast<Button>(answer) == Button::kAbbrechen) return false;
+    project_.header = program_.header;
   }
   for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) grid_.slot[k] = {};
-  project_.header = program_.header;
   darstellen();
   return true;
 }

@@ -76,10 +76,16 @@ void Dateien::Form_Load() {
   DTPicker1->setDateRange(kFirstDate, std::max(today, date));
   DTPicker1->setDate(date.isValid() ? date : today);
   DTPicker1->setEnabled(saves && date <= today);
+  setDate(date.isValid() || (saves && !wasKept(header_)));
+  showOnlyLaterDate();
+}
+
+/// Takes the red line away, but not where it says why the date is locked.
+void Dateien::showOnlyLaterDate() {
+  const bool saves = mode_ == Mode::kSaveAnalysis || mode_ == Mode::kSaveProject;
   failure_->setText(
       u"Das gespeicherte Datum liegt in der Zukunft. Es bleibt, bis Sie es löschen."_s);
-  failure_->setVisible(saves && date > today);
-  setDate(date.isValid() || (saves && !wasKept(header_)));
+  failure_->setVisible(saves && dateSet_ && !DTPicker1->isEnabled());
 }
 
 /// Shows the header that was read, without a sampling date that is none. False if there was one.
@@ -104,6 +110,7 @@ void Dateien::Label8_Click() {
     DTPicker1->setMaximumDate(program_.today());
     DTPicker1->setEnabled(true);
     setDate(!dateSet_);
+    showOnlyLaterDate();
   });
 }
 
@@ -126,7 +133,7 @@ void Dateien::Command1_Click() {
     DTPicker1->setFocus(Qt::OtherFocusReason);
     return;
   }
-  failure_->hide();
+  showOnlyLaterDate();
   guarded(questions_, u" dateien\\ps_speichern"_s, [this] {
     try {
       save();

@@ -89,6 +89,7 @@ class Dateien : public QDialog {
   void prepareForMode(QFormLayout& form);
   [[nodiscard]] QWidget* nextField(const QWidget* field) const;
   void Form_Load();
+  void showOnlyLaterDate();
   void Label8_Click();
   void Command1_Click();
   bool showReadHeader();
