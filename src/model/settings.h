@@ -14,6 +14,7 @@ inline constexpr int kSegmentList = 6;   ///< its four segments, each followed b
 inline constexpr int kFirstSegment = 5;  ///< in the file: the four segments themselves
 inline constexpr int kLastSegment = 8;
 inline constexpr int kDataFolder = 10;
+inline constexpr int kUncertainties = 11;  ///< measurement uncertainties; empty: the defaults
 }  // namespace setting
 
 /// The program's few settings, kept in `cvra.ini` in the program folder.
