@@ -1,4 +1,6 @@
 // What the conductivity implies: a pH, a least conductivity, a conductivity from the ions.
+#include "chem/leitfaehigkeit.h"
+
 #include <cmath>
 
 #include "chem/karbonat.h"
@@ -10,20 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Molar conductivities at infinite dilution, 25 °C, in S·cm²/mol.
-constexpr double kLambdaH = 350;
-constexpr double kLambdaNaOH = 248;
-constexpr double kLambdaOH = 198;
-constexpr double kLambdaNa = 50;
 constexpr double kMolarMassNa = 23;  // g/mol
 
 constexpr double kFactorWithoutConductivity = 0.98;
-
-/// Share of the conductivity at infinite dilution that is left at conductivity κ in µS/cm.
-double conductivityFactor(double conductivity) {
-  if (conductivity > 1399) return 0.8;
-  return std::abs(1 - 0.000277 * conductivity + 0.000000105 * conductivity * conductivity);
-}
 
 }  // namespace
 
@@ -44,8 +35,8 @@ void subcalc::ph_aus_lf() {
   const double conductivity = value(feld::kLeitfähigkeit);
   const double factor = conductivityFactor(conductivity);
   const bool acid = record_.value[feld::kPh] <= 7_fp;
-  const double ph = acid ? 3 - std::log10(conductivity / (kLambdaH * factor))
-                         : 11 + std::log10(conductivity / (kLambdaNaOH * factor));
+  const double ph = acid ? 3 - std::log10(conductivity / (lambda::kH * factor))
+                         : 11 + std::log10(conductivity / (lambda::kNaOH * factor));
   store(feld::kPhAusLf, ph, Format::kTwoDecimals);
   if (acid && ph < 4) record_.text[feld::kPhAusLf] = u"<4,0"_s;
   if (!acid && ph > 12.5) record_.text[feld::kPhAusLf] = u">12,5"_s;
@@ -59,13 +50,13 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
   if (ph < 1_fp) return {};
   const double hydrogen = 1000 * std::pow(10.0, -ph.toDouble());  // mmol/l
   const double hydroxide = hydroxideAt(ph.toDouble());            // mmol/l
-  const IonConductivity ions{factor * kLambdaH * hydrogen, factor * kLambdaOH * hydroxide};
+  const IonConductivity ions{factor * lambda::kH * hydrogen, factor * lambda::kOH * hydroxide};
   if (ph < 8.3_fp) {
     record_.value[feld::kNatrium] = {};
     return ions;
   }
   storeValue(feld::kNatrium, kMolarMassNa * hydroxide);
-  const double minimum = factor * kLambdaNa * hydroxide + ions.hydrogen + ions.hydroxide;
+  const double minimum = factor * lambda::kNa * hydroxide + ions.hydrogen + ions.hydroxide;
   const bool contradicts =
       !isEmpty(feld::kLeitfähigkeit) && 1.1 * value(feld::kLeitfähigkeit) < minimum;
   if (contradicts && std::isfinite(minimum))
@@ -76,12 +67,12 @@ subcalc::IonConductivity subcalc::minimumConductivity(double factor) {
 /// The conductivity as the sum over the ions of the record, from mg/l, in µS/cm.
 void subcalc::conductivityFromIons(const IonConductivity& ions, double factor) {
   const double sum = ions.hydrogen + ions.hydroxide +  //
-                     value(feld::kHydrogencarbonat) * 44.5 / 61 +
-                     value(feld::kCarbonat) * 86 * 2 / 60 +       //
-                     value(feld::kCalcium) * 59.5 * 2 / 40.1 +    //
-                     value(feld::kMagnesium) * 53.1 * 2 / 24.3 +  //
-                     value(feld::kChlorid) * 76.3 / 35.5 +        //
-                     value(feld::kNatrium) * kLambdaNa / kMolarMassNa;
+                     value(feld::kHydrogencarbonat) * lambda::kHCO3 / 61 +
+                     value(feld::kCarbonat) * lambda::kCO3 * 2 / 60 +    //
+                     value(feld::kCalcium) * lambda::kCa * 2 / 40.1 +    //
+                     value(feld::kMagnesium) * lambda::kMg * 2 / 24.3 +  //
+                     value(feld::kChlorid) * lambda::kCl / 35.5 +        //
+                     value(feld::kNatrium) * lambda::kNa / kMolarMassNa;
   const double conductivity = factor * sum;
   narrow_.leitfähigkeitAusIonen =
       std::isfinite(conductivity) ? numberText(conductivity, Format::kWhole) : QString();
