@@ -1,6 +1,7 @@
 // How long the user waits after an entry: the calculation run alone, with the redisplay of the
 // mask, and the whole way from leaving the box.
 #include "bench_support.h"
+#include "plausi/second_calculation.h"
 
 using namespace calvora;
 
@@ -29,6 +30,13 @@ void focusLostToMaskShown(benchmark::State& state) {
   }
 }
 
+void second(benchmark::State& state, const CarbonateWater& water) {
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(secondCalculation(water));
+}
+
+BENCHMARK_CAPTURE(second, acid, {10, 7.5, 420, 2.5, -0.25, 60, 10, 20});
+BENCHMARK_CAPTURE(second, alkaline, {60, 9.8, 400, 2.4, 0.9, 2, 1, 20});
+BENCHMARK_CAPTURE(second, tooDense, {10, 7.5, 420, 2.5, -0.25, 60, 10, 17000});
 BENCHMARK_CAPTURE(stepsAlone, acid, kAcidWater);
 BENCHMARK_CAPTURE(stepsAlone, alkaline, kAlkalineWater);
 BENCHMARK_CAPTURE(berechnen, acid, kAcidWater);
