@@ -282,19 +282,22 @@ bool Search::carbonFromPh() {
 }
 
 /// The pH at which the water has its alkalinity, which rises with the pH: Newton's method from the
-/// last pH, halving where it leaves the bracket.
+/// last pH, halving where it leaves the bracket or would swing about the flat middle of the curve.
 bool Search::findPh(const Constants& k, double& ph, Species& s) {
   constexpr double kKnown = 1e-7;
   double low = kLowestPh;
   double high = kHighestPh;
+  double step = high - low;
   ph = std::clamp(ph, low, high);
   while (high - low > kKnown) {
     if (!speciate(k, ph, ions_, s)) return false;
     const double excess = s.alkalinity() - alkalinity_;
     (excess > 0 ? high : low) = ph;
     double next = ph - excess / s.slope();
-    if (!(next >= low && next <= high)) next = (low + high) / 2;
-    if (move(ph, next) < kKnown) break;
+    const bool converges = next >= low && next <= high && std::abs(next - ph) < step / 2;
+    if (!converges) next = (low + high) / 2;
+    step = move(ph, next);
+    if (step < kKnown) break;
   }
   return ph > kLowestPh + kKnown && ph < kHighestPh - kKnown;
 }

@@ -142,8 +142,9 @@ struct Deviations {
     // Padded by characters; printf counts bytes.
     const QByteArray padded =
         QString::fromUtf8(name.data(), std::ssize(name)).leftJustified(40).toUtf8();
-    std::printf("%s %3zu %+9.3f %9.3f %9.3f %9.3f\n", padded.constData(), all.size(), median(),
-                within(0.5), within(0.95), within(1));
+    const int decimals = name.ends_with('%') ? 1 : 3;
+    std::printf("%s %3zu %+8.*f %8.*f %8.*f %8.*f\n", padded.constData(), all.size(), decimals,
+                median(), decimals, within(0.5), decimals, within(0.95), decimals, within(1));
   }
 };
 
@@ -163,7 +164,7 @@ class Accuracy {
   }
 
   void print(const char* title) const {
-    std::printf("\n%-40s %3s %9s %9s %9s %9s\n", title, "n", "median", "50 %", "95 %", "100 %");
+    std::printf("\n%-40s %3s %8s %8s %8s %8s\n", title, "n", "median", "50 %", "95 %", "100 %");
     ph.print("pH");
     index.print("saturation index");
     hco3.print("hydrogencarbonate, %");
