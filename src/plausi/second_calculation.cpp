@@ -19,7 +19,7 @@ constexpr double kBaseEndPoint = 8.2;     // pH
 constexpr double kLowestPh = 2;           // of the search
 constexpr double kHighestPh = 13.5;       // of the search
 constexpr double kHighestStrength = 0.5;  // mol/l, where the activity coefficients end
-constexpr int kMostRounds = 1000;         // of one calculation in all; a usual water takes 150
+constexpr int kMostRounds = 1000;         // of one calculation in all; a usual water takes 110
 constexpr double kConverged = 1e-11;      // mol/l, a millionth of what a titration resolves
 constexpr double kMolPerMmol = 1e-3;
 
@@ -142,8 +142,8 @@ double substitute(const Constants& k, double proton, double carbon, const Ions& 
   const double co3Activity = hco3Activity * k.acid2 / proton;
   const double hco3 = hco3Activity / gamma;
   const double co3 = co3Activity / s.gamma2;
-  // A pair by concentration of the free ion that it is made with. An uncharged pair and its ions,
-  // or two single charges on both sides, leave of the coefficients what stands here.
+  // Each pair beside a free ion of 1, from the law of mass action: the activity coefficients of the
+  // pair and of its ions cancel as far as their charges do.
   const double caHco3 = k.caHco3 * s.gamma2 * hco3;
   const double mgHco3 = k.mgHco3 * s.gamma2 * hco3;
   const double caCo3 = k.caCo3 * s.gamma2 * co3Activity;

@@ -7,11 +7,11 @@ namespace calvora {
 /// What the second calculation takes from a water. Capacities in mmol/l, titrated at 20 °C; ions in
 /// mg/l, 0 where they were not measured.
 struct CarbonateWater {
-  double temperature = 0;              ///< of the medium, where the pH was measured, 0 to 100 °C
-  std::optional<double> ph;            ///< measured, 0 to 14
-  std::optional<double> conductivity;  ///< µS/cm at 25 °C
-  double ks43 = 0;                     ///< acid to pH 4.3
-  double ks82 = 0;                     ///< acid to pH 8.2; base to 8.2 (Kb8,2) counts as negative
+  double temperature = 0;         ///< of the medium, where the pH was measured, 0 to 100 °C
+  std::optional<double> ph = {};  ///< measured, 0 to 14
+  std::optional<double> conductivity = {};  ///< µS/cm at 25 °C
+  double ks43 = 0;                          ///< acid to pH 4.3
+  double ks82 = 0;  ///< acid to pH 8.2; base to 8.2 (Kb8,2) counts as negative
   double calcium = 0;
   double magnesium = 0;
   double chloride = 0;
@@ -37,15 +37,16 @@ struct CarbonateSystem {
 
 /// The carbonate system from the two titrations: total alkalinity and inorganic carbon, with the
 /// residue at both end points counted, and the pH that they imply. The measured pH is used for the
-/// saturation index only. 10 °C, Ks4,3 2.5, Kb8,2 0.25 mmol/l and 60 mg/l calcium imply 7.4.
+/// saturation index only. 10 °C, Ks4,3 2.5, Kb8,2 0.25 mmol/l and 60 mg/l calcium imply a pH
+/// of 7.43.
 std::optional<CarbonateSystem> secondCalculation(const CarbonateWater& water);
 
 /// The carbonate system from the measured pH and Ks4,3; `ks82` is not used. Empty without a pH, and
 /// where the acid capacity is too small for its hydroxide.
 std::optional<CarbonateSystem> carbonateSystemAtPh(const CarbonateWater& water);
 
-/// The pH of a water with that much hydroxide (mmol/l) and sodium beside it at a temperature in °C.
-/// 1 mmol/l is 10.98 at 25 °C.
+/// The pH of a water that holds nothing but sodium hydroxide, more than 0 mmol/l, at a temperature
+/// in °C. 1 mmol/l is 10.98 at 25 °C.
 double phOfHydroxide(double hydroxide, double temperature);
 
 }  // namespace calvora
