@@ -2,15 +2,12 @@
 #include <cmath>
 #include <optional>
 
+#include "chem/haerte.h"
 #include "chem/subcalc.h"
 
 namespace calvora {
 
 namespace {
-
-constexpr double kDegreePerMmol = 5.6;  // °d per mmol/l of alkaline earths
-constexpr double kMolarMassCa = 40.08;  // g/mol
-constexpr double kMolarMassMg = 24.31;  // g/mol
 
 /// Working copies of the three values that describe one hardness; 0 where one is not given.
 struct HardnessSet {
