@@ -52,7 +52,8 @@ class subcalc {
   /// Empties the capacity that the pH rules out, and with it what was computed from it.
   void clearRuledOutCapacity();
 
-  /// Runs the ten calculation steps in their fixed order.
+  /// Runs the ten calculation steps in their fixed order and notes where every field now comes
+  /// from, also when a step ends in a fault.
   void rechenlauf();
 
   /// Step 1: pH that the conductivity alone implies, the least conductivity that the pH implies,
@@ -110,6 +111,7 @@ class subcalc {
 
  private:
   struct IonConductivity;
+  struct Found;
 
   void show(InputFault fault, const QString& text = {});
 
@@ -123,6 +125,11 @@ class subcalc {
   bool phExceedsKs82();
   bool ks82TooSmallForPh();
   void resetKs82();
+
+  // Origins.
+  Found takeStock();
+  void noteOrigins(const Found& found);
+  void noteDependants(const Found& found);
 
   // Calculation.
   IonConductivity minimumConductivity(double factor);

@@ -216,6 +216,49 @@ class ChemTest : public QObject {
     water.compare(only ? water.program : before, only ? row[2].mid(5) : row[2]);
   }
 
+  // Name, record as loaded, fields typed one after the other (a run follows each), then what was
+  // completed, computed and kept; LF and pH are the narrow displays.
+  void aRunNotesWhereEveryFieldComesFrom_data() {
+    addRows(
+        uR"(
+      computed anew, even alike | 2=7.5 3=10 5=2.5 6=0.25 11=1 12'0,15 | 3=10 5=2,5 | | 7 9 10 11 12 13 35 pH |
+      "n.b." and "<" alike  | 2=9 3=10 4=0.05 5=0.1 10'n.b. 8'<8,2 | 3=10 | | 7 8 9 10 11 12 13 35 |
+      Kb8,2 emptied         | 2=7.5 3=10 5=2.5 6=0.25 20=14 23=60 | 3=10 6= 5=3 | 24 | 9 10 | 7 11 12 15 21 22
+      and typed again       | 2=7.5 3=10 5=2.5 20=14 23=60 11=9 | 6=0,25 | 24 | 7 9 10 11 12 13 14 15 21 22 35 pH |
+      of the file           | 5=2.5 7=1 11=2 12=1 13=1 LF'1 pH'1 | 5=2,5 | | 10 | 7 11 12 13
+      conductivity of old ions | 1=420 2=7.5 3=10 11=99 | 1=420 | | 9 10 | 11 LF
+      estimate above 9,6    | 4=0.6 5=2 35=1 pH'9,70 | 4=0,6 | | 8 10 35 | pH
+      calcium deleted after its use | 2=7.5 3=10 5=2.5 6=0.25 23=60 24=9 | 3=10 20=14 | | 7 9 10 11 12 13 21 22 35 pH | 14 15
+      sum of both ions      | 20=7 23=40 | 20=7 23=40 24=10 | 20 | 10 |
+      completed, then typed | 20=7 23=40 | 20=7 24=5 | 20 | 10 |
+      Ks8,2 of 0            | 2=9 3=25 | 4=0 | 4 | 8 9 10 |
+      and typed             | 2=9 3=25 | 4=0 4=0,5 | | 8 9 10 |
+    )"_s);
+  }
+  void aRunNotesWhereEveryFieldComesFrom() {
+    QFETCH(QStringList, row);
+    Water water(row[1]);
+    for (const QString& entry : row[2].split(' ')) {
+      int status = 0;
+      water.program.fieldIndex = entry.section('=', 0, 0).toInt();
+      water.chem.checkeingabe(water.program.fieldIndex, entry.section('=', 1), status);
+      water.chem.rechenlauf();
+    }
+    const auto with = [&](Origin origin) {
+      QStringList names;
+      for (int i = 0; i <= 40; ++i) {
+        if (originOf(water.program.record, i) == origin) names += QString::number(i);
+      }
+      if (water.program.narrow.originOfLeitfähigkeit() == origin) names += u"LF"_s;
+      if (water.program.narrow.originOfNäherung() == origin) names += u"pH"_s;
+      return names.join(' ');
+    };
+    QCOMPARE(with(Origin::kCompleted), row[3]);
+    QCOMPARE(with(Origin::kComputed), row[4]);
+    QCOMPARE(with(Origin::kKept), row.value(5));
+    QCOMPARE(water.questions.complaints(), QString());
+  }
+
   // Field, accepted, rejected, message, whether the focus comes back.
   void boundsAreAcceptedAndWhatLiesOutsideIsDeleted_data() {
     addRows(
@@ -313,7 +356,7 @@ class ChemTest : public QObject {
     const auto below = [&](qsizetype count) { return static_cast<int>(random() % count); };
     for (int i = 0; i < 20000; ++i) {
       Water water;
-      auto& [value, text, flags] = water.program.record;
+      auto& [value, text, flags, completed, computed] = water.program.record;
       for (int field = 0; field <= 40; ++field) {
         // An extreme, any size and sign, or what a water may hold.
         const qint64 raws[] = {extremes[below(extremes.size())], qint64(random()) >> below(64),
