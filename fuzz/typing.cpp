@@ -1,6 +1,7 @@
 // Any sequence of entries: on each line a letter for the field and the text typed into it.
 #include "chem/subcalc.h"
 #include "fuzz_support.h"
+#include "support/consistency.h"
 
 using namespace calvora;
 
@@ -42,6 +43,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     calculation.clearRuledOutCapacity();
     calculation.rechenlauf();
     requireWhole(program, index);
+    requireOriginsOfResults(program.record);
+    requireJudgedFromInputs(program.record);
   }
   fuzz::requireSameAfterSaving(program, file);
   return 0;

@@ -30,6 +30,7 @@
 #include "monkey_desktop.h"
 #include "platform/look.h"
 #include "storage/settings.h"
+#include "support/consistency.h"
 #include "support/files.h"
 
 using namespace calvora;
@@ -120,6 +121,7 @@ class Monkey : public QObject {
     QWidget* window = chooseWindow();
     if (window == nullptr) return;
     ++played_;
+    if (depth_ == 0) requireConsistent(desktop_.program->record);
     deepest_ = std::max(deepest_, ++depth_);
     const auto done = qScopeGuard([this] { --depth_; });
     require(depth_ <= kDeepest, "windows do not pile up");
@@ -144,6 +146,12 @@ class Monkey : public QObject {
     QApplication::exec();
     if (timer_ != 0) killTimer(timer_);
     checkSettings(program);
+  }
+
+  /// Between two events: while one is played, a message may stand in the middle of an entry.
+  static void requireConsistent(const AnalysisRecord& record) {
+    requireOriginsOfResults(record);
+    requireJudgedFromInputs(record);
   }
 
   /// What was chosen is found again at the next start.

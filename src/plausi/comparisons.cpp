@@ -57,7 +57,7 @@ QString causeOfPhFromSwitch(bool measuredIsHigher, double temperature) {
     return u"Die Elektrode zeigt zu niedrig an (kalibrieren), oder Phosphat, Ammoniak, Amine "
            "oder Silicat zählen in Ks8,2 und Ks4,3 mit."_s;
   }
-  const QString cause =
+  QString cause =
       u"Die Elektrode zeigt zu hoch an (kalibrieren), oder die Probe hat vor der Titration von "
       "Ks8,2 Kohlendioxid aus der Luft aufgenommen."_s;
   if (temperature <= kWarm) return cause;
@@ -282,7 +282,7 @@ QString noHydroxide(const Finding& found) {
 
 QString hydroxide(const Finding& found) {
   const double amount = 2 * *found.inputs[feld::kKs82] - *found.inputs[feld::kKs43];
-  const QString told =
+  QString told =
       u"2 · Ks8,2 − Ks4,3 = %1 mmol/l Hydroxid."_s.arg(shown(amount, Format::kTwoDecimals));
   if (agrees(found)) return told;
   return told +

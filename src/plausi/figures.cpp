@@ -182,6 +182,8 @@ Inputs::Inputs(const AnalysisRecord& record) {
     if (record.text[field].isEmpty()) continue;
     const double value = record.value[field].toDouble();
     const auto at = static_cast<size_t>(field);
+    // A Ks8,2 of 0 was measured, although the program computes with 0.001.
+    completed_.at(at) = originOf(record, field) == Origin::kCompleted && field != feld::kKs82;
     outOfRange_.at(at) = !(value >= leastOf(field) && value <= highestOf(field)) ||
                          (field == feld::kKs43 && value == 0);
     if (!outOfRange_.at(at) && !completed_.at(at)) set(field, value);

@@ -11,8 +11,9 @@
 
 namespace calvora {
 
-/// The inputs that were measured and typed, by field. What the program completed is none of them,
-/// and neither is a value outside the range of its field, which only a file can hold.
+/// The inputs that were measured and typed, or read from a file, by field. What the program
+/// completed is none of them, and neither is a value outside the range of its field, which only a
+/// file can hold.
 class Inputs {
  public:
   explicit Inputs(const AnalysisRecord& record);
