@@ -20,8 +20,9 @@ void berechnen(benchmark::State& state, const char* water) {
 }
 
 /// Two values in turn, so that every run really redisplays.
-void focusLostToMaskShown(benchmark::State& state) {
+void focusLostToMaskShown(benchmark::State& state, bool checked) {
   Bench bench;
+  if (checked) bench.window.mnu2_plausi->trigger();
   bool high = false;
   for ([[maybe_unused]] auto _ : state) {
     high = !high;
@@ -42,7 +43,8 @@ BENCHMARK_CAPTURE(stepsAlone, acid, kAcidWater);
 BENCHMARK_CAPTURE(stepsAlone, alkaline, kAlkalineWater);
 BENCHMARK_CAPTURE(berechnen, acid, kAcidWater);
 BENCHMARK_CAPTURE(berechnen, alkaline, kAlkalineWater);
-BENCHMARK(focusLostToMaskShown);
+BENCHMARK_CAPTURE(focusLostToMaskShown, alone, false);
+BENCHMARK_CAPTURE(focusLostToMaskShown, besideTheCheck, true);
 
 }  // namespace
 

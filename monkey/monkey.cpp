@@ -51,8 +51,9 @@ constexpr Qt::Key kKeys[]{Qt::Key_Enter, Qt::Key_Enter,     Qt::Key_Enter,  Qt::
                           Qt::Key_F1,    Qt::Key_PageDown,  Qt::Key_F4,     Qt::Key_PageUp,
                           Qt::Key_F10,   Qt::Key_Insert,    Qt::Key_Escape};
 
-constexpr Qt::Key kShortcuts[]{Qt::Key_S, Qt::Key_S, Qt::Key_O, Qt::Key_P, Qt::Key_N, Qt::Key_A,
-                               Qt::Key_C, Qt::Key_X, Qt::Key_V, Qt::Key_Z, Qt::Key_Q, Qt::Key_Home};
+constexpr Qt::Key kShortcuts[]{Qt::Key_S, Qt::Key_S, Qt::Key_O,   Qt::Key_P, Qt::Key_N,
+                               Qt::Key_A, Qt::Key_C, Qt::Key_X,   Qt::Key_V, Qt::Key_Z,
+                               Qt::Key_Q, Qt::Key_L, Qt::Key_Home};
 
 QPoint anyPlace(Dice& dice, const QWidget& widget) {
   return {dice.below(std::max(1, widget.width())), dice.below(std::max(1, widget.height()))};

@@ -53,6 +53,7 @@ class Tour {
     showInformation();
     showVersion();
     showPrinting();
+    showPlausibility();
     showOverview();
     showMessages();
     showRuntimeError();
@@ -331,6 +332,22 @@ class Tour {
     });
     shortcut(Qt::Key_P);
     require(QFileInfo(desktop_.file + u".pdf"_s).size() > 0, u"the printed analysis"_s);
+  }
+
+  void showPlausibility() {
+    shortcut(Qt::Key_L);
+    auto* window = shownWindow<plausi>();
+    require(window != nullptr, u"the plausibility check"_s);
+    if (window == nullptr) return;
+    picture(*window, u"plausi"_s);
+    desktop_.file = file(u"bericht-plausi"_s);
+    expectModal<Drucker>(u"drucker-plausi"_s, [](Drucker& dialog) { dialog.Command2->click(); });
+    window->Command1(2).click();
+    require(QFileInfo(desktop_.file + u".pdf"_s).size() > 0, u"the printed check"_s);
+    window->SSTab1->setCurrentIndex(1);
+    picture(*window, u"plausi-unsicherheiten"_s);
+    QTest::keyClick(window, Qt::Key_Escape);
+    require(!window->isVisible(), u"the end of the plausibility check"_s);
   }
 
   void fillSlots(analysen& overview) {

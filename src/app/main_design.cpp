@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QStatusBar>
 #include <functional>
 
 #include "app/main_window.h"
@@ -94,8 +95,8 @@ void main::buildMenus() {
   mnu2_pfad = add(u"&Speicherpfad festlegen"_s, u" main_pfad"_s, &main::mnu2_pfad_Click);
   mnu2_fatext = add(u"Ausdrucke &einrichten"_s, u" main_fatext"_s, &main::mnu2_fatext_Click);
   mnu2_tk = add(u"&Temperatur-Korrektion"_s, u" main_tk"_s, &main::mnu2_tk_Click);
-  mnu2_plausi = menu->addAction(u"&Plausibilitäts-Prüfung"_s);
-  mnu2_plausi->setEnabled(false);  // it has no action yet
+  mnu2_plausi =
+      add(u"&Plausibilitäts-Prüfung"_s, u" main_plausi"_s, &main::mnu2_plausi_Click, u"Ctrl+L"_s);
   mnu2_ana = add(u"&Analysen Übersicht"_s, u" main_ana"_s, &main::mnu2_ana_Click);
   menu->addSeparator()->setObjectName(u"trenn2"_s);
   mnu2_handbuch =
@@ -126,6 +127,7 @@ void main::buildMask() {
   columns->addWidget(inputs, 0, Qt::AlignTop);
   columns->addLayout(right, 1);
   setCentralWidget(new ScrollingContent(mask));
+  buildVerdict();
 
   // The keyboard walks the boxes in field order, then the buttons.
   QWidget* last = nullptr;
@@ -137,6 +139,7 @@ void main::buildMask() {
   walk(*Command3);
   for (const int i : typedFields()) walk(Command1(i));
   walk(*Command2);
+  walk(*Command4);
   Text1(typedFields().front()).setFocus();
 
   resize(twips(15000), twips(10900));
@@ -261,6 +264,17 @@ void main::addResultRow(QGridLayout& grid, int row, const Field& field) {
   grid.addWidget(&display, row, kBox);
   const int width = field.unit.isEmpty() ? 0 : kResultUnitWidth;
   grid.addWidget(&Label3.add(i, makeCell(field.unit, width, Role::kUnit)), row, kUnit);
+}
+
+/// The verdict at the right end of the status bar; a click opens its window.
+void main::buildVerdict() {
+  Command4 = new QPushButton;
+  Command4->setFlat(true);
+  Command4->setFocusPolicy(Qt::TabFocus);
+  pressOnEnter(*Command4);
+  connect(Command4, &QPushButton::clicked, this,
+          command(u" main_plausi"_s, &main::mnu2_plausi_Click));
+  statusBar()->addPermanentWidget(Command4);
 }
 
 QWidget* main::buildCompanyArea() {

@@ -15,6 +15,8 @@
 #include "entry/key_filter.h"
 #include "overview/windows/analysen.h"
 #include "platform/look.h"
+#include "platform/placement.h"
+#include "plausi/windows/plausi.h"
 #include "print/windows/drucker.h"
 #include "storage/windows/dateien.h"
 #include "storage/windows/datenpfad.h"
@@ -64,6 +66,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
 main::~main() {
   disconnect(qApp, nullptr, this, nullptr);
   delete overview_;
+  delete check_;
 }
 
 bool main::event(QEvent* event) {
@@ -257,6 +260,7 @@ void main::darstellen() {
   Label2(schmal::kLeitfähigkeitAusIonen).setText(program_.narrow.leitfähigkeitAusIonen);
   Label2(schmal::kPhNäherung).setText(program_.narrow.phNäherung);
   showConductivity(false);
+  showPlausibility();
 }
 
 /// Shows box 1 as it is stored, at 25 °C, and offers the conversion where both values for it are
@@ -301,6 +305,36 @@ void main::Command3_Click() {
   const bool back = convertedShown_;
   finishEntry();
   showConductivity(!back && Command3->isEnabled());
+}
+
+// ---- The plausibility check ----
+
+/// Judges the record and shows the verdict in the status bar and, while it is open, in its window.
+void main::showPlausibility() {
+  const QString& uncertainties = program_.settings.slot[setting::kUncertainties];
+  plausibility_ = checkPlausibility(program_.record, uncertaintiesOf(uncertainties));
+  const Verdict overall = plausibility_.overall();
+  Command4->setText(verdictSymbol(overall) + ' '_L1 + verdictWord(overall));
+  Command4->setAccessibleName(u"Plausibilitäts-Prüfung: "_s + verdictWord(overall));
+  Command4->setToolTip(plausibility_.summary());
+  if (check_ != nullptr) check_->darstellen(plausibility_);
+}
+
+void main::mnu2_plausi_Click() {
+  if (check_ == nullptr || !check_->isVisible()) {
+    check_ = new plausi(plausibility_, program_, questions_);
+    check_->changed = [this] { showPlausibility(); };
+    check_->print = command(u" main_plausi"_s, &main::printPlausibility);
+    placeOnScreen(*check_, frameGeometry().topRight() - screen()->geometry().topLeft());
+  }
+  check_->setWindowState(check_->windowState() & ~Qt::WindowMinimized);
+  bringUp(*check_);
+}
+
+void main::printPlausibility() {
+  Drucker window(program_, questions_, desktop_, check_);
+  window.druckart(plausibility_);
+  window.exec();
 }
 
 // ---- The unit converter ----

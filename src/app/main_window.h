@@ -12,12 +12,14 @@
 #include "platform/desktop.h"
 #include "platform/picture.h"
 #include "platform/text_box.h"
+#include "plausi/plausibility.h"
 
 class QGridLayout;
 
 namespace calvora {
 
 class analysen;
+class plausi;
 struct Field;
 
 /// Indices of the two narrow displays in `Label2`.
@@ -76,6 +78,7 @@ class main : public QMainWindow {
   QLabel* Label4;
   QLabel* Label7;
   QFrame* Frame1;
+  QPushButton* Command4;  ///< in the status bar: the overall verdict of the plausibility check
 
   QAction* mnu_load;
   QAction* mnu_save;
@@ -111,6 +114,7 @@ class main : public QMainWindow {
   void mnu2_pfad_Click();
   void mnu2_fatext_Click();
   void mnu2_tk_Click();
+  void mnu2_plausi_Click();
   void mnu2_ana_Click();
   void mnu2_handbuch_Click();
   void mnu_version_Click();
@@ -128,6 +132,8 @@ class main : public QMainWindow {
   void setLocked(int index, bool locked);
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivity(bool converted);
+  void showPlausibility();
+  void printPlausibility();
   void updateManual();
   [[nodiscard]] int boxIndex(const QWidget* control) const;
   [[nodiscard]] bool holdsText(std::span<const Field> fields) const;
@@ -139,6 +145,7 @@ class main : public QMainWindow {
   QWidget* buildInputs();
   QWidget* buildResults();
   QWidget* buildCompanyArea();
+  void buildVerdict();
   void addSection(QGridLayout& grid, int& row, int index, const QString& caption);
   void addInputRow(QGridLayout& grid, int row, const Field& field);
   void addResultRow(QGridLayout& grid, int row, const Field& field);
@@ -152,6 +159,8 @@ class main : public QMainWindow {
   Desktop& desktop_;
   subcalc subcalc_;
   QPointer<analysen> overview_;  ///< empty while it is closed
+  QPointer<plausi> check_;       ///< empty while it is closed
+  Plausibility plausibility_;    ///< of the record as the mask shows it
 
   int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none
   QList<int> leftBoxes_;  ///< boxes that were left and are still to be finished, in their order

@@ -26,6 +26,29 @@ constexpr int kValue = 62;
 constexpr int kResultsHeading = 11;
 constexpr int kParameter = 8;
 
+// Those of the comparisons, in their font.
+constexpr int kVerdict = 9;
+constexpr int kNames = 27;
+constexpr int kComparedValue = 81;
+constexpr int kDifference = 93;
+constexpr int kUncertainty = 105;
+constexpr int kComparedUnit = 122;
+constexpr qsizetype kNoteWidth = 88;  // characters
+constexpr qsizetype kSummaryWidth = 90;
+
+// Cells of a comparison.
+enum Cell {
+  kVerdictCell,
+  kFirstCell,
+  kSecondCell,
+  kACell,
+  kBCell,
+  kDifferenceCell,
+  kUncertaintyCell,
+  kUnitCell,
+  kNoteCell,
+};
+
 constexpr int slotColumn(int count) {
   return kUnit + 14 * count;
 }
@@ -43,6 +66,8 @@ class Writer {
   Writer& text(const QString& text) { return add({Kind::kText, 0, text}); }
   Writer& at(int column, const QString& what) { return tab(column).text(what); }
   Writer& endLine() { return add({Kind::kEndLine}); }
+  Writer& together(qsizetype lines) { return add({Kind::kTogether, static_cast<int>(lines)}); }
+  Writer& picture(int lines) { return add({Kind::kPicture, lines}); }
   Writer& emptyLines(int count) {
     for (int i = 0; i < count; ++i) endLine();
     return *this;
@@ -79,10 +104,53 @@ void fieldLine(Writer& report, const Field& field, const AnalysisRecord& record)
       .endLine();
 }
 
+/// A text in lines of at most that many characters, where its words allow it.
+QStringList wrapped(const QString& text, qsizetype width) {
+  QStringList lines;
+  for (const QString& word : text.split(' '_L1, Qt::SkipEmptyParts)) {
+    if (lines.isEmpty() || lines.back().size() + 1 + word.size() > width) {
+      lines += word;
+    } else {
+      lines.back() += ' '_L1 + word;
+    }
+  }
+  return lines;
+}
+
+/// One comparison: verdict, names and values, the second under the first; below them the note.
+void comparisonLines(Writer& report, const Comparison& comparison) {
+  const QStringList cells = cellsOf(comparison);
+  const QStringList note = wrapped(cells[kNoteCell], kNoteWidth);
+  const auto number = [&](int column, int cell) {
+    if (!cells[cell].isEmpty()) report.at(column, valueColumn(cells[cell]));
+  };
+  report.together(2 + note.size());
+  report.emphasis(true).at(kVerdict, cells[kVerdictCell]).emphasis(false);
+  report.at(kNames, cells[kFirstCell]);
+  number(kComparedValue, kACell);
+  number(kDifference, kDifferenceCell);
+  number(kUncertainty, kUncertaintyCell);
+  if (!cells[kUnitCell].isEmpty()) report.at(kComparedUnit, cells[kUnitCell]);
+  report.endLine();
+  if (!cells[kSecondCell].isEmpty()) report.at(kNames, cells[kSecondCell]);
+  number(kComparedValue, kBCell);
+  report.endLine();
+  for (const QString& line : note) report.at(kNames, line).endLine();
+  report.size(4).endLine().size(9);
+}
+
 }  // namespace
 
 QString reportTitle(Bericht kind) {
-  return kind == Bericht::kAnalyse ? u"Wasser - Analyse"_s : u"Analysen Übersicht"_s;
+  switch (kind) {
+    case Bericht::kAnalyse:
+      return u"Wasser - Analyse"_s;
+    case Bericht::kPlausi:
+      return u"Plausibilitäts-Prüfung"_s;
+    case Bericht::kÜbersicht:
+      break;
+  }
+  return u"Analysen Übersicht"_s;
 }
 
 Statements headStatements(const ReportHead& head, bool landscape) {
@@ -107,7 +175,7 @@ Statements headStatements(const ReportHead& head, bool landscape) {
   line(u"Projekt:"_s, head.project);
   if (!head.fileName.isEmpty()) line(u"Dateiname:   "_s, head.fileName);
   if (!head.sample.isEmpty()) line(u"Bezeichnung Probe:"_s, head.sample);
-  if (head.kind == Bericht::kAnalyse) line(u"Probenahme-Datum:"_s, head.samplingDate);
+  if (head.kind != Bericht::kÜbersicht) line(u"Probenahme-Datum:"_s, head.samplingDate);
   const QString remark = onOneLine(head.remark).trimmed();
   if (!remark.isEmpty()) line(u"Bemerkung:"_s, remark);
   portraitLines(2);
@@ -156,8 +224,29 @@ Statements overviewStatements(const OverviewGrid& grid) {
   return report.statements;
 }
 
+Statements plausibilityStatements(const Plausibility& found) {
+  Writer report;
+  report.schrift().emphasis(true);
+  const QString summary = verdictSymbol(found.overall()) + ' '_L1 + found.summary();
+  for (const QString& line : wrapped(summary, kSummaryWidth)) {
+    report.size(9).tab(kVerdict).size(10).text(line).endLine();
+  }
+  report.emphasis(false).size(9).endLine();
+  report.tab(kVerdict).picture(3 + 3 * static_cast<int>(found.marks.size()) / 2).endLine();
+  const QStringList headings = cellHeadings();
+  report.together(4).emphasis(true).at(kVerdict, headings[kVerdictCell]).at(kNames, u"Vergleich"_s);
+  report.at(kComparedValue, valueColumn(u"Wert"_s));
+  report.at(kDifference, headings[kDifferenceCell]);
+  report.at(kUncertainty, headings[kUncertaintyCell]);
+  report.at(kComparedUnit, headings[kUnitCell]).endLine().emphasis(false);
+  report.size(4).endLine().size(9);
+  for (const Comparison& comparison : found.rows) comparisonLines(report, comparison);
+  return report.statements;
+}
+
 QString proposedPdfName(Bericht kind, const QString& analysisName) {
-  QString name = kind == Bericht::kAnalyse ? analysisName.trimmed() : QString();
+  QString name = kind == Bericht::kÜbersicht ? QString() : analysisName.trimmed();
+  if (kind == Bericht::kPlausi && !name.isEmpty()) name += u" - "_s + reportTitle(kind);
   if (name.isEmpty()) name = reportTitle(kind);
   return asFileName(name) + u".pdf"_s;
 }

@@ -5,6 +5,7 @@
 
 #include "model/overview_grid.h"
 #include "model/record.h"
+#include "plausi/plausibility.h"
 
 namespace calvora {
 
@@ -18,6 +19,8 @@ struct Statement {
     kTab,       ///< number: text column, from 1
     kText,      ///< text
     kEndLine,
+    kTogether,  ///< number: the next lines that stand on one page
+    kPicture,   ///< number: lines that the report's picture is high
   };
 
   Kind kind = Kind::kEndLine;
@@ -31,6 +34,7 @@ using Statements = std::vector<Statement>;
 enum class Bericht {
   kAnalyse = 2,    ///< the analysis in the main window
   kÜbersicht = 3,  ///< the analyses of the overview, side by side
+  kPlausi = 4,     ///< the plausibility check of the analysis in the main window
 };
 
 QString reportTitle(Bericht kind);
@@ -43,7 +47,7 @@ struct ReportHead {
   QString project = {};
   QString fileName = {};      ///< empty: not printed
   QString sample = {};        ///< empty: not printed
-  QString samplingDate = {};  ///< printed on the analysis report only
+  QString samplingDate = {};  ///< not printed on the overview report
   QString remark = {};        ///< its line breaks are printed as blanks; empty: not printed
 };
 
@@ -55,6 +59,10 @@ Statements analysisStatements(const AnalysisRecord& record);
 
 /// The body of the overview report; the filled slots stand next to each other.
 Statements overviewStatements(const OverviewGrid& grid);
+
+/// The body of the report on a plausibility check: its picture, and every comparison with all that
+/// its row says, the second value under the first.
+Statements plausibilityStatements(const Plausibility& found);
 
 /// File name proposed for a report on an analysis, without characters that no system allows in one.
 /// Named after the report where the analysis has no name.

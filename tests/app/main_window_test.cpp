@@ -134,7 +134,8 @@ class MainWindowTest : public QObject {
     QList<QWidget*> order;
     for (const int box : {1, 2, 3, 4, 5, 20, 23, 24, 25, 26}) order += &mask.window.Text1(box);
     for (const int unit : {1, 3, 4, 5, 6, 20, 23, 24, 25, 26}) order += &mask.window.Command1(unit);
-    for (QWidget* next : order + QList<QWidget*>{mask.window.Command2, order[0]}) {
+    for (QWidget* next :
+         order + QList<QWidget*>{mask.window.Command2, mask.window.Command4, order[0]}) {
       QCOMPARE(mask.window.focusWidget(), next);
       mask.press(Qt::Key_Tab);
     }

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include "entry/decimal.h"
 #include "support/all_windows.h"
 
 using namespace calvora;
@@ -29,6 +30,21 @@ QStringList messageTexts() {
   }
   texts.removeDuplicates();
   return texts;
+}
+
+/// What the plausibility check compares, and the uncertainties that it assumes.
+QStringList checkRows() {
+  QStringList rows;
+  for (const Comparison& row : checkPlausibility({}, {}).rows) {
+    rows += row.first + u"–"_s + row.second;
+  }
+  for (const Uncertainty& row : defaultUncertainties()) {
+    const Field& field = fieldOf(row.field);
+    const QString unit = field.index == feld::kPh ? QString() : field.unit;
+    const QString absolute = Decimal(row.absolute).fullText() + unit;
+    rows += field.shortLabel + absolute + Decimal(row.percent).fullText() + '%'_L1;
+  }
+  return rows;
 }
 
 /// The worked example of the manual, computed again.
@@ -113,6 +129,7 @@ class ManualTest : public QObject {
       const QString caption = f.caption.section(u"  "_s, 0, f.index == feld::kKb82 ? 0 : -1);
       if (f.isTyped()) add("input", {caption + f.shortLabel + f.unit + f.range.text});
     }
+    add("check", checkRows());
     add("example", exampleRows(house));
     add("message", messageTexts());
   }

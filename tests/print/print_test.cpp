@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QToolBar>
 
+#include "plausi/windows/plausi.h"
 #include "print/windows/drucker.h"
 #include "print/windows/report_printer.h"
 #include "support/tables.h"
@@ -124,6 +125,36 @@ class PrintTest : public QObject {
       QVERIFY(std::abs(values.value(k).first - column) < 0.5);
     }
     QVERIFY(mask.program.landscape);  // stays in force
+  }
+
+  void aPlausibilityCheckIsPrintedWithItsPicture() {
+    Printing mask;
+    mask.program.header[kopf::kProbenahme] = u"12.10.2026"_s;
+    for (const auto* entry : {"1 420", "2 9", "3 10", "5 2,5", "4 0,2", "23 60", "24 10"}) {
+      const QString given = QString::fromLatin1(entry);
+      mask.window.takeOver(given.section(' '_L1, 0, 0).toInt(), given.section(' '_L1, 1));
+    }
+    onNextModal<Drucker>(this, [](Drucker& window) { window.Command2->click(); });
+    mask.window.mnu2_plausi->trigger();
+    shownWindow<plausi>()->Command1(2).click();
+    const QString& name = mask.desktop.printRequests.at(0).pdfFile;
+    QCOMPARE(name, mask.folder.filePath(u"brunnen - Plausibilitäts-Prüfung.pdf"_s));
+    const QStringList lines = linesOf(mask.pdf);
+    QVERIFY(lines.contains(u"Probenahme-Datum: 12.10.2026"_s));
+    QVERIFY(lines.contains(u"pH-Wert 4 5 6 7 8 9 10 11 12"_s));
+    // Every cell is there, wrapped or not, and the second value stands under the first.
+    QString printed = lines.join(' '_L1).remove(u"--- "_s);
+    const Plausibility found = checkPlausibility(mask.program.record, defaultUncertainties());
+    for (const Comparison& row : found.rows) {
+      const QStringList cells = cellsOf(row);
+      QStringList said{cells[0], cells[1], cells[3], cells[5], cells[6], cells[7]};
+      said += {cells[2], cells[4], cells[8]};
+      said.removeAll(QString());
+      QVERIFY2(printed.contains(said.join(' '_L1)), qPrintable(said.join(' '_L1)));
+    }
+    const double edge = (210 - 10) / 25.4 * 72;
+    for (const auto& word : extents(mask.pdf, u"[^<]+"_s)) QVERIFY(word.second < edge + 0.5);
+    QCOMPARE(lines.count(u"---"_s), 1);  // a second page
   }
 
   void statementsFallOnThePage_data() {

@@ -51,8 +51,8 @@ OverviewGrid gridOf(const QString& content) {
 }
 
 QString describe(const Statement& statement) {
-  const std::array names{u"font %2"_s, u"size %1"_s,   u"emphasis %1"_s,
-                         u"tab %1"_s,  u"text '%2'"_s, u"end of line"_s};
+  const std::array names{u"font %2"_s,   u"size %1"_s,     u"emphasis %1"_s, u"tab %1"_s,
+                         u"text '%2'"_s, u"end of line"_s, u"together %1"_s, u"picture %1"_s};
   return QString(names.at(static_cast<size_t>(statement.kind)))
       .replace("%1"_L1, QString::number(statement.number))
       .replace("%2"_L1, statement.text);

@@ -2,6 +2,7 @@
 #include "app/application.h"
 #include "app/start_window.h"
 #include "dialogs/windows/nachricht.h"
+#include "plausi/windows/plausi.h"
 #include "support/tables.h"
 #include "support/window_support.h"
 #include "tools/windows/dimum.h"
@@ -55,6 +56,7 @@ class ProgramTest : public QObject {
       said += textsOf(u"dimum"_s, dimum(mask.program.record, field, mask.questions, mask.desktop,
                                         {}, mask.window));
     }
+    said += textsOf(u"plausi"_s, plausi(checkPlausibility({}, {}), mask.program, mask.questions));
     said += textsOf(u"bb_msg"_s, bb_msg(mask.desktop));
     said += textsOf(u"varios"_s, varios(&mask.window));
     info1 information(&mask.window);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QDir>
+#include <QTabWidget>
 
 #include "app/start_window.h"
 #include "dialogs/meldungen.h"
 #include "dialogs/windows/dialog_questions.h"
 #include "overview/windows/analysen.h"
+#include "plausi/windows/plausi.h"
 #include "support/window_support.h"
 
 namespace calvora {
@@ -52,6 +54,17 @@ inline const std::vector<WindowWay>& allWindows() {
       {"dimum", [](House& h) { h.window.Command1(20).click(); }},
       {"info1", [](House& h) { h.window.Image1(0).click(); }},
       {"version", [](House& h) { h.window.mnu_version->trigger(); }},
+      {"plausi", [](House& h) { h.window.mnu2_plausi->trigger(); }},
+      {"plausi-unsicherheiten",
+       [](House& h) {
+         h.window.mnu2_plausi->trigger();
+         shownWindow<plausi>()->SSTab1->setCurrentIndex(1);
+       }},
+      {"drucker-plausi",
+       [](House& h) {
+         h.window.mnu2_plausi->trigger();
+         shownWindow<plausi>()->Command1(2).click();
+       }},
       {"analysen", [](House& h) { h.overview(); }},
       {"overview-header-1", [](House& h) { h.overview().Label1(1).click(); }},
       {"drucker-uebersicht", [](House& h) { h.pressInOverview(3); }},

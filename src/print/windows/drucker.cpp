@@ -9,6 +9,7 @@
 #include "platform/look.h"
 #include "platform/paper.h"
 #include "platform/twips.h"
+#include "plausi/windows/ph_scale.h"
 #include "print/windows/report_printer.h"
 #include "storage/settings.h"
 
@@ -59,6 +60,11 @@ void Drucker::druckart(Bericht kind) {
   Command1->setText(reportTitle(kind));
 }
 
+void Drucker::druckart(const Plausibility& found) {
+  found_ = found;
+  druckart(Bericht::kPlausi);
+}
+
 QString Drucker::remark() const {
   return onOneLine(Text4->document()->toRawText());
 }
@@ -72,7 +78,7 @@ void Drucker::keepHeader() {
 PrintRequest Drucker::request() const {
   const QString& name = header_[kopf::kDateiname];
   QString title = reportTitle(kind_);
-  if (kind_ == Bericht::kAnalyse && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
+  if (kind_ != Bericht::kÜbersicht && !name.trimmed().isEmpty()) title += u" - "_s + name.trimmed();
   const QString folder = dialogFolder(program_.settings, program_.programFolder);
   return {
       .title = title,
@@ -125,14 +131,25 @@ void Drucker::druckkopf(ReportPrinter& printer, bool landscape) {
   });
 }
 
+Statements Drucker::body(Bericht kind) const {
+  switch (kind) {
+    case Bericht::kÜbersicht:
+      return overviewStatements(overview_ == nullptr ? OverviewGrid{} : overview_->grid);
+    case Bericht::kPlausi:
+      return plausibilityStatements(found_);
+    case Bericht::kAnalyse:
+      break;
+  }
+  return analysisStatements(program_.record);
+}
+
 /// Prints the body and ends the document. False if a statement had to be left out.
 bool Drucker::papier(ReportPrinter& printer, Bericht kind) {
   bool whole = true;
-  const Statements body =
-      kind == Bericht::kÜbersicht
-          ? overviewStatements(overview_ == nullptr ? OverviewGrid{} : overview_->grid)
-          : analysisStatements(program_.record);
-  for (const Statement& statement : body) {
+  printer.picture = [this](QPainter& painter, const QRectF& area) {
+    paintPhScale(painter, area, found_.marks);
+  };
+  for (const Statement& statement : body(kind)) {
     try {
       printer.print(statement);
     } catch (const RuntimeError&) {

@@ -32,6 +32,9 @@ class Drucker : public QDialog {
   /// Prepares the dialog for a kind of report. The overview turns the printer's page to landscape.
   void druckart(Bericht kind);
 
+  /// Prepares the dialog for the report on a plausibility check.
+  void druckart(const Plausibility& found);
+
   QPushButton* Command1;  ///< shows the title; does nothing
   QLabel* Label1;
   QLabel* Label2;
@@ -55,6 +58,7 @@ class Drucker : public QDialog {
   bool printOn(Paper& paper);
   void druckkopf(ReportPrinter& printer, bool landscape);
   bool papier(ReportPrinter& printer, Bericht kind);
+  [[nodiscard]] Statements body(Bericht kind) const;
   [[nodiscard]] QString remark() const;
   [[nodiscard]] PrintRequest request() const;
 
@@ -64,6 +68,7 @@ class Drucker : public QDialog {
   const Project* overview_;
   AnalysisHeader& header_;
   Bericht kind_ = Bericht::kAnalyse;
+  Plausibility found_;  ///< what the report on a plausibility check says
 };
 
 }  // namespace calvora

@@ -37,6 +37,10 @@ void ReportPrinter::print(const Statement& statement) {
       return text(statement.text);
     case Statement::Kind::kEndLine:
       return endLine();
+    case Statement::Kind::kTogether:
+      return newPageUnlessFits(statement.number);
+    case Statement::Kind::kPicture:
+      return paintPicture(statement.number);
   }
 }
 
@@ -78,8 +82,19 @@ void ReportPrinter::endLine() {
   y_ += metrics(font_).lineSpacing();
 }
 
-void ReportPrinter::newPageUnlessFits() {
-  if (y_ + metrics(font_).height() <= painter_.window().height()) return;
+/// From the current position to the right edge.
+void ReportPrinter::paintPicture(int lines) {
+  newPageUnlessFits(lines);
+  const double height = lines * metrics(font_).lineSpacing();
+  painter_.setFont(font_);
+  picture(painter_, QRectF(x_, y_, painter_.window().width() - x_, height));
+  y_ += height;
+}
+
+void ReportPrinter::newPageUnlessFits(int lines) {
+  const double needed = (lines - 1) * metrics(font_).lineSpacing() + metrics(font_).height();
+  const bool fits = y_ + needed <= painter_.window().height();
+  if (fits || y_ == 0) return;
   if (!device_.newPage()) throw RuntimeError(ErrorNumber::kPrinter);
   y_ = 0;
 }

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <functional>
 
 #include "print/report.h"
 
@@ -22,6 +23,9 @@ class ReportPrinter {
   /// Runtime error 482 if there is no new page; position and font then stay.
   void print(const Statement& statement);
 
+  /// Paints the report's picture into an area of the page. Nothing without it.
+  std::function<void(QPainter&, const QRectF&)> picture = [](QPainter&, const QRectF&) {};
+
   /// Ends the document; the device may send it now.
   void end();
 
@@ -29,7 +33,8 @@ class ReportPrinter {
   void tab(int column);
   void text(const QString& text);
   void endLine();
-  void newPageUnlessFits();
+  void paintPicture(int lines);
+  void newPageUnlessFits(int lines = 1);
   [[nodiscard]] double pixels(double points) const;
   [[nodiscard]] QFontMetricsF metrics(const QFont& font) const;
   [[nodiscard]] QFont fitted(const QString& text, double room) const;
