@@ -11,8 +11,10 @@
 namespace calvora {
 
 #ifndef Q_MOC_RUN  // it cannot parse an umlaut within an enumeration
+#ifndef Q_MOC_RUN  // it cannot parse an umlaut within an enumeration
 /// What a comparison says, from good to bad; the last two carry no verdict.
 enum class Verdict { kStimmig, kPrüfen, kWiderspruch, kHinweis, kNichtPrüfbar };
+#endif
 #endif
 
 /// "stimmig", "prüfen", "Widerspruch", "Hinweis" or "nicht prüfbar".

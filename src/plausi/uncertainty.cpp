@@ -25,6 +25,13 @@ double Uncertainty::of(double value) const {
   return std::hypot(absolute, percent / 100 * value);
 }
 
+std::optional<double> uncertaintyIn(const QString& typed) {
+  if (!isNumberText(typed)) return {};
+  const double number = readNumber(QString(typed).replace(','_L1, '.'_L1));
+  if (number < 0 || number > kLargestUncertainty) return {};
+  return number;
+}
+
 const Uncertainties& defaultUncertainties() {
   // What careful work in the field reaches: a calibrated electrode, titrations of 100 ml from a
   // burette or dropper bottle, test kits for the ions. Kb8,2 loses carbon dioxide on the way.

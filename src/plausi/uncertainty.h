@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace calvora {
@@ -19,6 +20,12 @@ struct Uncertainty {
 
 /// One row for each field that the comparisons rest on, in the order of the mask.
 using Uncertainties = std::vector<Uncertainty>;
+
+/// The largest part, absolute or in percent, that a user can enter.
+inline constexpr double kLargestUncertainty = 1000;
+
+/// A typed part of an uncertainty; empty for what is no number from 0 to the largest.
+std::optional<double> uncertaintyIn(const QString& typed);
 
 /// What is assumed where the user says nothing else.
 const Uncertainties& defaultUncertainties();

@@ -28,7 +28,7 @@ enum Column {
 };
 
 constexpr std::array kWidths{1650, 2250, 2850, 870, 870, 1000, 1300, 900, 4200};  // twips
-constexpr int kLeastNote = 2400;
+constexpr int kLeastNote = 1800;
 constexpr int kHeight = 6600;
 constexpr int kRowGap = 75;
 

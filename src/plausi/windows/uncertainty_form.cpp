@@ -82,11 +82,10 @@ UncertaintyForm::UncertaintyForm(const Uncertainties& uncertainties, Questions& 
     changed();
   });
   auto* layout = new QGridLayout(this);
+  layout->addWidget(new ScrollingContent(rows), 1, 0, 1, 2);  // first for the keyboard, too
   layout->addWidget(explanation, 0, 0);
   layout->addWidget(Command1, 0, 1, Qt::AlignTop);
-  layout->addWidget(new ScrollingContent(rows), 1, 0, 1, 2);
   layout->setColumnStretch(0, 1);
-  setTabOrder(order_.back(), Command1);
 }
 
 void UncertaintyForm::addHeadings(QGridLayout& grid) {
