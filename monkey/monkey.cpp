@@ -122,7 +122,8 @@ class Monkey : public QObject {
     QWidget* window = chooseWindow();
     if (window == nullptr) return;
     ++played_;
-    if (depth_ == 0) requireConsistent(desktop_.program->record);
+    const Program& program = *desktop_.program;
+    if (depth_ == 0 && !program.entryChanged) requireConsistent(program.record);
     deepest_ = std::max(deepest_, ++depth_);
     const auto done = qScopeGuard([this] { --depth_; });
     require(depth_ <= kDeepest, "windows do not pile up");
@@ -149,7 +150,8 @@ class Monkey : public QObject {
     checkSettings(program);
   }
 
-  /// Between two events: while one is played, a message may stand in the middle of an entry.
+  /// Between two events: while one is played, a message may stand in the middle of an entry. Nor
+  /// while one is typed: Space empties the field at once, and the run follows when it is left.
   static void requireConsistent(const AnalysisRecord& record) {
     requireOriginsOfResults(record);
     requireJudgedFromInputs(record);
