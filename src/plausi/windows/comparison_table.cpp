@@ -2,8 +2,11 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QStyledItemDelegate>
 #include <array>
+#include <numeric>
+#include <utility>
 
 #include "platform/twips.h"
 
@@ -27,10 +30,12 @@ enum Column {
   kColumns
 };
 
-constexpr std::array kWidths{1650, 2250, 2850, 870, 870, 1000, 1300, 900, 4200};  // twips
-constexpr int kLeastNote = 1800;
+// Twips. The texts wrap: they share what the others leave, down to their least widths.
+constexpr std::array kWidths{1560, 2250, 2850, 870, 870, 1000, 1250, 850, 4200};
+constexpr std::array kLeastWidths{1560, 1350, 1650, 870, 870, 1000, 1250, 850, 1950};
 constexpr int kHeight = 6600;
 constexpr int kRowGap = 75;
+constexpr int kScrollBar = 300;
 
 constexpr int kStartsGroup = Qt::UserRole;
 
@@ -65,6 +70,11 @@ class GroupDelegate : public QStyledItemDelegate {
   }
 };
 
+/// Pixels of all columns.
+int totalWidth(const std::array<int, kColumns>& widths) {
+  return twips(std::accumulate(widths.begin(), widths.end(), 0));
+}
+
 Qt::Alignment alignmentOf(int column) {
   if (column == kUnit) return Qt::AlignCenter;
   if (column >= kA && column <= kUncertainty) return Qt::AlignRight | Qt::AlignVCenter;
@@ -91,10 +101,11 @@ ComparisonTable::ComparisonTable(QWidget* parent) : QTableWidget(0, kColumns, pa
   header.setSectionsClickable(false);
   header.setHighlightSections(false);
   for (int column = 0; column < kColumns; ++column) {
-    setColumnWidth(column, twips(kWidths.at(static_cast<size_t>(column))));
     horizontalHeaderItem(column)->setTextAlignment(alignmentOf(column));
   }
-  connect(&header, &QHeaderView::sectionResized, this, &ComparisonTable::fitRows);
+  connect(&header, &QHeaderView::sectionResized, this, [this] {
+    if (!sharing_) fitRows();
+  });
 }
 
 void ComparisonTable::showRows(const std::vector<Comparison>& rows) {
@@ -173,19 +184,27 @@ QString ComparisonTable::selectedText() const {
 }
 
 QSize ComparisonTable::sizeHint() const {
-  const int width = std::accumulate(kWidths.begin(), kWidths.end(), 300);
-  return {twips(width), twips(kHeight)};
+  return {totalWidth(kWidths) + twips(kScrollBar), twips(kHeight)};
 }
 
 void ComparisonTable::resizeEvent(QResizeEvent* event) {
   QTableWidget::resizeEvent(event);
-  fitNotes();
+  if (event->size().width() == event->oldSize().width()) return;
+  sharing_ = true;
+  shareWidth();
+  sharing_ = false;
+  fitRows();
 }
 
-/// The notes take what room the other columns leave, so that they need few lines.
-void ComparisonTable::fitNotes() {
-  const int room = viewport()->width() - columnViewportPosition(kNote) - horizontalOffset();
-  setColumnWidth(kNote, std::max(room, twips(kLeastNote)));
+void ComparisonTable::shareWidth() {
+  const int room = std::max(0, viewport()->width() - totalWidth(kLeastWidths));
+  const int wanted = totalWidth(kWidths) - totalWidth(kLeastWidths);
+  for (int column = 0; column < kColumns; ++column) {
+    const auto at = static_cast<size_t>(column);
+    const int least = twips(kLeastWidths.at(at));
+    const int more = twips(kWidths.at(at)) - least;
+    setColumnWidth(column, least + static_cast<int>(qint64{room} * more / wanted));
+  }
 }
 
 }  // namespace calvora

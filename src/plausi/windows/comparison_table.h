@@ -35,7 +35,9 @@ class ComparisonTable : public QTableWidget {
   void showRow(int row, const Comparison& comparison, bool startsGroup);
   void fitRow(int row);
   void fitRows();
-  void fitNotes();
+  void shareWidth();
+
+  bool sharing_ = false;  ///< several columns change together
 };
 
 }  // namespace calvora
