@@ -46,6 +46,7 @@ class Tour {
     typeAnalysis();
     printTable();
     showConvertedConductivity();
+    showKeptResults();
     saveStartOverAndLoad();
     showSettings();
     showConverter();
@@ -170,6 +171,24 @@ class Tour {
     QTest::mouseClick(window_.Command3, Qt::LeftButton);
     picture(window_, u"main-bei-temperatur"_s);
     QTest::mouseClick(window_.Command3, Qt::LeftButton);
+  }
+
+  /// Without Kb8,2 the results that rest on it stay as they were.
+  void showKeptResults() {
+    const auto enter = [&](int box, const QString& text) {
+      window_.Text1(box).setFocus();
+      window_.Text1(box).selectAll();
+      if (text.isEmpty()) QTest::keyClick(window_.focusWidget(), Qt::Key_Space);
+      type(text);
+    };
+    enter(feld::kKb82, {});
+    enter(feld::kKs43, u"3"_s);
+    require(window_.Label2(feld::kHydrogencarbonat).property("role") == u"kept"_s,
+            u"a hydrogencarbonate that is marked as old"_s);
+    picture(window_, u"main-kept"_s);
+    enter(feld::kKb82, u"0,25"_s);
+    enter(feld::kKs43, u"2,5"_s);
+    enter(feld::kKs43, u"2,5"_s);  // the conductivity uses the ions of the run before
   }
 
   QStringList shownTexts() {

@@ -8,6 +8,7 @@
 
 #include "app/main_window.h"
 #include "base/guarded.h"
+#include "platform/elided_label.h"
 #include "platform/form.h"
 #include "platform/look.h"
 #include "platform/picture.h"
@@ -30,6 +31,7 @@ constexpr int kNarrowBoxWidth = 700;
 constexpr int kUnitWidth = 880;
 constexpr int kResultUnitWidth = 660;
 constexpr int kRowHeight = 465;
+constexpr int kStatusHeight = 450;
 
 QLabel* makeLabel(const QString& text) {
   auto* label = new QLabel(text);
@@ -62,14 +64,6 @@ PictureButton* makeInfoPicture(const Picture::Drawing& drawing) {
   picture->setCursor(Qt::PointingHandCursor);
   picture->setAccessibleName(u"Erläuterung der berechneten pH-Werte"_s);
   return picture;
-}
-
-/// A field's name for those who hear the mask instead of seeing it.
-QString spokenName(const Field& field) {
-  const QString symbol = field.shortLabel.trimmed();
-  const QString caption = field.caption.simplified();
-  const QString name = caption.endsWith(symbol) ? caption : caption + ' '_L1 + symbol;
-  return field.unit.isEmpty() ? name : name + u" in "_s + field.unit;
 }
 
 }  // namespace
@@ -127,6 +121,7 @@ void main::buildMask() {
   columns->addWidget(inputs, 0, Qt::AlignTop);
   columns->addLayout(right, 1);
   setCentralWidget(new ScrollingContent(mask));
+  buildStatusBar();
   buildVerdict();
 
   // The keyboard walks the boxes in field order, then the buttons.
@@ -142,7 +137,24 @@ void main::buildMask() {
   walk(*Command4);
   Text1(typedFields().front()).setFocus();
 
-  resize(twips(15000), twips(10900));
+  resize(twips(15000), twips(10900 + kStatusHeight));
+}
+
+/// What stands further right was more lately added; what is permanent stands at the right end.
+void main::buildStatusBar() {
+  const auto add = [this](int stretch) {
+    auto* label = new ElidedLabel;
+    statusBar()->addWidget(label, stretch);
+    return label;
+  };
+  fieldStatus = add(0);
+  actionStatus = add(1);
+  keptStatus = add(0);
+  setRole(*keptStatus, Role::kKept);
+  fileStatus = new ElidedLabel;
+  statusBar()->addPermanentWidget(fileStatus);
+  statusBar()->setContentsMargins(8, 0, 8, 0);
+  statusBar()->setMinimumHeight(twips(kStatusHeight));
 }
 
 QWidget* main::buildInputs() {
@@ -241,14 +253,12 @@ QWidget* main::buildResults() {
     }
     addResultRow(grid, row++, field);
   }
-  const auto addNarrow = [&](int index, int besideRow, const QString& toolTip) {
+  const auto addNarrow = [&](int index, int besideRow) {
     auto& display = Label2.add(index, makeCell({}, kNarrowBoxWidth, Role::kComputed));
-    display.setToolTip(toolTip);
-    display.setAccessibleDescription(toolTip);
     grid.addWidget(&display, besideRow, kExtra);
   };
-  addNarrow(schmal::kPhNäherung, 1, u"pH-Wert aus den Kapazitäten, Näherung"_s);
-  addNarrow(schmal::kLeitfähigkeitAusIonen, 4, u"Leitfähigkeit aus den Ionen in µS/cm"_s);
+  addNarrow(schmal::kPhNäherung, 1);
+  addNarrow(schmal::kLeitfähigkeitAusIonen, 4);
   return results;
 }
 
@@ -257,8 +267,6 @@ void main::addResultRow(QGridLayout& grid, int row, const Field& field) {
   auto& caption = Label5.add(i, makeLabel(field.caption));
   caption.setToolTip(field.toolTip);
   auto& display = Label2.add(i, makeCell({}, kResultBoxWidth, Role::kComputed));
-  // The name stays the text shown: a screen reader reads the value, then what it is.
-  display.setAccessibleDescription(spokenName(field));
   grid.addWidget(&caption, row, kCaption);
   grid.addWidget(&Label6.add(i, makeLabel(field.shortLabel)), row, kSymbol);
   grid.addWidget(&display, row, kBox);

@@ -14,8 +14,10 @@
 #include "entry/decimal.h"
 #include "entry/key_filter.h"
 #include "overview/windows/analysen.h"
+#include "platform/elided_label.h"
 #include "platform/look.h"
 #include "platform/placement.h"
+#include "plausi/origin.h"
 #include "plausi/windows/plausi.h"
 #include "print/windows/drucker.h"
 #include "storage/windows/dateien.h"
@@ -48,6 +50,17 @@ void showOnce(QWidget& parent, Arguments&... arguments) {
   bringUp(*new Window(arguments..., &parent));
 }
 
+/// A control's tool tip, which is also told to those who hear the mask.
+void describe(QWidget& control, const QString& text, const QString& name = {}) {
+  if (control.toolTip() != text) control.setToolTip(text);
+  const QString spoken = name.isEmpty() ? text : name + u". "_s + text;
+  if (control.accessibleDescription() != spoken) control.setAccessibleDescription(spoken);
+}
+
+Role resultRole(Origin origin) {
+  return origin == Origin::kKept ? Role::kKept : Role::kComputed;
+}
+
 }  // namespace
 
 main::main(Program& program, Questions& questions, Desktop& desktop)
@@ -73,6 +86,7 @@ bool main::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate) {
     updateManual();
     if (program_.fieldIndex == kFirstActivationPending) Form_Activate();
+    showStatus();  // another window may have saved, or renamed
   }
   return QMainWindow::event(event);
 }
@@ -115,6 +129,7 @@ void main::focusMoved(QWidget* now) {
     QMetaObject::invokeMethod(this, &main::finishLeftBoxes, Qt::QueuedConnection);
   }
   focusedBox_ = box;
+  showStatus();
 }
 
 void main::finishLeftBoxes() {
@@ -140,6 +155,7 @@ std::function<void()> main::command(const QString& location, void (main::*handle
       finishEntry();
       (this->*handler)();
     });
+    showStatus();
   };
 }
 
@@ -169,7 +185,21 @@ void main::Text1_LostFocus(int index) {
 }
 
 bool main::takeOver(int index, const QString& text) {
+  ownAction_.clear();
+  return enterText(index, text);
+}
+
+/// Takes an entry over; what the program did by itself with an earlier one stays told until it does
+/// something again.
+bool main::enterText(int index, const QString& text) {
+  const AnalysisRecord before = program_.record;
+  const auto noted = qScopeGuard([&] {
+    const QString action = whatChanged(before, program_.record, index, text);
+    if (!action.isEmpty()) ownAction_ = action;
+    showStatus();
+  });
   program_.record.flag[flag::kStatus] = u"1"_s;
+  program_.unsaved = true;
   int status = 0;
   try {
     subcalc_.checkeingabe(index, text, status);
@@ -219,12 +249,13 @@ void main::fillFrom(int index, const QStringList& numbers) {
   finishLeftBoxes();
   if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
+    ownAction_.clear();
     int box = index;
     int focusBack = 0;
     for (const QString& number : numbers) {
       program_.fieldIndex = box;
       program_.entryChanged = false;
-      if (takeOver(box, number) && focusBack == 0) focusBack = box;
+      if (enterText(box, number) && focusBack == 0) focusBack = box;
       box = nextBox(box, +1, [this](int next) { return isLocked(next); });
     }
     if (focusBack == 0) return moveFocus(program_.fieldIndex, +1);
@@ -261,6 +292,50 @@ void main::darstellen() {
   Label2(schmal::kPhNäherung).setText(program_.narrow.phNäherung);
   showConductivity(false);
   showPlausibility();
+  showOrigins();
+  showStatus();
+}
+
+/// Tells of every field where it comes from, by its form and in words.
+void main::showOrigins() {
+  const AnalysisRecord& record = program_.record;
+  const NarrowTexts& narrow = program_.narrow;
+  for (const Field& field : inputFields()) {
+    const int i = field.index;
+    setRole(Text1(i), inputRole(i));
+    describe(Text1(i), explain(record, i));
+  }
+  for (const Field& field : resultFields()) {
+    const int i = field.index;
+    setRole(Label2(i), resultRole(originOf(record, i)));
+    describe(Label2(i), explain(record, i), spokenName(field));
+  }
+  QLabel& conductivity = Label2(schmal::kLeitfähigkeitAusIonen);
+  setRole(conductivity, resultRole(narrow.originOfLeitfähigkeit()));
+  describe(conductivity, explainConductivity(record, narrow));
+  QLabel& approximation = Label2(schmal::kPhNäherung);
+  setRole(approximation, resultRole(narrow.originOfNäherung()));
+  describe(approximation, explainApproximation(record, narrow));
+}
+
+Role main::inputRole(int index) const {
+  if (!fieldOf(index).isTyped()) return resultRole(originOf(program_.record, index));
+  if (isLocked(index)) return Role::kLocked;
+  if (index == feld::kLeitfähigkeit && convertedShown_) return Role::kComputed;
+  return originOf(program_.record, index) == Origin::kCompleted ? Role::kCompleted : Role::kInput;
+}
+
+void main::showStatus() {
+  const AnalysisRecord& record = program_.record;
+  fieldStatus->showText(focusedBox_ == 0 ? QString() : rangeOfInput(focusedBox_));
+  actionStatus->showText(ownAction_);
+  keptStatus->showText(keptSummary(record));
+  keptStatus->setToolTip(u"%1\n%2"_s.arg(keptStatus->text(), keptLine(record)).trimmed());
+  const QString& name = program_.savedAs;
+  const QString state = program_.unsaved ? u"nicht gespeichert"_s : u"gespeichert"_s;
+  // The name comes last: it may be long, and give way.
+  if (!name.isEmpty()) return fileStatus->showText(state + u": "_s + name);
+  fileStatus->showText(program_.unsaved ? state : QString());
 }
 
 /// Shows box 1 as it is stored, at 25 °C, and offers the conversion where both values for it are
@@ -274,7 +349,6 @@ void main::showConductivity(bool converted) {
   TextBox& box = Text1(feld::kLeitfähigkeit);
   const double shown = conductivityAt(temperature.toDouble(), conductivity.toDouble());
   box.showText(converted ? numberText(shown, Format::kWhole) : record.text[feld::kLeitfähigkeit]);
-  setRole(box, converted ? Role::kComputed : Role::kInput);
   box.setReadOnly(converted);
   const bool convertible = conductivity > 0_fp && temperature > 0_fp;
   const QString there = convertible ? u"bei "_s + degrees + u" ?"_s : u"bei Temp."_s;
@@ -282,13 +356,13 @@ void main::showConductivity(bool converted) {
   Command3->setEnabled(convertible);
   Label7->setText(converted ? degrees : u"25 °C"_s);
   convertedShown_ = converted;
+  setRole(box, inputRole(feld::kLeitfähigkeit));
 }
 
 /// A capacity that the pH rules out cannot be entered.
 void main::setLocked(int index, bool locked) {
   TextBox& box = Text1(index);
   const bool leaves = locked && !isLocked(index) && focusWidget() == &box;
-  setRole(box, locked ? Role::kLocked : Role::kInput);
   box.setReadOnly(locked);
   // A click goes in: what is then typed must not land in the box that had the focus before.
   box.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
@@ -351,6 +425,7 @@ void main::Command1_Click(int index) {
 
 void main::datenkill(int number) {
   program_.resetRecord();
+  ownAction_.clear();
   if (number <= 0) darstellen();
 }
 
@@ -375,7 +450,10 @@ void main::mnu_load_Click() {
   program_.fieldIndex = 0;
   // Nor may its temperature: where a step does not compute the constants, the next ones read them.
   subcalc_.konst_k();
+  const AnalysisRecord read = program_.record;
   berechnen();
+  ownAction_ = whatChanged(read, program_.record, 0, {});
+  showStatus();
   window.exec();
 }
 
@@ -445,6 +523,7 @@ void main::mnu_neustart_Click() {
   Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
+  ownAction_.clear();
   darstellen();
   Dateien::iniladen(program_.settings, program_.programFolder);
 }

@@ -20,7 +20,9 @@ namespace calvora {
 
 class analysen;
 class plausi;
+class ElidedLabel;
 struct Field;
+enum class Role;
 
 /// Indices of the two narrow displays in `Label2`.
 namespace schmal {
@@ -80,6 +82,12 @@ class main : public QMainWindow {
   QFrame* Frame1;
   QPushButton* Command4;  ///< in the status bar: the overall verdict of the plausibility check
 
+  // The status bar.
+  ElidedLabel* fieldStatus;   ///< meaning, range and unit of the field that has the focus
+  ElidedLabel* actionStatus;  ///< what the program did by itself with the last entry
+  ElidedLabel* keptStatus;    ///< how many results are kept, and what is missing
+  ElidedLabel* fileStatus;    ///< the file's name, and whether it is saved
+
   QAction* mnu_load;
   QAction* mnu_save;
   QAction* mnu_drucken;
@@ -129,7 +137,11 @@ class main : public QMainWindow {
   bool acceptsPasted(int index, const QString& text, const QString& whole);
   [[nodiscard]] bool hasRoom(int index, const QStringList& numbers) const;
   void fillFrom(int index, const QStringList& numbers);
+  bool enterText(int index, const QString& text);
   void setLocked(int index, bool locked);
+  [[nodiscard]] Role inputRole(int index) const;
+  void showOrigins();
+  void showStatus();
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivity(bool converted);
   void showPlausibility();
@@ -146,6 +158,7 @@ class main : public QMainWindow {
   QWidget* buildResults();
   QWidget* buildCompanyArea();
   void buildVerdict();
+  void buildStatusBar();
   void addSection(QGridLayout& grid, int& row, int index, const QString& caption);
   void addInputRow(QGridLayout& grid, int row, const Field& field);
   void addResultRow(QGridLayout& grid, int row, const Field& field);
@@ -165,6 +178,7 @@ class main : public QMainWindow {
   int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none
   QList<int> leftBoxes_;  ///< boxes that were left and are still to be finished, in their order
   bool finishing_ = false;
+  QString ownAction_;            ///< what the program did by itself with the last entry
   bool convertedShown_ = false;  ///< box 1 shows the conductivity at the measuring temperature
 };
 

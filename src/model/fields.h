@@ -75,7 +75,7 @@ struct Field {
   QString unit;
   int overviewRow = 0;    ///< 0: the overview does not show the field
   FieldRange range = {};  ///< of a typed field
-  QString toolTip = {};
+  QString toolTip = {};   ///< of an input: what it means
 
   [[nodiscard]] bool isTyped() const { return !range.text.isEmpty(); }
 };
@@ -91,6 +91,9 @@ const Field& fieldOf(int index);
 
 /// The row of the field that a row of the overview shows; an empty one for a row without a field.
 const Field& fieldOfRow(int row);
+
+/// A field's name for those who hear the mask instead of seeing it.
+QString spokenName(const Field& field);
 
 /// Whether the mask shows the field; these are the fields that analysis files hold.
 bool isShown(int index);

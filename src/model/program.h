@@ -20,6 +20,8 @@ struct Program {
   bool entryChanged = false;  ///< a character was typed into a box that was not left since
   int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
   bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
+  QString savedAs;            ///< name of the file that the analysis was read from or saved as
+  bool unsaved = false;       ///< the analysis has entries that this file does not hold
   QString programFolder;
   Settings settings;
 
@@ -44,6 +46,8 @@ struct Program {
     record.clear();
     entryChanged = false;
     dataPresent = false;
+    unsaved = false;
+    savedAs.clear();
   }
 };
 

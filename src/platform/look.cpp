@@ -84,7 +84,8 @@ class FocusStyle : public QProxyStyle {
 };
 
 QString roleName(Role role) {
-  static const std::array kNames{u"input"_s, u"computed"_s, u"locked"_s, u"unit"_s, u"section"_s};
+  static const std::array kNames{u"input"_s,  u"completed"_s, u"computed"_s, u"kept"_s,
+                                 u"locked"_s, u"unit"_s,      u"section"_s};
   return kNames.at(static_cast<size_t>(role));
 }
 
@@ -107,11 +108,17 @@ QPalette palette() {
 
 QString styleSheet() {
   return uR"(
-QLineEdit[role], QLabel[role="computed"], *[role="unit"] {
+QLineEdit[role], QLabel[role="computed"], QLabel[role="kept"], *[role="unit"] {
   border: 1px solid #728194; border-radius: 3px; padding: 2px 5px; }
 QLineEdit[role="input"] { background: #ffffff; color: #000000; }
 QLineEdit[role="computed"], QLabel[role="computed"] {
   background: #dde2e8; color: #0000c0; border-color: #b3bdc8; }
+QLineEdit[role="completed"] {
+  background: #ffffff; color: #000000; border: 2px dotted #3d4a59; padding: 1px 4px;
+  font-style: italic; }
+QLineEdit[role="kept"], QLabel[role="kept"] {
+  background: #f8edd8; color: #5a3000; border: 2px dashed #8a4b00; padding: 1px 4px;
+  font-style: italic; }
 QLineEdit[role="locked"] { background: #808080; border: 1px solid #5c5c5c; }
 QLineEdit[role]:focus { border: 2px solid #0b57d0; padding: 1px 4px; }
 *[role="unit"] { background: #fffbd6; color: #1b2430; border-color: #d6cf9a; }
@@ -123,6 +130,8 @@ QPlainTextEdit:disabled { background: #dde2e8; color: #0000c0; border-color: #b3
 QPlainTextEdit:focus { border: 2px solid #0b57d0; padding: 0; }
 QLabel[role="section"] {
   background: #1f4e79; color: #ffffff; font-weight: bold; border-radius: 3px; padding: 4px 6px; }
+QStatusBar { border-top: 1px solid #b3bdc8; }
+QStatusBar::item { border: none; }
 )"_s;
 }
 

@@ -12,11 +12,13 @@ namespace calvora {
 
 /// What a control is for; its colours follow from it.
 enum class Role {
-  kInput,     ///< white, typed by the user
-  kComputed,  ///< grey with blue text
-  kLocked,    ///< dark grey, cannot be entered
-  kUnit,      ///< light yellow
-  kSection,   ///< header of a group
+  kInput,      ///< white, typed by the user
+  kCompleted,  ///< white, dotted border, italic: filled in by the program
+  kComputed,   ///< grey with blue text
+  kKept,       ///< dashed border, italic: a result of earlier inputs
+  kLocked,     ///< dark grey, cannot be entered
+  kUnit,       ///< light yellow
+  kSection,    ///< header of a group
 };
 
 /// Gives the program its version, its font, its colours, its icon and German texts in Qt's dialogs.

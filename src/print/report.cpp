@@ -5,6 +5,7 @@
 #include "entry/decimal.h"
 #include "entry/key_filter.h"
 #include "model/fields.h"
+#include "plausi/origin.h"
 #include "storage/line_file.h"
 
 namespace calvora {
@@ -15,6 +16,7 @@ namespace {
 
 constexpr qsizetype kValueWidth = 8;
 constexpr int kFewerDecimals = 3;
+constexpr qsizetype kPageWidth = 80;  // characters
 
 // Text columns.
 constexpr int kMargin = 13;
@@ -139,6 +141,14 @@ void comparisonLines(Writer& report, const Comparison& comparison) {
   report.size(4).endLine().size(9);
 }
 
+/// The line that names the kept results, if there are any; what its page has no room for goes on
+/// the next.
+void keptLines(Writer& report, const AnalysisRecord& record) {
+  const QStringList lines = wrapped(keptLine(record), kPageWidth);
+  if (!lines.isEmpty()) report.endLine();
+  for (const QString& line : lines) report.at(kMargin, line).endLine();
+}
+
 }  // namespace
 
 QString reportTitle(Bericht kind) {
@@ -196,6 +206,7 @@ Statements analysisStatements(const AnalysisRecord& record) {
     if (field.index == feld::kHydrogencarbonat) report.endLine();
     if (field.index != feld::kPhAusLf) fieldLine(report, field, record);
   }
+  keptLines(report, record);
   return report.statements;
 }
 

@@ -54,7 +54,8 @@ struct ReportHead {
 /// The head of a report, on a page of that orientation.
 Statements headStatements(const ReportHead& head, bool landscape);
 
-/// The body of the analysis report: every field that has a text, except 10.
+/// The body of the analysis report: every field that has a text, except 10, and which of them were
+/// not recomputed.
 Statements analysisStatements(const AnalysisRecord& record);
 
 /// The body of the overview report; the filled slots stand next to each other.

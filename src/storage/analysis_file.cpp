@@ -1,5 +1,7 @@
 #include "storage/analysis_file.h"
 
+#include <QFileInfo>
+
 #include "model/fields.h"
 #include "storage/line_file.h"
 
@@ -50,7 +52,7 @@ QByteArray analysisContent(const Program& program, const QString& name) {
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {
-  return LineReader::readFile(path, [&](LineReader& reader) {
+  const bool complete = LineReader::readFile(path, [&](LineReader& reader) {
     reset();
     program.header.clear();  // no header of another analysis may stay beside this one
     readHeader(program.header, reader);
@@ -60,6 +62,8 @@ bool readAnalysis(Program& program, const QString& path, const std::function<voi
       program.record.text[field] = text;
     });
   });
+  if (complete) program.savedAs = QFileInfo(path).completeBaseName();
+  return complete;
 }
 
 OverviewAnalysis readForOverview(const QString& path) {

@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QMenuBar>
+#include <QStatusBar>
 
 #include "model/fields.h"
 #include "print/windows/drucker.h"
@@ -223,6 +224,53 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.desktop.ended, 1);
   }
 
+  // Name, steps as above, then what the fields look like (K11 a kept result 11, C20 a completed
+  // input, an unnamed one is fresh), and the status bar: field, action, kept results, file.
+  void theMaskShowsWhereItsValuesComeFrom_data() {
+    addRows(
+        uR"(
+      all fresh        | 420⏎ 7,5⏎ 10⏎ 2.5⏎ ,25⏎ | | Gesamthärte: 0,05 bis 100 °d; ; ; nicht gespeichert
+      Kb8,2 is missing | @2 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @6 ␣ ⏎ @5 3⏎ | K7 K11 K12 | Kb8,2: 0 bis 2,5 mmol/l; ; 3 alte Ergebnisse: es fehlt Kb8,2; nicht gespeichert
+      of an old entry  | 420⏎ 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @23 60⏎ @6 ␣ ⏎ | K7 K11 K12 K15 C20 K21 K22 C24 | Kb8,2: 0 bis 2,5 mmol/l; Magnesium ergänzt aus Calcium; 6 alte Ergebnisse: es fehlt Kb8,2; nicht gespeichert
+      completed        | @20 8⏎ 40⏎ | C24 | Magnesium: 0,1 bis 420 mg/l; Magnesium ergänzt aus Gesamthärte und Calcium; ; nicht gespeichert
+      pasted           | @20 V8¶40¶5 | C20 | Chlorid: 0,01 bis 500 mg/l; Gesamthärte neu aus Calcium und Magnesium; ; nicht gespeichert
+      told once        | @20 8⏎ 40⏎ @26 1⏎ | C24 | Leitfähigkeit: 0,5 bis 5000 µS/cm; ; ; nicht gespeichert
+      saved, then read | @2 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @6 ␣ ⏎ @20 8⏎ 40⏎ SO | K7 K11 K12 K15 K21 K22 | Leitfähigkeit: 0,5 bis 5000 µS/cm; ; 6 alte Ergebnisse: es fehlt Kb8,2; gespeichert: probe
+      restarted        | @20 8⏎ 40⏎ SN | | Leitfähigkeit: 0,5 bis 5000 µS/cm; ; ;
+    )"_s);
+  }
+  void theMaskShowsWhereItsValuesComeFrom() {
+    QFETCH(QStringList, row);
+    Mask mask;
+    mask.desktop.file = mask.folder.filePath(u"probe"_s);
+    const auto save = [](Dateien& window) { window.Command1->click(); };
+    for (const QString& step : row[1].split(' ')) {
+      if (!step.startsWith('S'_L1)) {
+        play(mask, step);
+        continue;
+      }
+      onNextModal<Dateien>(this, save);
+      mask.press(Qt::Key_S, Qt::ControlModifier);
+      mask.activate();
+      if (step == "SO"_L1) onNextModal<Dateien>(this, [](Dateien& window) { window.close(); });
+      mask.focus(1);
+      mask.press(step == "SO"_L1 ? Qt::Key_O : Qt::Key_N, Qt::ControlModifier);
+    }
+    QStringList looks;
+    const auto look = [&](const QWidget& control, int index) {
+      const QString role = control.property("role").toString();
+      if (role == "kept"_L1) looks += u"K%1"_s.arg(index);
+      if (role == "completed"_L1) looks += u"C%1"_s.arg(index);
+      if (role == "kept"_L1) QVERIFY(control.accessibleDescription().contains(u"früheren"_s));
+    };
+    for (const Field& field : resultFields()) look(mask.window.Label2(field.index), field.index);
+    for (const Field& field : inputFields()) look(mask.window.Text1(field.index), field.index);
+    QCOMPARE(looks.join(' '), row[2]);
+    const QStringList status{mask.window.fieldStatus->text(), mask.window.actionStatus->text(),
+                             mask.window.keptStatus->text(), mask.window.fileStatus->text()};
+    QCOMPARE(status.join(u"; "_s).trimmed(), row[3]);
+  }
+
   void aTextInAFieldIsDataToPrintAndToSave() {
     Mask mask;
     mask.questions.expect(says(u"nothing-to-save"_s));
@@ -289,9 +337,11 @@ class MainWindowTest : public QObject {
       QVERIFY(room(mask.window.Text1(box), u"5000,0000"_s) >= 16);
     }
     QVERIFY(room(*mask.window.Label7, mask.window.Label7->text()) >= 12);
-    // At every resolution the window has its designed size, so its content fits into it.
+    // At every resolution the window has its designed size, so its content fits into it, and the
+    // status bar stands below.
     const double scale = mask.window.logicalDpiX() / 1440.0;
-    QCOMPARE(mask.window.size(), QSize(qRound(15000 * scale), qRound(10900 * scale)));
+    const QSize designed(qRound(15000 * scale), qRound(10900 * scale));
+    QCOMPARE(mask.window.size() - QSize(0, mask.window.statusBar()->height()), designed);
   }
 
  private:

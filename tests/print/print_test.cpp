@@ -57,7 +57,10 @@ struct Printing : Mask {
     program.settings.slot[setting::kPrintLine] = u"Firma       Weg 1    Ort"_s;
     program.header[0] = u"brunnen"_s;
     program.header[1] = u"Wohnanlage"_s;
-    for (int i = 1; i <= 26; ++i) program.record.text[i] = i == 1 ? u"1420,000"_s : u"7,50"_s;
+    for (int i = 1; i <= 26; ++i) {
+      program.record.text[i] = i == 1 ? u"1420,000"_s : u"7,50"_s;
+      program.record.computed[i] = true;
+    }
     desktop.paper = [this](const PrintRequest& request) {
       return std::make_unique<PdfPaper>(pdf, request.title, reportPage(request.landscape));
     };

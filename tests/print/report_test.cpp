@@ -21,8 +21,10 @@ ReportHead headOf(const QString& content, Bericht kind) {
 
 AnalysisRecord recordOf(const QString& content) {
   AnalysisRecord record;
-  for (int i = 1; i <= 40 && content == "full"_L1; ++i) record.text[i] = u"%1,0"_s.arg(i);
-  if (content == "full"_L1) record.text[1] = u"12345,678"_s;
+  const bool full = content != "sparse"_L1 && content != "empty"_L1;
+  for (int i = 1; i <= 40 && full; ++i) record.text[i] = u"%1,0"_s.arg(i);
+  for (int i = 1; i <= 40; ++i) record.computed[i] = content != "kept"_L1 || i == 9;
+  if (full) record.text[1] = u"12345,678"_s;
   if (content == "sparse"_L1) {
     record.text[1] = u"1420,0000"_s;  // the thousands outlast zeros that say nothing
     record.text[2] = u" 7,5 "_s;
@@ -67,6 +69,7 @@ class ReportTest : public QObject {
   void aReportSaysWhatItShould_data() {  // golden file => orientation of its page
     rows<QString>(
         "analysis_full=>portrait | analysis_sparse=>landscape | analysis_empty=>portrait | "
+        "analysis_kept=>portrait | "
         "overview_full=>landscape | overview_sparse=>landscape | overview_empty=>portrait");
   }
   void aReportSaysWhatItShould() {

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "app/main_window.h"
+#include "platform/elided_label.h"
 #include "platform/look.h"
 #include "support/recording_desktop.h"
 #include "support/scripted_questions.h"
@@ -57,10 +58,11 @@ inline QStringList cutTexts(const QWidget& window) {
     const int height = wraps ? label->heightForWidth(label->width()) : control->sizeHint().height();
     qsizetype blanks = 0;  // at its end, where nobody misses them
     while (text[text.size() - 1 - blanks] == QChar::Space) ++blanks;
+    const bool elides = dynamic_cast<const ElidedLabel*>(control) != nullptr;  // and has a tool tip
     const int width =
         control->sizeHint().width() - control->fontMetrics().horizontalAdvance(text.right(blanks));
     const QRect place(control->mapTo(&window, QPoint()), control->size());
-    bool fits = (wraps || control->width() >= width) && control->height() >= height &&
+    bool fits = (wraps || elides || control->width() >= width) && control->height() >= height &&
                 window.rect().contains(place);
     for (const QWidget* other : seen) {
       fits = fits && !place.intersects({other->mapTo(&window, QPoint()), other->size()});

@@ -9,6 +9,7 @@
 #include "platform/look.h"
 #include "platform/paper.h"
 #include "platform/twips.h"
+#include "plausi/origin.h"
 #include "plausi/windows/ph_scale.h"
 #include "print/windows/report_printer.h"
 #include "storage/settings.h"
@@ -56,7 +57,9 @@ void Drucker::druckart(Bericht kind) {
     Label3->hide();
     program_.landscape = true;
   }
-  Label6->clear();
+  const bool analysis = kind == Bericht::kAnalyse;
+  Label6->setText(analysis ? keptSummary(program_.record) : QString());
+  Label6->setToolTip(analysis ? keptLine(program_.record) : QString());
   Command1->setText(reportTitle(kind));
 }
 
@@ -188,7 +191,8 @@ void Drucker::buildWindow() {
       u"background: #c0ffc0; color: #000000; border: 1px solid #728194; border-radius: 3px; "
       "font-weight: bold"_s);
   Label6 = new QLabel(this);
-  Label6->setStyleSheet(u"color: #ff00ff"_s);
+  Label6->setStyleSheet(u"color: #5a3000; font-style: italic"_s);
+  Label6->setWordWrap(true);
   place(*Command1, 390, 420, 5475, 465);
   place(*Label6, 400, 1050, 5400, 525);
   int row = 0;

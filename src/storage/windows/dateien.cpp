@@ -180,6 +180,8 @@ bool Dateien::mayReplace(const QString& path) {
 void Dateien::dateispeichern(const QString& path, const QString& title) {
   const QString name = nameLine(title, kAnalysisFile);
   writeFileSafely(path, analysisContent(program_, name));
+  program_.savedAs = name;
+  program_.unsaved = false;
   program_.record.flag[flag::kNameLine] = name;
 }
 
