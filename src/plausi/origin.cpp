@@ -103,7 +103,7 @@ QString needName(const AnalysisRecord& record, int need) {
 /// How an input that a result needs is missing: its name, or that it is 0. Empty if it is there.
 QString missing(const AnalysisRecord& record, int result, int need) {
   const int input = need == kCapacity ? admittedCapacity(record) : need;
-  const QString name = needName(record, need);
+  QString name = needName(record, need);
   if (input == 0 || record.text[input].isEmpty()) return name;
   // A capacity of 0 is enough for the iteration alone.
   const bool enough = result == feld::kPhAusKapazitäten && need == kCapacity;
@@ -148,7 +148,7 @@ QString keptSentence(const AnalysisRecord& record, int result) {
 QString originSentence(const AnalysisRecord& record, int result, Origin origin) {
   if (origin == Origin::kKept) return keptSentence(record, result);
   if (origin == Origin::kComputed) return fromWhat(record, result);
-  const QString ruledOut = ruledOutSentence(record, result);
+  QString ruledOut = ruledOutSentence(record, result);
   if (!ruledOut.isEmpty()) return ruledOut;
   const QStringList missing = missingInputs(record, result);
   if (missing.isEmpty()) return u"Aus diesen Eingaben nicht zu berechnen."_s;
@@ -177,7 +177,7 @@ QString lockedSentence(const AnalysisRecord& record, int index) {
 }
 
 QString explainInput(const AnalysisRecord& record, int index) {
-  const QString description = describeInput(index) + '.'_L1;
+  QString description = describeInput(index) + '.'_L1;
   if (index == ruledOutCapacity(record))
     return lockedSentence(record, index) + '\n'_L1 + description;
   if (originOf(record, index) != Origin::kCompleted) return description;
