@@ -283,6 +283,15 @@ void main::buildVerdict() {
   connect(Command4, &QPushButton::clicked, this,
           command(u" main_plausi"_s, &main::mnu2_plausi_Click));
   statusBar()->addPermanentWidget(Command4);
+  // Large enough for every verdict, so that none of them lays the window out anew.
+  Command4->ensurePolished();
+  QSize size;
+  for (const Verdict verdict : {Verdict::kStimmig, Verdict::kPrüfen, Verdict::kWiderspruch,
+                                Verdict::kHinweis, Verdict::kNichtPrüfbar}) {
+    Command4->setText(verdictSymbol(verdict) + ' '_L1 + verdictWord(verdict));
+    size = size.expandedTo(Command4->sizeHint());
+  }
+  Command4->setFixedSize(size);
 }
 
 QWidget* main::buildCompanyArea() {

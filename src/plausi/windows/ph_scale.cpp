@@ -200,9 +200,10 @@ PhScale::PhScale(QWidget* parent) : QWidget(parent) {
 }
 
 void PhScale::showMarks(const std::vector<PhMark>& marks) {
+  const bool newSize = marks.size() != marks_.size();
   marks_ = marks;
   setAccessibleDescription(inWords(marks));
-  updateGeometry();
+  if (newSize) updateGeometry();
   update();
 }
 

@@ -87,6 +87,8 @@ QLabel[verdict="bad"] { background: #fbd9d3; })"_s);
   Label1->setTextFormat(Qt::PlainText);
   Label1->setWordWrap(true);
   Label1->setMargin(twips(110));
+  // The symbols come from fonts of other heights; what is below the line must not move with them.
+  Label1->setMinimumHeight(2 * Label1->fontMetrics().height());
   Label1->setAccessibleDescription(u"Ergebnis der Plausibilitäts-Prüfung"_s);
   Picture1 = new PhScale;
   MSFlexGrid1 = new ComparisonTable;
