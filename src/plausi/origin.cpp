@@ -292,7 +292,7 @@ QString causeOf(const AnalysisRecord& after, const std::vector<int>& deleted, in
 QString rejection(const AnalysisRecord& after, int index, const QString& typedText) {
   if (index == 0 || typedText.isEmpty() || !after.text[index].isEmpty()) return {};
   QString typed = typedText;
-  if (checkTyped(typed) == check::kInvalid) {
+  if (checkTyped(typed) == Check::kInvalid) {
     return u"„%1“ ist keine Zahl und wurde gelöscht"_s.arg(typedText);
   }
   return u"%1 „%2“ abgelehnt und gelöscht"_s.arg(nameOf(index), typedText);
