@@ -396,7 +396,7 @@ void main::showPlausibility() {
 
 void main::mnu2_plausi_Click() {
   if (check_ == nullptr || !check_->isVisible()) {
-    check_ = new plausi(plausibility_, program_, questions_);
+    check_ = new plausi(plausibility_, program_.settings, program_.programFolder, questions_);
     check_->changed = [this] { showPlausibility(); };
     check_->print = command(u" main_plausi"_s, &main::printPlausibility);
     placeOnScreen(*check_, frameGeometry().topRight() - screen()->geometry().topLeft());

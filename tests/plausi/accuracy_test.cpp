@@ -11,7 +11,7 @@
 
 #include "chem/subcalc.h"
 #include "plausi/second_calculation.h"
-#include "support/finding.h"
+#include "support/files.h"
 #include "support/scripted_questions.h"
 #include "support/tables.h"
 

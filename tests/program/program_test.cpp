@@ -56,7 +56,8 @@ class ProgramTest : public QObject {
       said += textsOf(u"dimum"_s, dimum(mask.program.record, field, mask.questions, mask.desktop,
                                         {}, mask.window));
     }
-    said += textsOf(u"plausi"_s, plausi(checkPlausibility({}, {}), mask.program, mask.questions));
+    said += textsOf(u"plausi"_s, plausi(checkPlausibility({}, {}), mask.program.settings,
+                                        mask.program.programFolder, mask.questions));
     said += textsOf(u"bb_msg"_s, bb_msg(mask.desktop));
     said += textsOf(u"varios"_s, varios(&mask.window));
     info1 information(&mask.window);

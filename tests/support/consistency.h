@@ -5,7 +5,7 @@
 #include "chem/subcalc.h"
 #include "model/fields.h"
 #include "plausi/plausibility.h"
-#include "support/finding.h"
+#include "support/files.h"
 
 namespace calvora {
 

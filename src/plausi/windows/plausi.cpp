@@ -42,8 +42,12 @@ QString verdictName(Verdict verdict) {
 }  // namespace
 
 // No parent: it would always lie over the main window, which stays in use beside it.
-plausi::plausi(const Plausibility& found, Program& program, Questions& questions)
-    : QDialog(nullptr, Qt::Window), program_(program), questions_(questions) {
+plausi::plausi(const Plausibility& found, Settings& settings, const QString& programFolder,
+               Questions& questions)
+    : QDialog(nullptr, Qt::Window),
+      settings_(settings),
+      programFolder_(programFolder),
+      questions_(questions) {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
   darstellen(found);
@@ -67,9 +71,9 @@ void plausi::Command1_Click(int index) {
 
 /// A failure to write is told; the running program goes on with what was entered.
 void plausi::keepUncertainties() {
-  program_.settings.slot[setting::kUncertainties] = settingOf(Form1->uncertainties());
+  settings_.slot[setting::kUncertainties] = settingOf(Form1->uncertainties());
   changed();
-  Dateien::inispeichern(program_, questions_);
+  Dateien::inispeichern(settings_, programFolder_, questions_);
 }
 
 // ---- Design ----
@@ -122,8 +126,7 @@ QLabel[verdict="bad"] { background: #fbd9d3; })"_s);
 }
 
 void plausi::buildForm() {
-  Form1 = new UncertaintyForm(uncertaintiesOf(program_.settings.slot[setting::kUncertainties]),
-                              questions_);
+  Form1 = new UncertaintyForm(uncertaintiesOf(settings_.slot[setting::kUncertainties]), questions_);
   Form1->changed = [this] { keepUncertainties(); };
 }
 

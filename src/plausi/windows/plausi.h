@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "base/questions.h"
-#include "model/program.h"
+#include "model/settings.h"
 #include "platform/control_array.h"
 #include "plausi/plausibility.h"
 
@@ -23,7 +23,8 @@ class plausi : public QDialog {
   Q_OBJECT
 
  public:
-  plausi(const Plausibility& found, Program& program, Questions& questions);
+  plausi(const Plausibility& found, Settings& settings, const QString& programFolder,
+         Questions& questions);
 
   void darstellen(const Plausibility& found);
 
@@ -46,7 +47,8 @@ class plausi : public QDialog {
   void Command1_Click(int index);
   void keepUncertainties();
 
-  Program& program_;
+  Settings& settings_;
+  const QString& programFolder_;
   Questions& questions_;
 };
 
