@@ -33,6 +33,12 @@ struct Bench : BasicMask<AnyQuestions> {
     window.finishEntry();
     if (program.record.text[index].isEmpty()) qFatal("the entry was not taken");
   }
+
+  /// What the event loop does up to the painted mask, and nothing of what follows.
+  void paintMask() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(&window, QEvent::UpdateRequest);
+  }
 };
 
 inline Project eightAnalyses() {

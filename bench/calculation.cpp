@@ -19,15 +19,22 @@ void berechnen(benchmark::State& state, const char* water) {
   for ([[maybe_unused]] auto _ : state) bench.window.berechnen();
 }
 
-/// Two values in turn, so that every run really redisplays.
-void focusLostToMaskShown(benchmark::State& state, bool checked) {
+/// Two values in turn, so that every run really redisplays. The mask is painted first, the check
+/// and its window follow.
+void fromLeavingABox(benchmark::State& state, bool windowOpen, bool toCheckShown) {
   Bench bench;
-  if (checked) bench.window.mnu2_plausi->trigger();
+  if (windowOpen) bench.window.mnu2_plausi->trigger();
+  Bench::settle();
   bool high = false;
   for ([[maybe_unused]] auto _ : state) {
     high = !high;
     bench.change(3, high ? u"20"_s : u"10"_s);
+    if (!toCheckShown) {
+      bench.paintMask();
+      state.PauseTiming();
+    }
     Bench::settle();
+    if (!toCheckShown) state.ResumeTiming();
   }
 }
 
@@ -43,8 +50,10 @@ BENCHMARK_CAPTURE(stepsAlone, acid, kAcidWater);
 BENCHMARK_CAPTURE(stepsAlone, alkaline, kAlkalineWater);
 BENCHMARK_CAPTURE(berechnen, acid, kAcidWater);
 BENCHMARK_CAPTURE(berechnen, alkaline, kAlkalineWater);
-BENCHMARK_CAPTURE(focusLostToMaskShown, alone, false);
-BENCHMARK_CAPTURE(focusLostToMaskShown, besideTheCheck, true);
+BENCHMARK_CAPTURE(fromLeavingABox, toMaskShown, false, false);
+BENCHMARK_CAPTURE(fromLeavingABox, toMaskShownWindowOpen, true, false);
+BENCHMARK_CAPTURE(fromLeavingABox, toVerdictShown, false, true);
+BENCHMARK_CAPTURE(fromLeavingABox, toCheckShownWindowOpen, true, true);
 
 }  // namespace
 

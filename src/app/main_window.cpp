@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScopeGuard>
 #include <algorithm>
+#include <utility>
 
 #include "app/start_window.h"
 #include "base/guarded.h"
@@ -57,6 +58,11 @@ void describe(QWidget& control, const QString& text, const QString& name = {}) {
   if (control.accessibleDescription() != spoken) control.setAccessibleDescription(spoken);
 }
 
+QEvent::Type checkEvent() {
+  static const auto kType = static_cast<QEvent::Type>(QEvent::registerEventType());
+  return kType;
+}
+
 Role resultRole(Origin origin) {
   return origin == Origin::kKept ? Role::kKept : Role::kComputed;
 }
@@ -83,6 +89,10 @@ main::~main() {
 }
 
 bool main::event(QEvent* event) {
+  if (event->type() == checkEvent()) {
+    if (checkDue_) guarded(questions_, u" main_plausi"_s, [this] { showPlausibility(); });
+    return true;
+  }
   if (event->type() == QEvent::WindowActivate) {
     updateManual();
     if (program_.fieldIndex == kFirstActivationPending) Form_Activate();
@@ -291,7 +301,7 @@ void main::darstellen() {
   Label2(schmal::kLeitfähigkeitAusIonen).setText(program_.narrow.leitfähigkeitAusIonen);
   Label2(schmal::kPhNäherung).setText(program_.narrow.phNäherung);
   showConductivity(false);
-  showPlausibility();
+  checkSoon();
   showOrigins();
   showStatus();
 }
@@ -383,8 +393,16 @@ void main::Command3_Click() {
 
 // ---- The plausibility check ----
 
+/// The check follows right behind the mask: the event comes after the one that paints it. Several
+/// entries in a row are checked once.
+void main::checkSoon() {
+  if (std::exchange(checkDue_, true)) return;
+  QCoreApplication::postEvent(this, new QEvent(checkEvent()), Qt::LowEventPriority - 1);
+}
+
 /// Judges the record and shows the verdict in the status bar and, while it is open, in its window.
 void main::showPlausibility() {
+  checkDue_ = false;
   const QString& uncertainties = program_.settings.slot[setting::kUncertainties];
   plausibility_ = checkPlausibility(program_.record, uncertaintiesOf(uncertainties));
   const Verdict overall = plausibility_.overall();
@@ -395,6 +413,7 @@ void main::showPlausibility() {
 }
 
 void main::mnu2_plausi_Click() {
+  showPlausibility();
   if (check_ == nullptr || !check_->isVisible()) {
     check_ = new plausi(plausibility_, program_.settings, program_.programFolder, questions_);
     check_->changed = [this] { showPlausibility(); };
@@ -406,6 +425,7 @@ void main::mnu2_plausi_Click() {
 }
 
 void main::printPlausibility() {
+  showPlausibility();
   Drucker window(program_, questions_, desktop_, check_);
   window.druckart(plausibility_);
   window.exec();

@@ -144,6 +144,7 @@ class main : public QMainWindow {
   void showStatus();
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivity(bool converted);
+  void checkSoon();
   void showPlausibility();
   void printPlausibility();
   void updateManual();
@@ -173,7 +174,8 @@ class main : public QMainWindow {
   subcalc subcalc_;
   QPointer<analysen> overview_;  ///< empty while it is closed
   QPointer<plausi> check_;       ///< empty while it is closed
-  Plausibility plausibility_;    ///< of the record as the mask shows it
+  Plausibility plausibility_;    ///< of the record as the mask shows it, unless a check is due
+  bool checkDue_ = false;        ///< the check's event is on its way
 
   int focusedBox_ = 0;    ///< the box that had the focus last in this window; 0: none
   QList<int> leftBoxes_;  ///< boxes that were left and are still to be finished, in their order

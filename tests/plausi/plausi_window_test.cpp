@@ -112,6 +112,7 @@ class PlausiWindowTest : public QObject {
     QCOMPARE(mask.differences(), QStringList());
     mask.program.record.flag[flag::kStatus].clear();
     mask.window.mnu_neustart->trigger();
+    mask.window.mnu2_plausi->trigger();  // before the queued check
     QCOMPARE(mask.expected().overall(), Verdict::kNichtPrüfbar);
     QCOMPARE(mask.differences(), QStringList());
     QVERIFY(mask.check().Picture1->accessibleDescription().startsWith(u"noch kein"_s));

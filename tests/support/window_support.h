@@ -98,8 +98,8 @@ struct BasicMask {
     return QDir(folder.path()).absoluteFilePath(name);
   }
 
-  /// Finishes what the last event left queued.
-  static void settle() { QCoreApplication::processEvents(); }
+  /// Finishes what the last event left queued, and what that queues.
+  static void settle() { QCoreApplication::processEvents(QEventLoop::AllEvents, 1000); }
 
   static void activate(QWidget& other) {
     other.activateWindow();

@@ -145,10 +145,11 @@ void ComparisonTable::showRow(int row, const Comparison& comparison, bool starts
   if (newLines) fitRow(row);
 }
 
-/// The texts of two rows must not touch.
+/// The texts of two rows must not touch. A new height paints all rows below it anew, so that it is
+/// set once.
 void ComparisonTable::fitRow(int row) {
-  resizeRowToContents(row);
-  setRowHeight(row, rowHeight(row) + twips(kRowGap));
+  const int content = std::max(sizeHintForRow(row), verticalHeader()->sectionSizeHint(row));
+  setRowHeight(row, content + twips(kRowGap));
 }
 
 void ComparisonTable::fitRows() {
