@@ -306,26 +306,28 @@ void main::darstellen() {
   showStatus();
 }
 
-/// Tells of every field where it comes from, by its form and in words.
+/// Every field's form tells where it comes from.
 void main::showOrigins() {
   const AnalysisRecord& record = program_.record;
   const NarrowTexts& narrow = program_.narrow;
-  for (const Field& field : inputFields()) {
-    const int i = field.index;
-    setRole(Text1(i), inputRole(i));
-    describe(Text1(i), explain(record, i));
-  }
+  for (const Field& field : inputFields()) setRole(Text1(field.index), inputRole(field.index));
   for (const Field& field : resultFields()) {
-    const int i = field.index;
-    setRole(Label2(i), resultRole(originOf(record, i)));
-    describe(Label2(i), explain(record, i), spokenName(field));
+    setRole(Label2(field.index), resultRole(originOf(record, field.index)));
   }
-  QLabel& conductivity = Label2(schmal::kLeitfähigkeitAusIonen);
-  setRole(conductivity, resultRole(narrow.originOfLeitfähigkeit()));
-  describe(conductivity, explainConductivity(record, narrow));
-  QLabel& approximation = Label2(schmal::kPhNäherung);
-  setRole(approximation, resultRole(narrow.originOfNäherung()));
-  describe(approximation, explainApproximation(record, narrow));
+  setRole(Label2(schmal::kLeitfähigkeitAusIonen), resultRole(narrow.originOfLeitfähigkeit()));
+  setRole(Label2(schmal::kPhNäherung), resultRole(narrow.originOfNäherung()));
+}
+
+/// The same in words, which nobody can read before the mask is painted.
+void main::describeOrigins() {
+  const AnalysisRecord& record = program_.record;
+  for (const Field& field : inputFields())
+    describe(Text1(field.index), explain(record, field.index));
+  for (const Field& field : resultFields()) {
+    describe(Label2(field.index), explain(record, field.index), spokenName(field));
+  }
+  describe(Label2(schmal::kLeitfähigkeitAusIonen), explainConductivity(record, program_.narrow));
+  describe(Label2(schmal::kPhNäherung), explainApproximation(record, program_.narrow));
 }
 
 Role main::inputRole(int index) const {
@@ -393,7 +395,7 @@ void main::Command3_Click() {
 
 // ---- The plausibility check ----
 
-/// The check follows right behind the mask: the event comes after the one that paints it. Several
+/// What follows right behind the mask: the event comes after the one that paints it. Several
 /// entries in a row are checked once.
 void main::checkSoon() {
   if (std::exchange(checkDue_, true)) return;
@@ -402,7 +404,7 @@ void main::checkSoon() {
 
 /// Judges the record and shows the verdict in the status bar and, while it is open, in its window.
 void main::showPlausibility() {
-  checkDue_ = false;
+  if (std::exchange(checkDue_, false)) describeOrigins();
   const QString& uncertainties = program_.settings.slot[setting::kUncertainties];
   plausibility_ = checkPlausibility(program_.record, uncertaintiesOf(uncertainties));
   const Verdict overall = plausibility_.overall();

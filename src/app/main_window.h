@@ -141,6 +141,7 @@ class main : public QMainWindow {
   void setLocked(int index, bool locked);
   [[nodiscard]] Role inputRole(int index) const;
   void showOrigins();
+  void describeOrigins();
   void showStatus();
   [[nodiscard]] bool isLocked(int index) const;
   void showConductivity(bool converted);
