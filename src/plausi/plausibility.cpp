@@ -21,11 +21,12 @@ struct VerdictText {
   QString symbol;
 };
 
+/// The symbols are in every text font: one from another font would change the height of its line.
 const std::array<VerdictText, 5>& verdictTexts() {
   static const std::array kTexts{
-      VerdictText{Verdict::kStimmig, u"stimmig"_s, u"✓"_s},
+      VerdictText{Verdict::kStimmig, u"stimmig"_s, u"="_s},
       VerdictText{Verdict::kPrüfen, u"prüfen"_s, u"!"_s},
-      VerdictText{Verdict::kWiderspruch, u"Widerspruch"_s, u"✗"_s},
+      VerdictText{Verdict::kWiderspruch, u"Widerspruch"_s, u"≠"_s},
       VerdictText{Verdict::kHinweis, u"Hinweis"_s, u"i"_s},
       VerdictText{Verdict::kNichtPrüfbar, u"nicht prüfbar"_s, u"–"_s},
   };
@@ -186,7 +187,9 @@ QString Plausibility::summary() const {
   QStringList counts;
   for (const auto& [verdict, word, symbol] : verdictTexts()) {
     const auto count = std::ranges::count(rows, verdict, &Comparison::verdict);
-    if (count > 0) counts += QString::number(count) + u' ' + word;
+    if (count == 0) continue;
+    const bool several = verdict == Verdict::kHinweis && count > 1;
+    counts += QString::number(count) + u' ' + word + (several ? u"e"_s : QString());
   }
   QString line = u"%1 (%2)"_s.arg(verdictWord(overall()), counts.join(u", "_s));
   if (overall() == Verdict::kNichtPrüfbar || overall() == Verdict::kStimmig) return line;
