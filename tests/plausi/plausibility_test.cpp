@@ -30,7 +30,8 @@ AnalysisRecord typed(const QString& fields) {
 AnalysisRecord computed(AnalysisRecord record) {
   NarrowTexts narrow;
   ScriptedQuestions questions;
-  subcalc steps(record, 0, narrow, questions);
+  const int noField = 0;
+  subcalc steps(record, noField, narrow, questions);
   steps.rechenlauf();
   return record;
 }
