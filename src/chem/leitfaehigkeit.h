@@ -20,7 +20,7 @@ inline constexpr double kSO4 = 80;
 }  // namespace lambda
 
 /// Share of the conductivity at infinite dilution that is left at conductivity κ in µS/cm at 25 °C:
-/// 0.894 at 420 µS/cm, 0.8 above 1399.
+/// 0.902 at 420 µS/cm, 0.8 above 1399.
 inline double conductivityFactor(double conductivity) {
   if (conductivity > 1399) return 0.8;
   return std::abs(1 - 0.000277 * conductivity + 0.000000105 * conductivity * conductivity);

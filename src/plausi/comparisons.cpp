@@ -1,6 +1,8 @@
 // The comparisons and what is said about each.
 #include "plausi/comparisons.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "chem/leitfaehigkeit.h"
@@ -184,8 +186,16 @@ QString unmeasuredIons(const Finding& found) {
   if (rest < 1) return {};
   const double salt = rest / conductivityFactor(*found.row.a) /
                       (2 * lambda::kNa + 2 * lambda::kSO4) * kSodiumSulphate;
+  QStringList absent;
+  for (const int ion : {feld::kCalcium, feld::kMagnesium, feld::kChlorid}) {
+    const bool completed = !found.inputs.remarkOn(ion).isEmpty();
+    if (!found.inputs.has(ion) && !completed) absent += fieldOf(ion).caption;
+  }
+  const QString typed =
+      absent.isEmpty() ? QString() : u" Nicht eingegeben: %1."_s.arg(absent.join(u", "_s));
   return u"Nicht gemessene Ionen (Natrium, Sulfat, Nitrat …) tragen %1 µS/cm; als Natriumsulfat "
-         "wären es %2 mg/l."_s.arg(shown(rest, Format::kWhole), shown(salt, Format::kWhole));
+         "wären es %2 mg/l.%3"_s.arg(shown(rest, Format::kWhole), shown(salt, Format::kWhole),
+                                     typed);
 }
 
 QString phNeedsConductivity(const Finding& found) {
@@ -343,6 +353,17 @@ std::vector<Rule> capacityRules() {
 
 // 6 hardness, 7 charges
 
+/// Whoever types the third of them loses another one: the program replaces what does not fit.
+QString needsAllOfHardness(const Finding& found) {
+  const auto isMeasured = [&](int field) { return found.inputs.has(field); };
+  if (std::ranges::all_of(std::array{feld::kGesamthärte, feld::kCalcium, feld::kMagnesium},
+                          isMeasured)) {
+    return {};
+  }
+  return u"Aus zweien von Gesamthärte, Calcium und Magnesium ergänzt das Programm den dritten "
+         "Wert; zu vergleichen sind sie nur, wenn eine Datei alle drei gemessen enthält."_s;
+}
+
 QString causeOfHardness(const Finding& found) {
   if (agrees(found)) return {};
   return u"Einer der drei Werte ist falsch umgerechnet (°d, mmol/l, mg/l) oder titriert. Metalle "
@@ -382,7 +403,7 @@ std::vector<Rule> hardnessRules() {
        kHärteCaMg,
        Fault::kEither,
        {feld::kGesamthärte, feld::kCalcium, feld::kMagnesium},
-       nullptr,
+       needsAllOfHardness,
        causeOfHardness},
       {6,
        u"Karbonathärte"_s,

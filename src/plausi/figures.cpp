@@ -132,10 +132,9 @@ void addHardness(const Inputs& inputs, const Run& run, Figures& figures) {
 void addCharges(const Inputs& inputs, Figures& figures) {
   const Maybe hardness = figures[Figure::kHärte];
   const Maybe ks43 = inputs[feld::kKs43];
-  const Maybe ph = inputs[feld::kPh];
   if (!hardness || !ks43) return;
-  const double hydrogen = ph ? 1000 * std::pow(10.0, -*ph) : 0;
-  figures.set(Figure::kKationen, 2 * *hardness / kDegreePerMmol + hydrogen);
+  // Ks4,3 is hydrogencarbonate, carbonate and hydroxide less hydrogen, which so counts already.
+  figures.set(Figure::kKationen, 2 * *hardness / kDegreePerMmol);
   figures.set(Figure::kAnionen, *ks43 + inputs[feld::kChlorid].value_or(0) / kChloride);
 }
 

@@ -19,6 +19,7 @@ struct VerdictText {
   Verdict verdict;
   QString word;
   QString symbol;
+  QString several = {};  ///< of more than one row, where that is another word
 };
 
 /// The symbols are in every text font: one from another font would change the height of its line.
@@ -26,8 +27,8 @@ const std::array<VerdictText, 5>& verdictTexts() {
   static const std::array kTexts{
       VerdictText{Verdict::kStimmig, u"stimmig"_s, u"="_s},
       VerdictText{Verdict::kPrüfen, u"prüfen"_s, u"!"_s},
-      VerdictText{Verdict::kWiderspruch, u"Widerspruch"_s, u"≠"_s},
-      VerdictText{Verdict::kHinweis, u"Hinweis"_s, u"i"_s},
+      VerdictText{Verdict::kWiderspruch, u"Widerspruch"_s, u"≠"_s, u"Widersprüche"_s},
+      VerdictText{Verdict::kHinweis, u"Hinweis"_s, u"i"_s, u"Hinweise"_s},
       VerdictText{Verdict::kNichtPrüfbar, u"nicht prüfbar"_s, u"–"_s},
   };
   return kTexts;
@@ -185,11 +186,11 @@ const Comparison* Plausibility::worst() const {
 
 QString Plausibility::summary() const {
   QStringList counts;
-  for (const auto& [verdict, word, symbol] : verdictTexts()) {
+  for (const auto& [verdict, word, symbol, several] : verdictTexts()) {
     const auto count = std::ranges::count(rows, verdict, &Comparison::verdict);
     if (count == 0) continue;
-    const bool several = verdict == Verdict::kHinweis && count > 1;
-    counts += QString::number(count) + u' ' + word + (several ? u"e"_s : QString());
+    const QString& plural = count > 1 && !several.isEmpty() ? several : word;
+    counts += QString::number(count) + u' ' + plural;
   }
   QString line = u"%1 (%2)"_s.arg(verdictWord(overall()), counts.join(u", "_s));
   if (overall() == Verdict::kNichtPrüfbar || overall() == Verdict::kStimmig) return line;

@@ -97,6 +97,7 @@ class PlausibilityTest : public QObject {
       conductivity low  | 1=10 2=10        | 2.2 | Widerspruch | Einheit
       3
       a rest            | 1=420 2=7.5 3=10 5=2.5 6=0.25 23=60 24=10 25=20 | 3.1 | stimmig | tragen 80 µS/cm; als Natriumsulfat wären es 48 mg/l
+      hardness alone    | 1=420 2=7.5 3=10 5=2.5 6=0.25 20=14 | 3.1 | stimmig | Nicht eingegeben: Calcium, Magnesium, Chlorid.
       too many ions     | 1=200 2=7.5 3=10 5=2.5 6=0.25 23=60 24=10 25=20 | 3.1 | Widerspruch | Einheit
       pH conducts more  | 1=10 2=10.5 | 3.2 | Widerspruch | leitet allein
       acid conducts     | 1=10 2=4    | 3.2 | Widerspruch |
@@ -117,7 +118,7 @@ class PlausibilityTest : public QObject {
       6
       agrees            | 20=10.8 23=60 24=10   | 6.1 | stimmig |
       contradicts       | 20=14 23=60 24=10     | 6.1 | Widerspruch | umgerechnet
-      one completed     | 20=10.6869 23=60 24=10 | 6.1 | nicht prüfbar | ergänzt, nicht gemessen
+      one completed         | 20=10.6869 23=60 24=10 | 6.1 | nicht prüfbar | wenn eine Datei alle drei
       softened | 2=7.5 3=10 5=2.5 6=0.25 20=0.1 | 6.2 | Hinweis | enthärtetes
       hard     | 2=7.5 3=10 5=2.5 6=0.25 20=14  | 6.2 | stimmig |
       7

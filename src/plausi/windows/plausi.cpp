@@ -69,6 +69,12 @@ void plausi::Command1_Click(int index) {
   });
 }
 
+/// An uncertainty that is still being typed is finished, as it is when its box is left.
+void plausi::done(int result) {
+  setFocus();
+  QDialog::done(result);
+}
+
 /// A failure to write is told; the running program goes on with what was entered.
 void plausi::keepUncertainties() {
   settings_.slot[setting::kUncertainties] = settingOf(Form1->uncertainties());

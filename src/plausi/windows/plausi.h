@@ -28,6 +28,8 @@ class plausi : public QDialog {
 
   void darstellen(const Plausibility& found);
 
+  void done(int result) override;
+
   /// The uncertainties are others now: the caller checks anew.
   std::function<void()> changed = [] {};
 

@@ -1,5 +1,6 @@
 #include "plausi/windows/uncertainty_form.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
 
@@ -81,11 +82,16 @@ UncertaintyForm::UncertaintyForm(const Uncertainties& uncertainties, Questions& 
     showParts();
     changed();
   });
-  auto* layout = new QGridLayout(this);
-  layout->addWidget(new ScrollingContent(rows), 1, 0, 1, 2);  // first for the keyboard, too
+  auto* content = new QWidget;
+  auto* layout = new QGridLayout(content);
+  layout->addWidget(rows, 1, 0, 1, 2);  // first for the keyboard, too
   layout->addWidget(explanation, 0, 0);
   layout->addWidget(Command1, 0, 1, Qt::AlignTop);
   layout->setColumnStretch(0, 1);
+  layout->setRowStretch(1, 1);
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->addWidget(new ScrollingContent(content));
 }
 
 void UncertaintyForm::addHeadings(QGridLayout& grid) {
