@@ -341,7 +341,7 @@ void main::showStatus() {
   const AnalysisRecord& record = program_.record;
   fieldStatus->showText(focusedBox_ == 0 ? QString() : rangeOfInput(focusedBox_));
   actionStatus->showText(ownAction_);
-  keptStatus->showText(keptSummary(record));
+  keptStatus->showText(keptSummary(record, program_.narrow));
   keptStatus->setToolTip(u"%1\n%2"_s.arg(keptStatus->text(), keptLine(record)).trimmed());
   const QString& name = program_.savedAs;
   const QString state = program_.unsaved ? u"nicht gespeichert"_s : u"gespeichert"_s;

@@ -147,10 +147,13 @@ QString keptSentence(const AnalysisRecord& record, int result) {
 
 QString originSentence(const AnalysisRecord& record, int result, Origin origin) {
   if (origin == Origin::kKept) return keptSentence(record, result);
+  const QStringList missing = missingInputs(record, result);
+  const bool isNoNumber = origin == Origin::kComputed && result == feld::kPhAusLf;  // "n.b."
+  if (isNoNumber && !missing.isEmpty())
+    return u"Nicht berechnet: "_s + missingSentence(missing) + '.'_L1;
   if (origin == Origin::kComputed) return fromWhat(record, result);
   QString ruledOut = ruledOutSentence(record, result);
   if (!ruledOut.isEmpty()) return ruledOut;
-  const QStringList missing = missingInputs(record, result);
   if (missing.isEmpty()) return u"Aus diesen Eingaben nicht zu berechnen."_s;
   return u"Leer: "_s + missingSentence(missing) + '.'_L1;
 }
@@ -264,14 +267,15 @@ QString keptLine(const AnalysisRecord& record) {
   return names.isEmpty() ? QString() : u"nicht neu berechnet: "_s + names.join(u", "_s);
 }
 
-QString keptSummary(const AnalysisRecord& record) {
+QString keptSummary(const AnalysisRecord& record, const NarrowTexts& narrow) {
   const std::vector<int> kept = keptFields(record);
-  if (kept.empty()) return {};
+  const auto count = kept.size() + (narrow.originOfLeitfähigkeit() == Origin::kKept ? 1 : 0) +
+                     (narrow.originOfNäherung() == Origin::kKept ? 1 : 0);
+  if (count == 0) return {};
   QStringList missing;
   for (const int index : kept) missing += missingInputs(record, index);
   missing.removeDuplicates();
-  QString said =
-      kept.size() == 1 ? u"1 altes Ergebnis"_s : u"%1 alte Ergebnisse"_s.arg(kept.size());
+  QString said = count == 1 ? u"1 altes Ergebnis"_s : u"%1 alte Ergebnisse"_s.arg(count);
   if (!missing.isEmpty()) said += u": "_s + missingSentence(missing);
   return said;
 }

@@ -34,9 +34,9 @@ std::vector<int> keptFields(const AnalysisRecord& record);
 /// Names them: "nicht neu berechnet: Hydrogencarbonat, Carbonat". Empty if there are none.
 QString keptLine(const AnalysisRecord& record);
 
-/// Counts them and tells what is missing: "2 alte Ergebnisse: es fehlt Kb8,2". Empty
-/// if there are none.
-QString keptSummary(const AnalysisRecord& record);
+/// Counts them and tells what is missing: "2 alte Ergebnisse: es fehlt Kb8,2", with the
+/// narrow displays where they are given. Empty if there are none.
+QString keptSummary(const AnalysisRecord& record, const NarrowTexts& narrow = {});
 
 /// What the program did by itself with the inputs between two states of the record: "Calcium und
 /// Magnesium gelöscht: Gesamthärte eingegeben". `index` is the field that was entered, with

@@ -231,7 +231,7 @@ class MainWindowTest : public QObject {
         uR"(
       all fresh        | 420⏎ 7,5⏎ 10⏎ 2.5⏎ ,25⏎ | | Gesamthärte: 0,05 bis 100 °d; ; ; nicht gespeichert
       Kb8,2 is missing | @2 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @6 ␣ ⏎ @5 3⏎ | K7 K11 K12 | Kb8,2: 0 bis 2,5 mmol/l; ; 3 alte Ergebnisse: es fehlt Kb8,2; nicht gespeichert
-      of an old entry  | 420⏎ 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @23 60⏎ @6 ␣ ⏎ | K7 K11 K12 K15 C20 K21 K22 C24 | Kb8,2: 0 bis 2,5 mmol/l; Magnesium ergänzt aus Calcium; 6 alte Ergebnisse: es fehlt Kb8,2; nicht gespeichert
+      of an old entry  | 420⏎ 7,5⏎ 10⏎ 2.5⏎ ,25⏎ @23 60⏎ @6 ␣ ⏎ | K7 K11 K12 K15 C20 K21 K22 C24 | Kb8,2: 0 bis 2,5 mmol/l; Magnesium ergänzt aus Calcium; 7 alte Ergebnisse: es fehlt Kb8,2; nicht gespeichert
       completed        | @20 8⏎ 40⏎ | C24 | Magnesium: 0,1 bis 420 mg/l; Magnesium ergänzt aus Gesamthärte und Calcium; ; nicht gespeichert
       pasted           | @20 V8¶40¶5 | C20 | Chlorid: 0,01 bis 500 mg/l; Gesamthärte neu aus Calcium und Magnesium; ; nicht gespeichert
       told once        | @20 8⏎ 40⏎ @26 1⏎ | C24 | Leitfähigkeit: 0,5 bis 5000 µS/cm; ; ; nicht gespeichert

@@ -19,6 +19,7 @@ class OriginTest : public QObject {
   void theProgramTellsWhatItDidAndWhatItShows_data() {
     const QString full = u"1=420 2=7,5 3=10 5=2,5 6=0,25 23=60 24=10"_s;
     addRows(QString(uR"(
+      no conductivity      | 2=9 | | | 10: Nicht berechnet: es fehlt Leitfähigkeit.
       below 8.2 without Kb8,2 | FULL 6= 5=3 | | 6 alte Ergebnisse: es fehlt Kb8,2 | 11: Nicht neu berechnet: es fehlt Kb8,2. Der Wert gehört zu früheren Eingaben.
       what follows from it | FULL 6= | | 6 alte Ergebnisse: es fehlt Kb8,2 | 15: Aus Hydrogencarbonat, das nicht neu berechnet ist: es fehlt Kb8,2. Der Wert gehört zu früheren Eingaben.
       of old ions          | FULL 6= 5=3 | | 6 alte Ergebnisse: es fehlt Kb8,2 | LF: Mit Hydrogencarbonat oder Carbonat, die nicht neu berechnet sind. Der Wert gehört zu früheren Eingaben.
