@@ -151,7 +151,7 @@ struct BasicMask {
     return 0;
   }
 
-  Answers questions = [this] {
+  Answers questions = [&] {
     if constexpr (std::is_default_constructible_v<Answers>)
       return Answers();
     else
