@@ -123,7 +123,8 @@ class Monkey : public QObject {
     if (window == nullptr) return;
     ++played_;
     const Program& program = *desktop_.program;
-    if (depth_ == 0 && !program.entryChanged) requireConsistent(program.record);
+    const bool between = depth_ == 0 && QApplication::activeModalWidget() == nullptr;
+    if (between && !program.entryChanged) requireConsistent(program.record);
     deepest_ = std::max(deepest_, ++depth_);
     const auto done = qScopeGuard([this] { --depth_; });
     require(depth_ <= kDeepest, "windows do not pile up");
@@ -150,8 +151,9 @@ class Monkey : public QObject {
     checkSettings(program);
   }
 
-  /// Between two events: while one is played, a message may stand in the middle of an entry. Nor
-  /// while one is typed: Space empties the field at once, and the run follows when it is left.
+  /// Between two events: while one is played, or a message is open that a finished entry asked for,
+  /// a check may stand in the middle. Nor while one is typed: Space empties the field at once, and
+  /// the run follows when it is left.
   static void requireConsistent(const AnalysisRecord& record) {
     requireOriginsOfResults(record);
     requireJudgedFromInputs(record);
