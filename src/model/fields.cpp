@@ -100,10 +100,13 @@ const Field& fieldOfRow(int row) {
   return row == 0 || found == fields().end() ? fieldOf(0) : *found;
 }
 
-QString spokenName(const Field& field) {
-  const QString symbol = field.shortLabel.trimmed();
+QString fullName(const Field& field) {
   const QString caption = field.caption.simplified();
-  const QString name = caption.endsWith(symbol) ? caption : caption + ' '_L1 + symbol;
+  return caption.endsWith(field.shortLabel) ? caption : caption + ' '_L1 + field.shortLabel;
+}
+
+QString spokenName(const Field& field) {
+  const QString name = fullName(field);
   return field.unit.isEmpty() ? name : name + u" in "_s + field.unit;
 }
 

@@ -92,6 +92,9 @@ const Field& fieldOf(int index);
 /// The row of the field that a row of the overview shows; an empty one for a row without a field.
 const Field& fieldOfRow(int row);
 
+/// A field's caption with its symbol.
+QString fullName(const Field& field);
+
 /// A field's name for those who hear the mask instead of seeing it.
 QString spokenName(const Field& field);
 

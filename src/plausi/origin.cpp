@@ -14,26 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field as it is called within a sentence.
-QString nameOf(int index) {
-  switch (index) {
-    case feld::kLeitfähigkeit:
-      return u"Leitfähigkeit"_s;
-    case feld::kPh:
-      return u"pH-Wert"_s;
-    case feld::kTemperatur:
-      return u"Temperatur"_s;
-    case feld::kKs82:
-    case feld::kKs43:
-    case feld::kKb82:
-      return fieldOf(index).shortLabel;
-    case feld::kPhAusKapazitäten:
-      return u"pH aus Ks-/Kb-Wert"_s;  // names are separated by commas
-    default:
-      return fieldOf(index).caption.simplified();
-  }
-}
-
 /// "Ca", "Ca und Mg", "Ca, Mg und Cl".
 QString enumeration(const QStringList& names) {
   if (names.size() < 2) return names.join(QString());
@@ -44,11 +24,6 @@ QString namesOf(const std::vector<int>& fields) {
   QStringList names;
   for (const int index : fields) names += nameOf(index);
   return enumeration(names);
-}
-
-QString missingSentence(const QStringList& missing) {
-  if (missing.isEmpty()) return {};
-  return (missing.size() == 1 ? u"es fehlt "_s : u"es fehlen "_s) + enumeration(missing);
 }
 
 /// Stands in a list of needs for the capacity that the pH admits.
@@ -199,6 +174,30 @@ QString rangeOf(const Field& field) {
 }
 
 }  // namespace
+
+QString nameOf(int index) {
+  switch (index) {
+    case feld::kLeitfähigkeit:
+      return u"Leitfähigkeit"_s;
+    case feld::kPh:
+      return u"pH-Wert"_s;
+    case feld::kTemperatur:
+      return u"Temperatur"_s;
+    case feld::kKs82:
+    case feld::kKs43:
+    case feld::kKb82:
+      return fieldOf(index).shortLabel;
+    case feld::kPhAusKapazitäten:
+      return u"pH aus Ks-/Kb-Wert"_s;  // names are separated by commas
+    default:
+      return fieldOf(index).caption.simplified();
+  }
+}
+
+QString missingSentence(const QStringList& missing) {
+  if (missing.isEmpty()) return {};
+  return (missing.size() == 1 ? u"es fehlt "_s : u"es fehlen "_s) + enumeration(missing);
+}
 
 QString describeInput(int index) {
   const Field& field = fieldOf(index);

@@ -10,6 +10,12 @@ namespace calvora {
 /// What the program says about where the values of a record come from. `index` is a field of the
 /// record, 0 to 40.
 
+/// A field as it is called within a sentence, as "pH-Wert" or "Ks4,3".
+QString nameOf(int index);
+
+/// "es fehlt Kb8,2", "es fehlen pH-Wert und Temperatur". Empty if nothing is missing.
+QString missingSentence(const QStringList& missing);
+
 /// Meaning, range and unit of an input, as "Temperatur des Mediums bei der pH-Messung: 1 bis 90
 /// °C". Empty for any other field.
 QString describeInput(int index);

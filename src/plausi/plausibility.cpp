@@ -6,6 +6,7 @@
 
 #include "model/fields.h"
 #include "plausi/comparisons.h"
+#include "plausi/origin.h"
 
 namespace calvora {
 
@@ -34,22 +35,6 @@ const std::array<VerdictText, 5>& verdictTexts() {
   return kTexts;
 }
 
-QString nameOf(int field) {
-  switch (field) {
-    case feld::kLeitfähigkeit:
-      return u"Leitfähigkeit"_s;
-    case feld::kTemperatur:
-      return u"Temperatur"_s;
-    case feld::kPh:
-    case feld::kKs82:
-    case feld::kKs43:
-    case feld::kKb82:
-      return fieldOf(field).shortLabel;
-    default:
-      return fieldOf(field).caption;
-  }
-}
-
 /// The field that a comparison lacks, 0 if it lacks none: a field itself, or what stands for it.
 int missingField(const Inputs& inputs, int needed) {
   const auto unlessTyped = [&](int field) { return inputs.has(field) ? 0 : field; };
@@ -68,7 +53,8 @@ int missingField(const Inputs& inputs, int needed) {
   }
 }
 
-/// "Es fehlen pH und Temperatur." with what stands beside a field that is there; empty for nothing.
+/// "Es fehlen pH-Wert und Temperatur." with what stands beside a field that is there; empty for
+/// nothing.
 QString missingNote(const Inputs& inputs, const std::vector<int>& needs) {
   QStringList names;
   for (const int needed : needs) {
@@ -80,10 +66,8 @@ QString missingNote(const Inputs& inputs, const std::vector<int>& needs) {
     if (!remark.isEmpty()) name += u" (%1)"_s.arg(remark);
     names += name;
   }
-  if (names.isEmpty()) return {};
-  if (names.size() == 1) return u"Es fehlt %1."_s.arg(names.front());
-  const QString last = names.takeLast();
-  return u"Es fehlen %1 und %2."_s.arg(names.join(u", "_s), last);
+  const QString sentence = missingSentence(names);
+  return names.isEmpty() ? sentence : u'E' + sentence.mid(1) + u'.';
 }
 
 /// Why this water cannot be compared; empty if it can.

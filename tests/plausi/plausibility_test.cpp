@@ -84,7 +84,7 @@ class PlausibilityTest : public QObject {
       other bases       | 2=9 3=20 4=0.9 5=2.4  | 1.3 | Widerspruch | Amine
       only simple is off | 2=9.7 3=55 4=0.9 5=2.4 1=420 25=15 | 1.1 | Widerspruch | über der zweiten
       caustic           | 2=10 3=25 4=0.9 5=2.4 | 1.2 | nicht prüfbar | nur bis pH 9,6
-      no pH             | 3=10 5=2.5 | 1.1 | nicht prüfbar | Es fehlen pH und Kb8,2 oder Ks8,2.
+      no pH             | 3=10 5=2.5 | 1.1 | nicht prüfbar | Es fehlen pH-Wert und Kb8,2 oder Ks8,2.
       no Kb8,2          | 2=7.5 3=10 5=2.5 | 1.3 | nicht prüfbar | Es fehlt Kb8,2.
       no temperature    | 2=9 4=0.1 5=2.5 | 1.1 | nicht prüfbar | Es fehlt Temperatur.
       2

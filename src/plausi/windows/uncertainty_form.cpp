@@ -25,12 +25,6 @@ QString textOf(double number) {
   return Decimal(number).fullText();
 }
 
-QString nameOf(int field) {
-  const QString caption = fieldOf(field).caption.simplified();
-  const QString& symbol = fieldOf(field).shortLabel;
-  return caption.endsWith(symbol) ? caption : caption + ' '_L1 + symbol;
-}
-
 QString unitOf(int field) {
   return field == feld::kPh ? u"pH"_s : fieldOf(field).unit;  // the mask adds when it was measured
 }
@@ -108,8 +102,8 @@ void UncertaintyForm::addHeadings(QGridLayout& grid) {
 
 void UncertaintyForm::addRow(QGridLayout& grid, int row) {
   const int field = uncertainties_[static_cast<size_t>(row)].field;
-  const QString name = u"Messunsicherheit %1, "_s.arg(nameOf(field));
-  grid.addWidget(makeText(nameOf(field)), row + 1, 0);
+  const QString name = u"Messunsicherheit %1, "_s.arg(fullName(fieldOf(field)));
+  grid.addWidget(makeText(fullName(fieldOf(field))), row + 1, 0);
   grid.addWidget(&addBox(Text1, field, name + u"absolut in "_s + unitOf(field)), row + 1, 1);
   grid.addWidget(makeText(unitOf(field)), row + 1, 2);
   grid.addWidget(&addBox(Text2, field, name + u"in Prozent des Werts"_s), row + 1, 3);
