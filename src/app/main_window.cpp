@@ -343,7 +343,7 @@ void main::showStatus() {
   actionStatus->showText(ownAction_);
   keptStatus->showText(keptSummary(record, program_.narrow));
   keptStatus->setToolTip(u"%1\n%2"_s.arg(keptStatus->text(), keptLine(record)).trimmed());
-  const QString& name = program_.savedAs;
+  const QString name = QFileInfo(program_.file.path).completeBaseName();
   const QString state = program_.unsaved ? u"nicht gespeichert"_s : u"gespeichert"_s;
   // The name comes last: it may be long, and give way.
   if (!name.isEmpty()) return fileStatus->showText(state + u": "_s + name);

@@ -11,17 +11,28 @@ namespace calvora {
 /// Value of the current field index while the main window's first activation is pending.
 inline constexpr int kFirstActivationPending = 99;
 
-/// What the windows share. Made once at program start and handed on by reference.
-struct Program {
+/// A file as this program read or wrote it last.
+struct KnownFile {
+  QString path;     ///< absolute; empty if there is no such file
+  QByteArray hash;  ///< of its content at that time, see `hashOf`
+
+  friend bool operator==(const KnownFile&, const KnownFile&) = default;
+};
+
+/// The analysis in the main window with all that belongs to it: what undo restores.
+struct Analysis {
   AnalysisRecord record;
-
   AnalysisHeader header;
+  NarrowTexts narrow;
+  bool dataPresent = false;  ///< set by the save command, cleared by reset and completed save
+  KnownFile file;            ///< that the analysis was read from or saved as
+  bool unsaved = false;      ///< the analysis has entries that this file does not hold
+};
 
+/// What the windows share. Made once at program start and handed on by reference.
+struct Program : Analysis {
   bool entryChanged = false;  ///< a character was typed into a box that was not left since
   int fieldIndex = 0;         ///< the field last left, or kFirstActivationPending
-  bool dataPresent = false;   ///< set by the save command, cleared by reset and completed save
-  QString savedAs;            ///< name of the file that the analysis was read from or saved as
-  bool unsaved = false;       ///< the analysis has entries that this file does not hold
   QString programFolder;
   Settings settings;
 
@@ -30,8 +41,6 @@ struct Program {
 
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
-
-  NarrowTexts narrow;
 
   /// Empties record, flags and header and forgets the entry in progress.
   void restart() {
@@ -47,7 +56,7 @@ struct Program {
     entryChanged = false;
     dataPresent = false;
     unsaved = false;
-    savedAs.clear();
+    file = {};
   }
 };
 

@@ -52,7 +52,9 @@ QByteArray analysisContent(const Program& program, const QString& name) {
 }
 
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset) {
+  KnownFile file{QFileInfo(path).absoluteFilePath(), {}};
   const bool complete = LineReader::readFile(path, [&](LineReader& reader) {
+    file.hash = reader.hash();
     reset();
     program.header.clear();  // no header of another analysis may stay beside this one
     readHeader(program.header, reader);
@@ -62,7 +64,7 @@ bool readAnalysis(Program& program, const QString& path, const std::function<voi
       program.record.text[field] = text;
     });
   });
-  if (complete) program.savedAs = QFileInfo(path).completeBaseName();
+  if (complete) program.file = file;
   return complete;
 }
 

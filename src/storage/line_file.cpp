@@ -1,5 +1,6 @@
 #include "storage/line_file.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -54,6 +55,10 @@ QString nameLine(const QString& title, const QString& extension) {
   QString name = title.trimmed();
   if (name.contains('.'_L1 + extension, Qt::CaseInsensitive)) name.chop(extension.size() + 1);
   return name;
+}
+
+QByteArray hashOf(const QByteArray& content) {
+  return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
 }
 
 bool isStorable(const QString& text) {

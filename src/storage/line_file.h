@@ -19,6 +19,9 @@ QString withExtension(const QString& path, const QString& extension);
 /// Name line of a file: its title without blanks at the ends and without the extension.
 QString nameLine(const QString& title, const QString& extension);
 
+/// The hash of a file's content.
+QByteArray hashOf(const QByteArray& content);
+
 /// Whether a text can be written to a file and read back as it is.
 bool isStorable(const QString& text);
 
@@ -55,6 +58,9 @@ class LineReader {
   /// Opens a file as `ofFile` does and lets `read` read it. False if a runtime error ended reading
   /// early; what was read up to there stays.
   static bool readFile(const QString& path, const std::function<void(LineReader&)>& read);
+
+  /// The hash of the whole content, by which a file that was changed is known.
+  [[nodiscard]] QByteArray hash() const { return hashOf(content_); }
 
   explicit LineReader(QByteArray content) : content_(std::move(content)) {}
 

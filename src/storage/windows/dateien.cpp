@@ -179,8 +179,9 @@ bool Dateien::mayReplace(const QString& path) {
 
 void Dateien::dateispeichern(const QString& path, const QString& title) {
   const QString name = nameLine(title, kAnalysisFile);
-  writeFileSafely(path, analysisContent(program_, name));
-  program_.savedAs = name;
+  const QByteArray content = analysisContent(program_, name);
+  writeFileSafely(path, content);
+  program_.file = {QFileInfo(path).absoluteFilePath(), hashOf(content)};
   program_.unsaved = false;
   program_.record.flag[flag::kNameLine] = name;
 }
