@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "base/safe_write.h"
 #include "model/fields.h"
 #include "storage/line_file.h"
 
@@ -66,6 +67,23 @@ bool readAnalysis(Program& program, const QString& path, const std::function<voi
   });
   if (complete) program.file = file;
   return complete;
+}
+
+void saveAnalysis(Program& program, const QString& path, const QString& title) {
+  const QString name = nameLine(title, kAnalysisFile);
+  const QByteArray content = analysisContent(program, name);
+  writeFileSafely(path, content);
+  program.file = {QFileInfo(path).absoluteFilePath(), hashOf(content)};
+  program.unsaved = false;
+  program.dataPresent = false;
+  program.record.flag[flag::kNameLine] = name;
+  program.record.flag[flag::kStatus].clear();
+}
+
+void saveToOwnFile(Program& program) {
+  const QString path = program.file.path;
+  if (path.isEmpty()) throw RuntimeError(ErrorNumber::kFileNotFound);
+  saveAnalysis(program, path, QFileInfo(path).fileName());
 }
 
 OverviewAnalysis readForOverview(const QString& path) {

@@ -61,6 +61,14 @@ QByteArray hashOf(const QByteArray& content) {
   return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
 }
 
+bool isUnchanged(const KnownFile& file) {
+  try {
+    return !file.path.isEmpty() && LineReader::ofFile(file.path).hash() == file.hash;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
 bool isStorable(const QString& text) {
   return text.size() < LineReader::kLongestLine / 2 &&
          LineWriter::quoted(fromWindows1252(toWindows1252(text))) == '"'_L1 + text + '"'_L1;

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "entry/fixed_point.h"
+#include "model/program.h"
 
 namespace calvora {
 
@@ -21,6 +22,10 @@ QString nameLine(const QString& title, const QString& extension);
 
 /// The hash of a file's content.
 QByteArray hashOf(const QByteArray& content);
+
+/// Whether a file is still there as it was read or written here. Never throws, and never waits for
+/// what is no regular file.
+bool isUnchanged(const KnownFile& file);
 
 /// Whether a text can be written to a file and read back as it is.
 bool isStorable(const QString& text);

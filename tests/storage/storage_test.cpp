@@ -247,6 +247,26 @@ class StorageTest : public QObject {
     QCOMPARE(LineReader::ofFile(u"/proc/self/status"_s).text().section(u':', 0, 0), u"Name"_s);
   }
 
+  void anAnalysisKnowsWhetherItsOwnFileWasChanged() {
+    put("own.cva", golden("full.cva"));
+    Program program;
+    QVERIFY(!isUnchanged(program.file));
+    QCOMPARE(errorOf([&] { saveToOwnFile(program); }), 53);
+    QVERIFY(readAnalysis(program, at("own.cva"), [&] { program.resetRecord(); }));
+    QVERIFY(isUnchanged(program.file));
+    program.header[kopf::kBemerkung] = u"neu"_s;
+    program.record.flag[flag::kStatus] = u"1"_s;
+    program.dataPresent = program.unsaved = true;
+    saveToOwnFile(program);
+    QVERIFY(!program.dataPresent && !program.unsaved && isUnchanged(program.file));
+    QCOMPARE(program.record.flag[flag::kStatus] + program.record.flag[flag::kNameLine], u"own"_s);
+    QVERIFY(bytesOf(at("own.cva")).contains("\"21.10.2026\"\r\n\"neu\"\r\n"));
+    put("own.cva", golden("full.cva"));
+    QVERIFY(!isUnchanged(program.file));
+    QVERIFY(QFile::remove(at("own.cva")) && mkfifo(qPrintable(at("own.cva")), 0600) == 0);
+    QVERIFY(!isUnchanged(program.file));
+  }
+
   void whatCannotBeOpenedLeavesTheAnalysisUntouched() {
     put("secret.cva", fileOf(kHeader + kOne + kEnd));
     QCOMPARE(chmod(qPrintable(at("secret.cva")), 0), 0);

@@ -23,7 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto kAnalysisFile = u"cva"_s;
 const auto kProjectFile = u"cvp"_s;
 
 /// Why a file was not written, in the user's words.
@@ -178,12 +177,7 @@ bool Dateien::mayReplace(const QString& path) {
 }
 
 void Dateien::dateispeichern(const QString& path, const QString& title) {
-  const QString name = nameLine(title, kAnalysisFile);
-  const QByteArray content = analysisContent(program_, name);
-  writeFileSafely(path, content);
-  program_.file = {QFileInfo(path).absoluteFilePath(), hashOf(content)};
-  program_.unsaved = false;
-  program_.record.flag[flag::kNameLine] = name;
+  saveAnalysis(program_, path, title);
 }
 
 void Dateien::projektspeichern(const QString& path, const QString& title) {
