@@ -1,7 +1,11 @@
 #include "base/safe_write.h"
 
-#include <QFileInfo>
-#include <QSaveFile>
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRandomGenerator>
 
 #include "base/runtime_error.h"
 
@@ -10,12 +14,16 @@
 #include <windows.h>
 #else
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #endif
 
 namespace calvora {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,6 +35,19 @@ bool syncFile(QFileDevice& file) {
 
 /// Renaming is journalled there; a folder cannot be flushed.
 void syncFolder(const QString&) {}
+
+bool replaceFile(const QString& from, const QString& to) {
+  const auto native = [](const QString& path) {  // also one longer than 260 characters
+    const QString name = QDir::toNativeSeparators(QDir::cleanPath(path));
+    return (name.startsWith("\\\\"_L1) ? name : u"\\\\?\\"_s + name).toStdWString();
+  };
+  return MoveFileExW(native(from).c_str(), native(to).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+void keepAccess(QFile& file, const QFileInfo& old) {
+  file.setPermissions(old.permissions());
+}
 
 #else
 
@@ -43,26 +64,87 @@ void syncFolder(const QString& path) {
   close(handle);
 }
 
+bool replaceFile(const QString& from, const QString& to) {
+  return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+/// Lets a new file be read and written by whom the old one is, as far as its writer may say so.
+/// Where it cannot have that one's group, its own may do what everybody may.
+void keepAccess(const QFile& file, const QFileInfo& old) {
+  struct stat status {};
+  if (stat(QFile::encodeName(old.filePath()).constData(), &status) != 0) return;
+  constexpr auto kSameOwner = static_cast<uid_t>(-1);
+  const bool grouped = fchown(file.handle(), status.st_uid, status.st_gid) == 0 ||
+                       fchown(file.handle(), kSameOwner, status.st_gid) == 0;
+  const mode_t mode = status.st_mode & 0777;
+  fchmod(file.handle(), grouped ? mode : (mode & 0707) | (mode & 07) << 3);
+}
+
 #endif
+
+/// What a path names at the end of its symbolic links; it need not exist.
+QFileInfo targetOf(const QString& path) {
+  constexpr int kMostLinks = 40;
+  QFileInfo target(path);
+  for (int links = 0; target.isSymbolicLink(); ++links) {
+    if (links == kMostLinks) throw RuntimeError(ErrorNumber::kPathAccess, path);
+    target.setFile(target.symLinkTarget());
+  }
+  return target;
+}
+
+/// How the temporaries for a file begin: short, however long its name is, and not to be taken for
+/// a copy that the user made of it.
+QString temporaryStem(const QFileInfo& target) {
+  const QByteArray name = target.fileName().toUtf8();
+  const QByteArray hash = QCryptographicHash::hash(name, QCryptographicHash::Sha256).toHex();
+  return u".calvora-"_s + QString::fromLatin1(hash.first(8)) + '-'_L1;
+}
+
+/// Writes an open file to the disk and closes it. Some file systems tell only then what they could
+/// not write.
+bool writeToDisk(QFile& file, const QByteArray& content) {
+  const bool written = file.write(content) == content.size() && syncFile(file);
+  file.close();
+  return written && file.error() == QFile::NoError;
+}
 
 }  // namespace
 
+void removeLeftovers(const QString& path, std::chrono::seconds age) {
+  const QFileInfo target = targetOf(path);
+  const QDateTime youngest = QDateTime::currentDateTime().addSecs(-age.count());
+  QDirIterator leftovers(target.absolutePath(), {temporaryStem(target) + u"????????"_s},
+                         QDir::Files | QDir::Hidden);
+  while (leftovers.hasNext()) {
+    const QFileInfo leftover(leftovers.next());
+    const bool old = age.count() == 0 || leftover.lastModified() < youngest;
+    if (old) QFile::remove(leftover.filePath());
+  }
+}
+
 void writeFileSafely(const QString& path, const QByteArray& content) {
-  QSaveFile file(path);
-  if (!file.open(QFile::WriteOnly)) {
-    throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
+  const QFileInfo target = targetOf(path);
+  const bool replaces = target.exists();
+  if (replaces && !(target.isFile() && target.isWritable())) {
+    throw RuntimeError(ErrorNumber::kPathAccess, path);
   }
-  // commit() alone does not notice a disk that fills up while the buffer is written: it would
-  // replace the old file by an empty one.
-  const bool written = file.write(content) == content.size() && file.flush() && syncFile(file);
-  if (!written) {
-    file.cancelWriting();
-    file.commit();
-    throw RuntimeError(ErrorNumber::kDiskFull, file.errorString());
+  removeLeftovers(path, std::chrono::hours(1));  // before writing: a full disk needs their room
+  const auto number = u"%1"_s.arg(QRandomGenerator::system()->generate(), 8, 16, '0'_L1);
+  QFile file(target.absolutePath() + '/'_L1 + temporaryStem(target) + number);
+  const QFile::OpenMode mode = QFile::WriteOnly | QFile::NewOnly | QFile::Unbuffered;
+  // What was not for everybody's eyes is not either while it is written.
+  const bool open =
+      replaces ? file.open(mode, QFile::ReadOwner | QFile::WriteOwner) : file.open(mode);
+  if (!open) throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
+  if (replaces) keepAccess(file, target);
+  const bool written = writeToDisk(file, content);
+  if (!written || !replaceFile(file.fileName(), target.absoluteFilePath())) {
+    QFile::remove(file.fileName());
+    throw RuntimeError(written ? ErrorNumber::kPathAccess : ErrorNumber::kDiskFull, path);
   }
-  if (!file.commit()) throw RuntimeError(ErrorNumber::kPathAccess, file.errorString());
   // The new file is there and whole, whatever becomes of its entry if the power fails now.
-  syncFolder(QFileInfo(path).absolutePath());
+  syncFolder(target.absolutePath());
 }
 
 }  // namespace calvora

@@ -90,7 +90,7 @@ QString LineWriter::quoted(const QString& text) {
   return '"'_L1 + onOneLine(text).replace('"'_L1, '\''_L1) + '"'_L1;
 }
 
-LineReader LineReader::ofFile(const QString& path) {
+QByteArray LineReader::contentOf(const QString& path) {
   const QFileInfo info(path);
   if (!info.exists()) throw RuntimeError(ErrorNumber::kFileNotFound, path);
   // Only a plain file has an end: opening a pipe could wait for ever.
@@ -104,7 +104,7 @@ LineReader LineReader::ofFile(const QString& path) {
   QByteArray content = file.read(expected + 1);
   if (content.size() > expected) content += file.read(kLargestFile - expected);
   if (file.error() != QFile::NoError) throw RuntimeError(ErrorNumber::kPathAccess, path);
-  return LineReader(content);
+  return content;
 }
 
 bool LineReader::readFile(const QString& path, const std::function<void(LineReader&)>& read) {

@@ -57,8 +57,12 @@ class LineReader {
   static constexpr qsizetype kLongestLine = qsizetype{64} * 1024;
   static constexpr qsizetype kLargestFile = qsizetype{4} * 1024 * 1024;
 
-  /// Opens and reads a file. Runtime error 53 if it does not exist, 75 if it cannot be read.
-  static LineReader ofFile(const QString& path);
+  /// The content of a regular file, or of a larger one what goes a byte beyond the limit. Runtime
+  /// error 53 if it does not exist, 75 if it cannot be read or is something else.
+  static QByteArray contentOf(const QString& path);
+
+  /// The reader of a file's content. Throws as `contentOf`.
+  static LineReader ofFile(const QString& path) { return LineReader(contentOf(path)); }
 
   /// Opens a file as `ofFile` does and lets `read` read it. False if a runtime error ended reading
   /// early; what was read up to there stays.

@@ -76,12 +76,10 @@ CompanyLines padded(const CompanyLines& lines, bool emptyToo) {
 void keepUnread(const QString& path) {
   if (!QFile::exists(path)) return;
   const auto contentOf = [](const QString& name) {
-    QFile file(name);
+    QByteArray content = LineReader::contentOf(name);
     // What is larger than any settings are would be kept in part only.
-    if (!file.open(QFile::ReadOnly) || file.size() > LineReader::kLargestFile) {
-      throw RuntimeError(ErrorNumber::kPathAccess, name);
-    }
-    return file.readAll();
+    if (content.size() < LineReader::kLargestFile) return content;
+    throw RuntimeError(ErrorNumber::kPathAccess, name);
   };
   const QByteArray content = contentOf(path);
   QString copy = path + u".alt"_s;

@@ -57,7 +57,8 @@ QStringList content(const QString& folder) {
   QStringList content;
   const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
   for (const QFileInfo& entry : QDir(folder).entryInfoList(all)) {
-    content += entry.fileName() + u": "_s + QString::fromLatin1(bytesOf(entry.filePath()));
+    const QByteArray bytes = entry.isFile() ? bytesOf(entry.filePath()) : "no file";
+    content += entry.fileName() + u": "_s + QString::fromLatin1(bytes);
   }
   return content;
 }
@@ -101,30 +102,100 @@ class FaultsTest : public QObject {
 
   void aFileThatCannotBeWrittenStaysAsItWas_data() {
     // File, bytes to write, room on the disk (-1: enough) => runtime error. A hundred bytes wait in
-    // a buffer until the end. Beside the long name there is room for no temporary one.
+    // a buffer until the end.
     rows<QString>(
         "old.cva 100 64=>61 | old.cva 100000 99999=>61 | new.cva 100 64=>61 | "
         "old.cva/a.cva 100 -1=>75 | folder 100 -1=>75 | read_only.cva 100 -1=>75 | "
-        "long 100 -1=>75");
+        "fifo 100 -1=>75 | to_fifo 100 -1=>75 | loop 100 -1=>75 | /dev/null 100 -1=>75");
   }
   void aFileThatCannotBeWrittenStaysAsItWas() {
     QFETCH(QString, given);
     const QTemporaryDir folder;
     QCOMPARE(chmod(qPrintable(folder.path()), 0777), 0);  // also for the ordinary user
     QVERIFY(QDir(folder.path()).mkdir(u"folder"_s));
-    const QString longName(250, 'l'_L1);
-    for (const QString& name : {u"old.cva"_s, u"read_only.cva"_s, longName}) {
+    QCOMPARE(mkfifo(qPrintable(folder.filePath(u"fifo"_s)), 0666), 0);
+    for (const QString& name : {u"fifo"_s, u"loop"_s}) {
+      const QString link = name == "loop"_L1 ? name : u"to_"_s + name;
+      QVERIFY(QFile::link(folder.filePath(name), folder.filePath(link)));
+    }
+    for (const QString& name : {u"old.cva"_s, u"read_only.cva"_s}) {
       put(folder.filePath(name), "old");
       chmod(qPrintable(folder.filePath(name)), name.startsWith("read"_L1) ? 0444 : 0666);
     }
-    const QStringList words = given.replace(u"long"_s, longName).split(' '_L1);
+    const QStringList words = given.split(' '_L1);
     const QStringList before = content(folder.path());
     const auto room = static_cast<rlim_t>(words.at(2).toLongLong());
     const int error = errorWithRoom(room, [&] {
-      writeFileSafely(folder.filePath(words.at(0)), QByteArray(words.at(1).toInt(), 'n'));
+      writeFileSafely(QDir(folder.path()).filePath(words.at(0)),
+                      QByteArray(words.at(1).toInt(), 'n'));
     });
     QTEST(QString::number(error), "expected");
     QCOMPARE(content(folder.path()), before);
+  }
+
+  void aFileThatIsReplacedStaysWhatItWas() {
+    const QTemporaryDir folder;
+    const auto at = [&](const QString& name) { return folder.filePath(name); };
+    const QString longName(255, 'l'_L1);
+    umask(022);
+    put(at(longName), "old");
+    for (const QString& target : {longName, u"dangling"_s}) {
+      QVERIFY(QFile::link(target, at(u"link_"_s + target.left(8))));
+    }
+    chmod(qPrintable(folder.path()), 0777);  // also for the ordinary user
+    // File, mode, and whether it belongs to a group that the writer cannot pass on: the writer's
+    // own group may then do what everybody may.
+    for (const auto& [name, mode, foreign] :
+         {std::tuple{longName, 0640U, false}, std::tuple{u"link_llllllll"_s, 0666U, false},
+          std::tuple{longName, 0664U, true}, std::tuple{u"link_dangling"_s, 0644U, false}}) {
+      struct stat before {};
+      struct stat after {};
+      if (stat(qPrintable(at(name)), &before) == 0) chmod(qPrintable(at(name)), mode);
+      const bool changed = foreign && chown(qPrintable(at(name)), 65534, 12345) == 0;
+      const auto write = [&] { return errorOf([&] { writeFileSafely(at(name), "new"); }); };
+      QCOMPARE(foreign ? asOrdinaryUser(write) : write(), 0);
+      QCOMPARE(bytesOf(at(name)), "new");
+      QCOMPARE(QFileInfo(at(name)).isSymLink(), name.startsWith("link"_L1));
+      QCOMPARE(stat(qPrintable(at(name)), &after), 0);
+      QCOMPARE(after.st_mode & 0777, changed ? 0644U : mode);
+    }
+    QCOMPARE(content(folder.path()).size(), 4);
+  }
+
+  void leftoversOfKilledWritesAreRemovedOnceTheyAreOld() {
+    const QTemporaryDir folder;
+    const Work work(u"cva"_s, folder.path(), 0);
+    const auto leftovers = [&] {
+      return QDir(folder.path()).entryList({u".calvora-*"_s}, QDir::Files | QDir::Hidden);
+    };
+    for (int tries = 0; leftovers().isEmpty() && tries < 200; ++tries) {
+      const pid_t child = startChild([&] {
+        for (;;) work.write();
+        return 0;
+      });
+      usleep(5000);
+      kill(child, SIGKILL);
+      waitpid(child, nullptr, 0);
+    }
+    const QStringList own = leftovers();
+    QVERIFY(!own.isEmpty());
+    const QString foreign = u".calvora-00000000-00000000"_s;
+    put(folder.filePath(foreign), "of another file");
+    put(folder.filePath(u"old.cva.Backup"_s), "the user's");
+    const auto age = [&](const QString& name, qint64 seconds) {
+      QFile file(folder.filePath(name));
+      QVERIFY(file.open(QFile::ReadWrite));
+      file.setFileTime(QDateTime::currentDateTime().addSecs(-seconds), QFile::FileModificationTime);
+    };
+    for (const auto& [seconds, left] : {std::pair{3500, own.size() + 1}, std::pair{3700, 1LL}}) {
+      for (const QString& name : leftovers()) age(name, seconds);
+      work.write();
+      QCOMPARE(leftovers().size(), left);
+    }
+    put(folder.filePath(own[0]), "young");
+    removeLeftovers(work.path, std::chrono::seconds(0));
+    QCOMPARE(leftovers(), QStringList{foreign});
+    QCOMPARE(content(folder.path()).size(), 3);
   }
 
   void aKilledProcessLeavesACompleteFile_data() { rows<QString>(kOperations); }

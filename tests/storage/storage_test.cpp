@@ -345,10 +345,18 @@ class StorageTest : public QObject {
     QCOMPARE(bytesOf(at("cvra.ini.alt2")), QByteArray("x,\"y\""));
     readSettings(settings, folder_->path());
     QCOMPARE(settings.slot[setting::kDataFolder], u"D:\\neu"_s);
-    // A folder in its place can neither be read nor replaced.
-    QVERIFY(QFile::remove(at("cvra.ini")) && QDir(folder_->path()).mkdir(u"cvra.ini"_s));
-    readSettings(settings, folder_->path());
-    QCOMPARE(errorOf([&] { writeSettings(settings, folder_->path()); }), 75);
+    // What is no regular file can neither be read nor replaced, and nothing waits for its end.
+    const auto cannotBeReplaced = [&](bool made) {
+      QVERIFY(made);
+      readSettings(settings, folder_->path());
+      QCOMPARE(errorOf([&] { writeSettings(settings, folder_->path()); }), 75);
+    };
+    const QByteArray encoded = QFile::encodeName(at("cvra.ini"));
+    const char* path = encoded.constData();
+    QVERIFY(QFile::remove(at("cvra.ini")));
+    cannotBeReplaced(mkdir(path, 0700) == 0);
+    cannotBeReplaced(rmdir(path) == 0 && mkfifo(path, 0600) == 0);
+    cannotBeReplaced(unlink(path) == 0 && symlink("/dev/zero", path) == 0);
   }
 
   /// Four lines, or how many x they have => stored segments; preview; length of both.
