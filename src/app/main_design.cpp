@@ -74,7 +74,9 @@ void main::buildMenus() {
                        const QString& keys = {}) {
     QAction* action = menu->addAction(caption);
     action->setShortcut(QKeySequence(keys));
-    connect(action, &QAction::triggered, this, command(location, handler));
+    const bool replaces = handler == &main::mnu_load_Click || handler == &main::mnu_neustart_Click;
+    const QString step = replaces ? QString(caption).remove('&'_L1) : u"Kopfdaten"_s;
+    connect(action, &QAction::triggered, this, command(location, handler, step));
     return action;
   };
   menu = menuBar()->addMenu(u"  &Menue"_s);
@@ -96,8 +98,36 @@ void main::buildMenus() {
   mnu2_handbuch =
       add(u"&Handbuch einsehen"_s, u" main_handbuch"_s, &main::mnu2_handbuch_Click, u"F1"_s);
   mnu_version = add(u"&Version"_s, u" main_version"_s, &main::mnu_version_Click);
-  updateManual();
   connect(menu, &QMenu::aboutToShow, this, &main::updateManual);
+  updateManual();
+
+  menu = menuBar()->addMenu(u"&Bearbeiten"_s);
+  // These two do not finish the entry that is going on: they take it back.
+  const auto addUndo = [&](const QString& keys, void (main::*handler)()) {
+    auto* action = new QAction(menu);
+    menu->addAction(action);
+    action->setShortcuts(QKeySequence::listFromString(keys));
+    connect(action, &QAction::triggered, this,
+            [this, handler] { guarded(questions_, u" main_undo"_s, [&] { (this->*handler)(); }); });
+    return action;
+  };
+  mnu3_undo = addUndo(u"Ctrl+Z"_s, &main::mnu3_undo_Click);
+  mnu3_redo = addUndo(u"Ctrl+Y; Ctrl+Shift+Z"_s, &main::mnu3_redo_Click);
+  connect(&history_.stack, &QUndoStack::indexChanged, this, &main::nameUndo);
+  nameUndo();
+  menu->addSeparator();
+  mnu3_save = add(u"S&peichern"_s, u" main_save"_s, &main::mnu3_save_Click, u"Ctrl+Shift+S"_s);
+}
+
+/// The menu says what would be undone, and what would be done again.
+void main::nameUndo() {
+  const QUndoStack& stack = history_.stack;
+  const auto name = [](QAction& action, const QString& caption, const QString& step) {
+    action.setText(step.isEmpty() ? caption : caption + u": "_s + step);
+    action.setEnabled(!step.isEmpty());
+  };
+  name(*mnu3_undo, u"&Rückgängig"_s, stack.undoText());
+  name(*mnu3_redo, u"&Wiederholen"_s, stack.redoText());
 }
 
 void main::buildMask() {
@@ -232,7 +262,10 @@ void main::connectBox(int index) {
   box.accepts = std::bind_front(&main::acceptsPasted, this, index);
   box.keyPress = [this](int& code) { Text1_KeyPress(code); };
   connect(&box, &TextBox::keyDown, this, [this, index](int code) { Text1_KeyDown(index, code); });
-  connect(&box, &TextBox::edited, this, [this] { program_.entryChanged = true; });
+  connect(&box, &TextBox::edited, this, [this, index] {
+    const TextBox& edited = Text1(index);  // all typing undone is no entry
+    program_.entryChanged = edited.isUndoAvailable() || !history_.holds(index, edited.text());
+  });
   connect(&box, &TextBox::beforeKey, this, [this, index](bool edits) {
     finishLeftBoxes();
     if (edits && index == feld::kLeitfähigkeit && convertedShown_) {

@@ -77,6 +77,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
   buildMenus();
   buildMask();
   Form_Load();
+  history_.restored = [this](const QString& what, int field) { restored(what, field); };
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { focusMoved(now); });
 }
@@ -159,12 +160,15 @@ void main::finishEntry() {
   finishLeftBoxes();
 }
 
-std::function<void()> main::command(const QString& location, void (main::*handler)()) {
-  return [this, location, handler] {
+std::function<void()> main::command(const QString& location, void (main::*handler)(),
+                                    const QString& step) {
+  return [this, location, handler, step] {
     guarded(questions_, location, [&] {
       finishEntry();
+      history_.begin();
       (this->*handler)();
     });
+    history_.note(step);
     showStatus();
   };
 }
@@ -196,6 +200,7 @@ void main::Text1_LostFocus(int index) {
 
 bool main::takeOver(int index, const QString& text) {
   ownAction_.clear();
+  const auto noted = qScopeGuard([&] { history_.note(nameOf(index), index); });
   return enterText(index, text);
 }
 
@@ -208,6 +213,7 @@ bool main::enterText(int index, const QString& text) {
     if (!action.isEmpty()) ownAction_ = action;
     showStatus();
   });
+  history_.begin();
   program_.record.flag[flag::kStatus] = u"1"_s;
   program_.unsaved = true;
   int status = 0;
@@ -260,6 +266,7 @@ void main::fillFrom(int index, const QStringList& numbers) {
   if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
     ownAction_.clear();
+    const auto noted = qScopeGuard([&] { history_.note(u"eingefügte Werte"_s, index); });
     int box = index;
     int focusBack = 0;
     for (const QString& number : numbers) {
@@ -271,6 +278,32 @@ void main::fillFrom(int index, const QStringList& numbers) {
     if (focusBack == 0) return moveFocus(program_.fieldIndex, +1);
     Text1(focusBack).setFocus(Qt::OtherFocusReason);
   });
+}
+
+// ---- Undo and redo ----
+
+/// An entry that is still going on comes first: what was typed, then the entry itself.
+void main::mnu3_undo_Click() {
+  finishLeftBoxes();
+  if (!program_.entryChanged) return history_.stack.undo();
+  if (focusedBox_ != 0 && Text1(focusedBox_).undoTyping()) return;
+  history_.abandonEntry();
+  darstellen();
+}
+
+void main::mnu3_redo_Click() {
+  finishLeftBoxes();
+  if (!program_.entryChanged) return history_.stack.redo();
+  if (focusedBox_ != 0) Text1(focusedBox_).redoTyping();
+}
+
+/// Shows the analysis that undo or redo brought back, and goes to the field that was entered.
+void main::restored(const QString& what, int field) {
+  subcalc_.konst_k();  // as for an analysis that was loaded
+  darstellen();
+  ownAction_ = what;
+  if (field != 0 && !isLocked(field)) Text1(field).setFocus(Qt::OtherFocusReason);
+  showStatus();
 }
 
 int main::boxIndex(const QWidget* control) const {
@@ -458,9 +491,11 @@ QString main::datensich() {
   return answer == Button::kNein ? QString() : kAbbruch;
 }
 
+/// What is changed in the header is a step of its own, whatever command it belongs to.
 void main::showSaveWindow() {
   Dateien window(Dateien::Mode::kSaveAnalysis, program_, questions_, desktop_, this);
   window.exec();
+  history_.note(u"Kopfdaten"_s);
 }
 
 void main::mnu_load_Click() {
@@ -486,6 +521,11 @@ void main::mnu_save_Click() {
   } else {
     datenpfad::message(questions_, meldung::kNichtsZuSpeichern);
   }
+}
+
+/// Without a word where nothing can get lost, else with the window.
+void main::mnu3_save_Click() {
+  mnu_save_Click();
 }
 
 void main::mnu_drucken_Click() {

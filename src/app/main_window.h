@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "app/history.h"
 #include "chem/subcalc.h"
 #include "model/program.h"
 #include "platform/control_array.h"
@@ -66,6 +67,9 @@ class main : public QMainWindow {
   /// command.
   void finishEntry();
 
+  /// What can be undone.
+  [[nodiscard]] History& history() { return history_; }
+
   ControlArray<TextBox> Text1;
   ControlArray<QLabel> Label5;
   ControlArray<QLabel> Label6;
@@ -100,6 +104,9 @@ class main : public QMainWindow {
   QAction* mnu2_ana;
   QAction* mnu2_handbuch;
   QAction* mnu_version;
+  QAction* mnu3_undo;
+  QAction* mnu3_redo;
+  QAction* mnu3_save;
 
  protected:
   bool event(QEvent* event) override;
@@ -126,11 +133,15 @@ class main : public QMainWindow {
   void mnu2_ana_Click();
   void mnu2_handbuch_Click();
   void mnu_version_Click();
+  void mnu3_undo_Click();
+  void mnu3_redo_Click();
+  void mnu3_save_Click();
   void Image1_Click();
 
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
   void finishLeftBoxes();
+  void restored(const QString& what, int field);
   void showSaveWindow();
   void showOver(QDialog& window, int index);
   void moveFocus(int index, int step);
@@ -155,6 +166,7 @@ class main : public QMainWindow {
 
   // The window's design (main_design.cpp).
   void buildMenus();
+  void nameUndo();
   void buildMask();
   QWidget* buildInputs();
   QWidget* buildResults();
@@ -165,14 +177,16 @@ class main : public QMainWindow {
   void addInputRow(QGridLayout& grid, int row, const Field& field);
   void addResultRow(QGridLayout& grid, int row, const Field& field);
   void connectBox(int index);
-  /// What a command does: what was typed is finished first, and a fault is reported with the
-  /// command's location text.
-  [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)());
+  /// What a command does: what was typed is finished first, a fault is reported with the command's
+  /// location text, and what it changed can be undone under the name `step`.
+  [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)(),
+                                              const QString& step = QStringLiteral("Kopfdaten"));
 
   Program& program_;
   Questions& questions_;
   Desktop& desktop_;
   subcalc subcalc_;
+  History history_{program_};
   QPointer<analysen> overview_;  ///< empty while it is closed
   QPointer<plausi> check_;       ///< empty while it is closed
   Plausibility plausibility_;    ///< of the record as the mask shows it, unless a check is due

@@ -82,6 +82,8 @@ struct NarrowTexts {
   bool leitfähigkeitComputed = false;
   bool näherungComputed = false;
 
+  friend bool operator==(const NarrowTexts&, const NarrowTexts&) = default;
+
   [[nodiscard]] Origin originOfLeitfähigkeit() const;
   [[nodiscard]] Origin originOfNäherung() const;
 };

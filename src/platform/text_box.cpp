@@ -45,6 +45,16 @@ int keyCode(const QKeyEvent& event) {
   return kCodes.value(event.key());
 }
 
+bool isUndo(const QKeyEvent& event) {
+  return event.matches(QKeySequence::Undo);
+}
+
+/// The toolkit knows only one of both on each system.
+bool isRedo(const QKeyEvent& event) {
+  const bool ctrlY = event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
+  return ctrlY || event.matches(QKeySequence::Redo);
+}
+
 bool isEditingKey(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll)) return false;
   if (event.matches(QKeySequence::Paste)) return true;  // Shift+Insert has no text
@@ -72,11 +82,37 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
 }
 
 void TextBox::showText(const QString& text) {
-  if (text == this->text()) return;
+  if (text == this->text() && !isUndoAvailable() && !isRedoAvailable()) return;
   const QScopedValueRollback unfiltered(unfiltered_, true);
-  setText(text);
+  setText(text);  // also forgets what was typed
   known_ = text;
   if (window()->focusWidget() == this) selectAll();
+}
+
+bool TextBox::undoTyping() {
+  if (!isUndoAvailable()) return false;
+  const QScopedValueRollback unfiltered(unfiltered_, true);
+  undo();
+  return true;
+}
+
+bool TextBox::redoTyping() {
+  if (!isRedoAvailable()) return false;
+  const QScopedValueRollback unfiltered(unfiltered_, true);
+  redo();
+  return true;
+}
+
+/// Where nothing was typed, undo and redo are commands of the window.
+bool TextBox::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (isUndo(key) || isRedo(key)) {
+      event->setAccepted(isUndo(key) ? isUndoAvailable() : isRedoAvailable());
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
 }
 
 void TextBox::focusInEvent(QFocusEvent* event) {
@@ -115,6 +151,10 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (typesSharpS(*this, *event)) return;
+  if (isUndo(*event) || isRedo(*event)) {
+    isUndo(*event) ? undoTyping() : redoTyping();
+    return;
+  }
   emit beforeKey(isEditingKey(*event));
   event->accept();
   if (window()->focusWidget() != this)

@@ -17,6 +17,11 @@ class TextBox : public QLineEdit {
   /// the focus it is selected, so that what is typed next replaces it.
   void showText(const QString& text);
 
+  /// Takes back, or brings back, what was typed since the text was shown. False if there is
+  /// nothing.
+  bool undoTyping();
+  bool redoTyping();
+
   /// Every typed character; one that is set to 0 is swallowed.
   std::function<void(int& code)> keyPress = [](int&) {};
   /// What is left of a text that comes in otherwise: pasted, dropped or composed.
@@ -38,6 +43,7 @@ class TextBox : public QLineEdit {
   void edited();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;

@@ -14,11 +14,11 @@ class MainWindowTest : public QObject {
   Q_OBJECT
 
  private slots:
-  // ⏎ ↓ ↑ ⇥ ␣ ⌫ are keys, and so is every other character; @5 clicks into box 5 and D5 doubly, V
-  // pastes, C composes, T5: drops on box 5 (¶ a line end, → a tab), K clicks the toggle. No event
-  // loop runs within a step. Then the message that comes; what boxes and L displays show; K, what
-  // box 1, the toggle and the unit show; the box with the focus (@), locked ones (#), and ! where
-  // the entry is going on.
+  // ⏎ ↓ ↑ ⇥ ␣ ⌫, ⟲ undo and ⟳ redo are keys, and so is every other character; @5 clicks into box 5
+  // and D5 doubly, V pastes, C composes, T5: drops on box 5 (¶ a line end, → a tab), K clicks the
+  // toggle. No event loop runs within a step. Then the message that comes; what boxes and L
+  // displays show; K, what box 1, the toggle and the unit show; the box with the focus (@), locked
+  // ones (#), and ! where the entry is going on.
   void entriesGoTheirWay_data() {
     addRows(
         uR"(
@@ -77,6 +77,20 @@ class MainWindowTest : public QObject {
       left as converted    | 1000⏎ @3 15⏎ @1 K ⏎ K |    | 1=1000,0000
       typed over converted | 1000⏎ @3 15⏎ @1 K @1 500 | | K500;bei_15,0000_°C_?;25_°C @1 !
       it counts at 25 °C   | 1000⏎ @3 15⏎ @1 K @1 500⏎ || 1=500,0000 @2
+
+      undone               | 420⏎ 7,5⏎ ⟲         |        | 1=420,0000 2= L10=n.b. @2
+      what was deleted     | @2 9⏎ @4 0,4⏎ @2 7,5⏎ ⟲ |    | 2=9,0000 4=0,4000 #6 @2
+      what was completed   | @20 8⏎ 40⏎ ⟲        |        | 20=8,0 23= 24= @23
+      what was rejected    | @3 10⏎ @3 91⏎ ⟲     | 3 1-90 °C | 3=10,0000 @3
+      done again           | 420⏎ 7,5⏎ ⟲⟲⟳⟳      |        | 1=420,0000 2=7,5000 #4 @2
+      and gone on          | 420⏎ 7⏎ ⟲ 8⏎ ⟳ ⟲⟲   |        | 1= 2= @1
+      a pasted column      | @20 V20¶60¶¶ @20 V20¶60¶ ⟲ | | 20= 23= 24= @20
+      typing first         | 420⏎ @1 99⟲         |        | 1=420,0000 @1
+      then the entry       | 420⏎ @1 99⟲⟲        |        | 1= @1
+      typed again          | 420⏎ @1 99⟲⟳⏎       |        | 1=99,0000 @2
+      an emptied field     | 420⏎ @1 ␣⟲          |        | 1=420,0000 @1
+      emptied and typed    | 420⏎ @1 ␣5⟲⟲        |        | 1=420,0000 @1
+      more than there is   | 420⏎ ⟲⟲⟲⟳⟳⟳         |        | 1=420,0000 @1
     )"_s);
   }
   void entriesGoTheirWay() {
@@ -224,6 +238,48 @@ class MainWindowTest : public QObject {
     QCOMPARE(mask.desktop.ended, 1);
   }
 
+  // What stands in a file is saved, whichever way it came back, until the file holds something
+  // else.
+  void undoKnowsWhatIsSavedAndBringsBackWholeAnalyses() {
+    Mask mask;
+    mask.desktop.file = mask.folder.filePath(u"probe"_s);
+    const auto save = [&](const QString& project) {
+      onNextModal<Dateien>(this, [=](Dateien& window) {
+        window.Text1->setText(project);
+        window.Command1->click();
+      });
+      if (QFile::exists(mask.desktop.file + u".cva"_s))
+        mask.questions.expect(says(u"file-replace probe.cva"_s), Button::kJa);
+      mask.press(Qt::Key_S, Qt::ControlModifier);
+      mask.activate();
+    };
+    const auto press = [&](Qt::Key key, const QString& state, const QString& project = {}) {
+      mask.press(key, Qt::ControlModifier);
+      const AnalysisRecord& record = mask.program.record;
+      QCOMPARE(mask.window.fileStatus->text(), state);
+      QCOMPARE(record.flag[flag::kStatus] == "1"_L1, state.startsWith(u"nicht"_s));
+      QCOMPARE(mask.program.header[kopf::kProjekt], project);
+    };
+    const QString saved = u"gespeichert: probe"_s;
+    const QString unsaved = u"nicht gespeichert: probe"_s;
+    mask.enter(1, u"420"_s);
+    save(u"P"_s);
+    mask.enter(3, u"10"_s);
+    press(Qt::Key_Z, saved, u"P"_s);
+    press(Qt::Key_Y, unsaved, u"P"_s);
+    save(u"P"_s);
+    press(Qt::Key_Z, unsaved, u"P"_s);
+    press(Qt::Key_Y, saved, u"P"_s);
+    press(Qt::Key_N, {});
+    press(Qt::Key_Z, saved, u"P"_s);
+    QCOMPARE(mask.window.mnu3_undo->text(), u"&Rückgängig: Temperatur"_s);
+    press(Qt::Key_Z, unsaved, u"P"_s);
+    press(Qt::Key_Z, u"nicht gespeichert"_s);
+    press(Qt::Key_Z, {});
+    QCOMPARE(mask.program.record, AnalysisRecord{});
+    QVERIFY(!mask.window.mnu3_undo->isEnabled());
+  }
+
   // Name, steps as above, then what the fields look like (K11 a kept result 11, C20 a completed
   // input, an unnamed one is fresh), and the status bar: field, action, kept results, file.
   void theMaskShowsWhereItsValuesComeFrom_data() {
@@ -318,7 +374,7 @@ class MainWindowTest : public QObject {
     mask.press(Qt::Key_F1);
     QCOMPARE(mask.desktop.opened, QStringList{});
     put(manual, {});
-    QMetaObject::invokeMethod(mask.window.menuBar()->actions().last()->menu(), "aboutToShow");
+    QMetaObject::invokeMethod(mask.window.menuBar()->actions().at(1)->menu(), "aboutToShow");
     mask.press(Qt::Key_F1);
     QCOMPARE(mask.desktop.opened, QStringList{manual});
   }
@@ -375,7 +431,9 @@ class MainWindowTest : public QObject {
     static const QHash<QChar, Qt::Key> kKeys{{u'⏎', Qt::Key_Enter}, {u'↓', Qt::Key_Down},
                                              {u'↑', Qt::Key_Up},    {u'⇥', Qt::Key_Tab},
                                              {u'␣', Qt::Key_Space}, {u'⌫', Qt::Key_Backspace}};
-    if (kKeys.contains(c)) {
+    if (c == u'⟲' || c == u'⟳') {
+      QTest::keyClick(focus, c == u'⟲' ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
+    } else if (kKeys.contains(c)) {
       QTest::keyClick(focus, kKeys[c], c == u'⏎' ? Qt::KeypadModifier : Qt::NoModifier);
     } else {
       QTest::sendKeyEvent(QTest::Click, focus, Qt::Key_0, QString(c), Qt::KeypadModifier);
