@@ -21,6 +21,7 @@
 #include "plausi/origin.h"
 #include "plausi/windows/plausi.h"
 #include "print/windows/drucker.h"
+#include "storage/line_file.h"
 #include "storage/windows/dateien.h"
 #include "storage/windows/datenpfad.h"
 #include "storage/windows/firma.h"
@@ -523,9 +524,14 @@ void main::mnu_save_Click() {
   }
 }
 
-/// Without a word where nothing can get lost, else with the window.
+/// Without a word where nothing can get lost, else with the window, which also says what failed.
 void main::mnu3_save_Click() {
-  mnu_save_Click();
+  if (!isUnchanged(program_.file)) return mnu_save_Click();
+  try {
+    saveToOwnFile(program_);
+  } catch (const RuntimeError&) {
+    mnu_save_Click();
+  }
 }
 
 void main::mnu_drucken_Click() {
