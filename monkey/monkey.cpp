@@ -29,6 +29,7 @@
 #include "dialogs/windows/dialog_questions.h"
 #include "monkey_desktop.h"
 #include "platform/look.h"
+#include "step_keeper.h"
 #include "storage/settings.h"
 #include "support/consistency.h"
 #include "support/files.h"
@@ -51,9 +52,9 @@ constexpr Qt::Key kKeys[]{Qt::Key_Enter, Qt::Key_Enter,     Qt::Key_Enter,  Qt::
                           Qt::Key_F1,    Qt::Key_PageDown,  Qt::Key_F4,     Qt::Key_PageUp,
                           Qt::Key_F10,   Qt::Key_Insert,    Qt::Key_Escape};
 
-constexpr Qt::Key kShortcuts[]{Qt::Key_S, Qt::Key_S, Qt::Key_O,   Qt::Key_P, Qt::Key_N,
-                               Qt::Key_A, Qt::Key_C, Qt::Key_X,   Qt::Key_V, Qt::Key_Z,
-                               Qt::Key_Q, Qt::Key_L, Qt::Key_Home};
+constexpr Qt::Key kShortcuts[]{Qt::Key_S, Qt::Key_S, Qt::Key_O, Qt::Key_P, Qt::Key_N,   Qt::Key_A,
+                               Qt::Key_C, Qt::Key_X, Qt::Key_V, Qt::Key_Z, Qt::Key_Z,   Qt::Key_Z,
+                               Qt::Key_Y, Qt::Key_Y, Qt::Key_Q, Qt::Key_L, Qt::Key_Home};
 
 QPoint anyPlace(Dice& dice, const QWidget& widget) {
   return {dice.below(std::max(1, widget.width())), dice.below(std::max(1, widget.height()))};
@@ -93,13 +94,14 @@ class Monkey : public QObject {
   /// What was played, in words.
   QString summary() const {
     QString text =
-        u"%1 events, %2 starts, %3 files loaded, %4 saved and read back, %5 printed, %6 deep"_s
-            .arg(played_)
+        u"%1 events, %2 starts, %3 files loaded, %4 saved and read back, %5 printed, %6 deep, "
+        "%7 steps undone and done again"_s.arg(played_)
             .arg(starts_)
             .arg(desktop_.loads)
             .arg(desktop_.saves)
             .arg(desktop_.prints)
-            .arg(deepest_);
+            .arg(deepest_)
+            .arg(undone_);
     for (const auto& [window, count] : windows_) text += u"\n%1 in %2"_s.arg(count, 7).arg(window);
     return text;
   }
@@ -125,6 +127,7 @@ class Monkey : public QObject {
     const Program& program = *desktop_.program;
     const bool between = depth_ == 0 && QApplication::activeModalWidget() == nullptr;
     if (between && !program.entryChanged) requireConsistent(program.record);
+    if (between && !program.entryChanged && dice_.below(200) == 0) keeper_->thereAndBack();
     deepest_ = std::max(deepest_, ++depth_);
     const auto done = qScopeGuard([this] { --depth_; });
     require(depth_ <= kDeepest, "windows do not pile up");
@@ -143,10 +146,13 @@ class Monkey : public QObject {
     desktop_.program = &program;
     MonkeyQuestions questions(desktop_);
     main window(program, questions, desktop_);
+    StepKeeper keeper(window.history(), program);
+    keeper_ = &keeper;
     window.show();
     window.activateWindow();
     timer_ = startTimer(0);
     QApplication::exec();
+    undone_ += keeper.undone;
     if (timer_ != 0) killTimer(timer_);
     checkSettings(program);
   }
@@ -229,7 +235,8 @@ class Monkey : public QObject {
       const auto letter = static_cast<Qt::Key>(Qt::Key_A + dice_.below(26));
       return key(window, letter, QString(QChar(letter)).toLower(), Qt::AltModifier);
     }
-    key(window, dice_.oneOf(kShortcuts), {}, Qt::ControlModifier);
+    const auto shift = dice_.percent(10) ? Qt::ShiftModifier : Qt::NoModifier;
+    key(window, dice_.oneOf(kShortcuts), {}, Qt::ControlModifier | shift);
   }
 
   void clickIn(QWidget& window) {
@@ -342,8 +349,10 @@ class Monkey : public QObject {
   QFile trail_;  ///< every event, so that the one that led to a finding can be seen
   std::atomic<int> played_ = 0;
   int timer_ = 0;
-  int depth_ = 0;  ///< events that are being played, one inside the other
+  StepKeeper* keeper_ = nullptr;  ///< of the running program
+  int depth_ = 0;                 ///< events that are being played, one inside the other
   int deepest_ = 0;
+  int undone_ = 0;
   int starts_ = 0;
   std::map<QString, int> windows_;  ///< events by the window they went to
 };

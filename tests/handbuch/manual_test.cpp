@@ -111,7 +111,8 @@ class ManualTest : public QObject {
     for (QAction* menu : house.window.menuBar()->actions()) {
       for (QAction* action : menu->menu()->actions()) {
         const QString keys = action->shortcut().toString().replace("Ctrl"_L1, "Strg"_L1);
-        if (!action->isSeparator()) add("menu", {action->text() + keys});
+        const QString text = action->text().section(':'_L1, 0, 0);  // without the step it names
+        if (!action->isSeparator()) add("menu", {text + keys});
       }
     }
     QStringList buttons;
