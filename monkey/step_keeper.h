@@ -17,9 +17,9 @@ class StepKeeper : public QObject {
   StepKeeper(History& history, const Program& program)
       : stack_(history.stack), program_(program), states_{content()} {
     connect(&stack_, &QUndoStack::indexChanged, this, [this](int index) { follow(index); });
-    history.restored = [this, show = history.restored](const QString& what, int field) {
+    history.restored = [this, show = history.restored](int field) {
       moved_ = true;
-      show(what, field);
+      show(field);
     };
   }
 

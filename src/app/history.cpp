@@ -41,11 +41,11 @@ class History::Step : public QUndoCommand {
   Step(History& history, const QString& name, Change made)
       : QUndoCommand(name), change(std::move(made)), history_(history) {}
 
-  void undo() override { history_.exchange(change.before, *this); }
+  void undo() override { history_.exchange(change.before, change.field); }
 
   /// The stack also calls it for a new step, when everything is done.
   void redo() override {
-    if (std::exchange(done_, true)) history_.exchange(change.after, *this);
+    if (std::exchange(done_, true)) history_.exchange(change.after, change.field);
   }
 
   const Change change;
@@ -82,13 +82,13 @@ void History::abandonEntry() {
   static_cast<Analysis&>(program_) = *current_;
 }
 
-void History::exchange(const State& to, const Step& step) {
+void History::exchange(const State& to, int field) {
   begin();
   program_.entryChanged = false;
   program_.fieldIndex = 0;  // no entry of the analysis that is left decides how this one goes on
   static_cast<Analysis&>(program_) = *to;
   current_ = to;
-  restored(step.text(), step.change.field);
+  restored(field);
 }
 
 /// A file holds only the analysis that was written to it last, or read: whatever else was saved in

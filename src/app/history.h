@@ -35,14 +35,14 @@ class History {
 
   QUndoStack stack;
 
-  /// Called after undo and redo with the step's name and field.
-  std::function<void(const QString& name, int field)> restored = [](const QString&, int) {};
+  /// Called after undo and redo with the step's field.
+  std::function<void(int field)> restored = [](int) {};
 
  private:
   class Step;
   using State = std::shared_ptr<Analysis>;
 
-  void exchange(const State& to, const Step& step);
+  void exchange(const State& to, int field);
   void noteFile();
 
   Program& program_;

@@ -78,7 +78,7 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
   buildMenus();
   buildMask();
   Form_Load();
-  history_.restored = [this](const QString& what, int field) { restored(what, field); };
+  history_.restored = [this](int field) { restored(field); };
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { focusMoved(now); });
 }
@@ -286,7 +286,10 @@ void main::fillFrom(int index, const QStringList& numbers) {
 /// An entry that is still going on comes first: what was typed, then the entry itself.
 void main::mnu3_undo_Click() {
   finishLeftBoxes();
-  if (!program_.entryChanged) return history_.stack.undo();
+  if (!program_.entryChanged) {
+    ownAction_ = u"rückgängig: "_s + history_.stack.undoText();
+    return history_.stack.undo();
+  }
   if (focusedBox_ != 0 && Text1(focusedBox_).undoTyping()) return;
   history_.abandonEntry();
   darstellen();
@@ -294,15 +297,17 @@ void main::mnu3_undo_Click() {
 
 void main::mnu3_redo_Click() {
   finishLeftBoxes();
-  if (!program_.entryChanged) return history_.stack.redo();
+  if (!program_.entryChanged) {
+    ownAction_ = u"wiederholt: "_s + history_.stack.redoText();
+    return history_.stack.redo();
+  }
   if (focusedBox_ != 0) Text1(focusedBox_).redoTyping();
 }
 
 /// Shows the analysis that undo or redo brought back, and goes to the field that was entered.
-void main::restored(const QString& what, int field) {
+void main::restored(int field) {
   subcalc_.konst_k();  // as for an analysis that was loaded
   darstellen();
-  ownAction_ = what;
   if (field != 0 && !isLocked(field)) Text1(field).setFocus(Qt::OtherFocusReason);
   showStatus();
 }

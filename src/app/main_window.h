@@ -141,7 +141,7 @@ class main : public QMainWindow {
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
   void finishLeftBoxes();
-  void restored(const QString& what, int field);
+  void restored(int field);
   void showSaveWindow();
   void showOver(QDialog& window, int index);
   void moveFocus(int index, int step);

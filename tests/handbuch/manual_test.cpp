@@ -110,7 +110,10 @@ class ManualTest : public QObject {
     House house;
     for (QAction* menu : house.window.menuBar()->actions()) {
       for (QAction* action : menu->menu()->actions()) {
-        const QString keys = action->shortcut().toString().replace("Ctrl"_L1, "Strg"_L1);
+        const QString keys = action->shortcut()
+                                 .toString()
+                                 .replace("Ctrl"_L1, "Strg"_L1)
+                                 .replace("Shift"_L1, "Umschalt"_L1);
         const QString text = action->text().section(':'_L1, 0, 0);  // without the step it names
         if (!action->isSeparator()) add("menu", {text + keys});
       }
