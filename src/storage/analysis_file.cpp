@@ -1,8 +1,11 @@
 #include "storage/analysis_file.h"
 
 #include <QFileInfo>
+#include <cmath>
 
 #include "base/safe_write.h"
+#include "entry/decimal.h"
+#include "entry/number_text.h"
 #include "model/fields.h"
 #include "storage/line_file.h"
 
@@ -21,18 +24,49 @@ void readHeader(AnalysisHeader& header, LineReader& reader) {
   reader.skipLine();  // the marker, whatever it says
 }
 
-/// Hands every record to `store`, which checks its index.
+/// Whether a record's text shows another number than its value. The program shows a value rounded
+/// to the decimals of its text, and itself rounds what was computed or typed to four; as a bound
+/// with "<" or ">"; or in words, which are not compared and neither are powers of ten, of which 15
+/// digits count. Ks8,2 shows zero for 0.001, which stands for what no titration resolves.
+bool contradict(int field, FixedPoint value, const QString& text) {
+  QString number = text.trimmed();
+  const QChar bound = number.isEmpty() ? QChar() : number.front();
+  const bool below = bound == '<'_L1;
+  const bool above = bound == '>'_L1;
+  if (below || above) number = number.mid(1).trimmed();
+  if (!isNumberText(number) || number.contains('.'_L1)) return false;
+  const double shown = numberIn(number);
+  const auto decimals = static_cast<double>(number.section(','_L1, 1).size());
+  const auto agrees = [&](FixedPoint other) {
+    const double kept = other.toDouble();
+    const double tolerance =
+        (std::pow(10.0, -decimals) + 1.0 / FixedPoint::kScale) / 2 + 1e-12 * std::abs(kept);
+    return (below || kept >= shown - tolerance) && (above || kept <= shown + tolerance);
+  };
+  const bool trace = field == feld::kKs82 && value == 0.001_fp;
+  return !agrees(value) && !(trace && agrees({}));
+}
+
+/// Hands every record to `store`, which checks its index, but none that contradicts itself.
+/// Runtime error 13 if there was one, 62 if the end record is missing.
 void readRecords(LineReader& reader,
                  const std::function<void(int, FixedPoint, const QString&)>& store) {
-  while (!reader.atEnd()) {
+  bool contradicted = false;
+  for (;;) {
     const QStringList fields = reader.fields(3);
-    if (fields.isEmpty() && reader.atEnd()) return;
     const qint64 index = readInteger(fields.value(0));
-    if (index == kEndRecord) return;
+    if (index == kEndRecord) break;
     if (index >= kFirstIgnoredIndex) continue;
     if (fields.size() < 3) throw RuntimeError(ErrorNumber::kEndOfFile);
-    store(index < 0 ? -1 : static_cast<int>(index), readInvariantNumber(fields[1]), fields[2]);
+    const int field = index < 0 ? -1 : static_cast<int>(index);
+    const FixedPoint value = readInvariantNumber(fields[1]);
+    if (contradict(field, value, fields[2])) {
+      contradicted = true;
+    } else {
+      store(field, value, fields[2]);
+    }
   }
+  if (contradicted) throw RuntimeError(ErrorNumber::kType, u"a record contradicts itself"_s);
 }
 
 }  // namespace

@@ -15,8 +15,10 @@ inline const QString kAnalysisFile = QStringLiteral("cva");
 QByteArray analysisContent(const Program& program, const QString& name);
 
 /// Reads an analysis file into the record, which `reset` empties as soon as the file is open, and
-/// into the header array. False if reading ended early; what was read up to there stays. Runtime
-/// error 53 if the file does not exist, 75 if it cannot be read, and nothing changed.
+/// into the header array. It becomes the analysis' own file. False, and it does not, if reading
+/// ended early, the end record is missing or the text of a record shows another number than its
+/// value: what was read up to there stays, and a field that contradicts itself is left empty.
+/// Runtime error 53 if the file does not exist, 75 if it cannot be read, and nothing changed.
 bool readAnalysis(Program& program, const QString& path, const std::function<void()>& reset);
 
 /// Writes the current analysis to `path`, which becomes its own file; it counts as saved then.
@@ -30,7 +32,7 @@ void saveToOwnFile(Program& program);
 
 /// What the overview takes from an analysis file.
 struct OverviewAnalysis {
-  bool complete = false;  ///< false if reading ended early; the rest is what was read up to there
+  bool complete = false;  ///< as `readAnalysis` returns it
   AnalysisHeader header;
   CheckedArray<QString, 41> text;  ///< display texts by field
 };

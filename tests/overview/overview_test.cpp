@@ -22,7 +22,7 @@ QByteArray golden() {
 QByteArray analysisFile() {
   QByteArray file =
       "'brunnen'\n'P'\n'7'\n'Probe'\n'K'\n'03.02.2026'\n'05.02.2026'\n'nass'\n'ende'\n";
-  for (int i = 1; i <= 26; ++i) file += u"%1,1,'%1'\n"_s.arg(i).toLatin1();
+  for (int i = 1; i <= 26; ++i) file += u"%1,%1,'%1'\n"_s.arg(i).toLatin1();
   return file.replace('\'', '"') + "999,0,0\n";
 }
 

@@ -23,7 +23,7 @@ namespace {
 
 const QByteArray kSmallFile = fileOf(
     "'brunnen'¶'Projekt A'¶'7'¶'Probe'¶'Caf\xE9'¶'03.02.2026'¶'05.02.2026'¶'nass'¶'ende'¶"
-    "1,420,'420,0000'¶20,10.6868,'10,7'¶23,60,'60,0'¶24,10,'10,0'¶");
+    "1,420,'420,0000'¶20,10.6868,'10,7'¶23,60,'60,0'¶24,10,'10,0'¶999,0,0¶");
 
 /// A mask whose data folder is that of the program.
 struct House : Mask {
@@ -334,6 +334,7 @@ class StorageWindowsTest : public QObject {
     };
     for (const QByteArray& content :
          {kSmallFile.left(kSmallFile.indexOf("23,60") + 3), kSmallFile.left(40),
+          kSmallFile.left(kSmallFile.indexOf("999")), QByteArray(kSmallFile).replace("23,60", "23,6"),
           dated("31.02.2026"), dated("+1.+2.2026"), dated("01.02.0099"), dated("heute")}) {
       House house;
       put(house.at(u"a.cva"_s), content);
