@@ -3,7 +3,6 @@
 #include <QFileInfo>
 #include <cmath>
 
-#include "base/safe_write.h"
 #include "entry/decimal.h"
 #include "entry/number_text.h"
 #include "model/fields.h"
@@ -105,9 +104,7 @@ bool readAnalysis(Program& program, const QString& path, const std::function<voi
 
 void saveAnalysis(Program& program, const QString& path, const QString& title) {
   const QString name = nameLine(title, kAnalysisFile);
-  const QByteArray content = analysisContent(program, name);
-  writeFileSafely(path, content);
-  program.file = {QFileInfo(path).absoluteFilePath(), hashOf(content)};
+  program.file = writeKnownFile(path, analysisContent(program, name));
   program.unsaved = false;
   program.dataPresent = false;
   program.record.flag[flag::kNameLine] = name;

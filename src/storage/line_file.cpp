@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "base/runtime_error.h"
+#include "base/safe_write.h"
 #include "base/windows1252.h"
 #include "entry/decimal.h"
 #include "entry/key_filter.h"
@@ -59,6 +60,11 @@ QString nameLine(const QString& title, const QString& extension) {
 
 QByteArray hashOf(const QByteArray& content) {
   return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+}
+
+KnownFile writeKnownFile(const QString& path, const QByteArray& content) {
+  writeFileSafely(path, content);
+  return {QFileInfo(path).absoluteFilePath(), hashOf(content)};
 }
 
 bool isUnchanged(const KnownFile& file) {

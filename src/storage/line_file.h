@@ -23,6 +23,9 @@ QString nameLine(const QString& title, const QString& extension);
 /// The hash of a file's content.
 QByteArray hashOf(const QByteArray& content);
 
+/// Writes a file as `writeFileSafely` does and returns it as it is known from now on.
+KnownFile writeKnownFile(const QString& path, const QByteArray& content);
+
 /// Whether a file is still there as it was read or written here. Never throws, and never waits for
 /// what is no regular file.
 bool isUnchanged(const KnownFile& file);

@@ -1,5 +1,7 @@
 #include "storage/project_file.h"
 
+#include <QFileInfo>
+
 #include "storage/line_file.h"
 
 namespace calvora {
@@ -48,7 +50,10 @@ QByteArray projectContent(const Project& project, const QString& name) {
 }
 
 bool readProject(Project& project, const QString& path) {
-  return LineReader::readFile(path, [&](LineReader& reader) {
+  KnownFile file{QFileInfo(path).absoluteFilePath(), {}};
+  const bool complete = LineReader::readFile(path, [&](LineReader& reader) {
+    file.hash = reader.hash();
+    project.file = {};
     AnalysisHeader& header = project.header;
     header.clear();  // nothing of what the overview opened with may stay beside this one
     header[kopf::kDateiname] = reader.text();
@@ -62,6 +67,8 @@ bool readProject(Project& project, const QString& path) {
       readBlock(slot, reader);
     }
   });
+  if (complete) project.file = file;
+  return complete;
 }
 
 }  // namespace calvora

@@ -5,6 +5,7 @@
 #include "overview/overview_content.h"
 #include "overview/windows/analysen.h"
 #include "print/windows/drucker.h"
+#include "storage/line_file.h"
 #include "storage/project_file.h"
 #include "storage/windows/dateien.h"
 #include "support/tables.h"
@@ -262,10 +263,10 @@ class OverviewTest : public QObject {
     project.grid.slot[2].cells[7] = u"enddat"_s;
     put(room.at(u"marker.cvp"_s), projectContent(project, u"p0"_s));
     Project again;
-    QVERIFY(readProject(again, room.at(u"marker.cvp"_s)));
+    QVERIFY(readProject(again, room.at(u"marker.cvp"_s)) && isUnchanged(again.file));
     QCOMPARE(again.grid.slot[1].caption + again.grid.slot[1].cells[7], u"endread enddat "_s);
     put(room.at(u"cut.cvp"_s), golden().left(golden().indexOf("p2")));
-    QVERIFY(!readProject(again, room.at(u"cut.cvp"_s)));
+    QVERIFY(!readProject(again, room.at(u"cut.cvp"_s)) && again.file.path.isEmpty());
     QStringList header;
     for (int slot = 0; slot <= 7; ++slot) header += again.header[slot];
     QCOMPARE(header.join(' '_L1).trimmed(), u"p0 p1"_s);

@@ -121,26 +121,31 @@ class StorageWindowsTest : public QObject {
   }
 
   void aFileIsSavedUnderItsNameOrNothingChanges_data() {
-    // What the dialog answers, and the answer to the question that follows => the file written, or
-    // ! where a fault is told: no folder, a folder in the way, a remark that no file can hold, the
-    // disk full.
+    // What the dialog answers, the answer to the question that follows, and that question => the
+    // file written, or ! where a fault is told: no folder, a folder in the way, a remark that no
+    // file can hold, the disk full.
     rows<QString>(
-        "probe=>probe.cva | probe.txt.a=>probe.cva | ab.cd/probe=>ab.cd/probe.cva | "
-        "DA.CVA=>DA.cva | da.cva ja=>da.cva | da.cva nein=> | da.txt ja=>da.cva | da.txt nein=> | "
-        "GROSS.CVA ja=>GROSS.CVA | => | fort/a.cva=>! | ordner.cva=>! | lang.cva=>! | voll.cva "
-        "ja=>!");
+        "probe=>probe.cva | probe.txt.a ja cut=>probe.cva | probe 1.2 nein cut=> | "
+        "ab.cd/probe=>ab.cd/probe.cva | DA.CVA=>DA.cva | da ja replace=>da.cva | "
+        "da.cva nein replace=> | da.txt ja cut-replace=>da.cva | da.txt nein cut-replace=> | "
+        "eigen.cva ja changed=>eigen.cva | eigen nein changed=> | eigen.x nein cut-changed=> | "
+        "GROSS.CVA ja replace=>GROSS.CVA | => | fort/a.cva=>! | ordner.cva=>! | lang.cva=>! | "
+        "voll.cva ja replace=>!");
   }
   void aFileIsSavedUnderItsNameOrNothingChanges() {
     QFETCH(QString, given);
     QFETCH(QString, expected);
-    const QString chosen = given.section(' '_L1, 0, 0);
-    const QString answer = given.section(' '_L1, 1);
+    QStringList words = given.split(' '_L1);
+    const bool asked = words.size() > 2;
+    const QString question = asked ? u"file-"_s + words.takeLast() : QString();
+    const QString answer = asked ? words.takeLast() : QString();
+    const QString chosen = words.join(' '_L1);
     const bool told = expected == '!'_L1;
     const bool saved = !told && !expected.isEmpty();
     const bool full = chosen == "voll.cva"_L1;
     House house;
     for (const QString& name : {u"ab.cd"_s, u"ordner.cva"_s}) QDir(house.folder.path()).mkdir(name);
-    for (const auto& name : {u"da.cva"_s, u"GROSS.CVA"_s, u"voll.cva"_s})
+    for (const auto& name : {u"da.cva"_s, u"GROSS.CVA"_s, u"voll.cva"_s, u"eigen.cva"_s})
       put(house.at(name), "alt");
     const auto files = [&] {
       QMap<QString, QByteArray> contents;
@@ -157,9 +162,12 @@ class StorageWindowsTest : public QObject {
     house.program.record.flag[flag::kNameLine] = u"vorher"_s;
     house.program.header[kopf::kDateiname] = u"a/b.c"_s;
     if (!given.isEmpty()) house.desktop.paths = {house.at(chosen) + ' '_L1};
-    if (answer == "ja"_L1)
-      house.expect(u"file-replace "_s + (full ? chosen : expected), Button::kJa);
-    if (answer == "nein"_L1) house.expect(u"file-replace da.cva"_s, Button::kNein);
+    house.program.file = {house.at(u"eigen.cva"_s), "another hash"};
+    const QString name = chosen.section('.'_L1, 0, 0) + u".cva"_s;
+    if (asked) {
+      house.expect(question + ' '_L1 + (saved ? expected : name),
+                   answer == "ja"_L1 ? Button::kJa : Button::kNein);
+    }
     rlimit room{};
     getrlimit(RLIMIT_FSIZE, &room);
     std::signal(SIGXFSZ, SIG_IGN);
@@ -172,13 +180,20 @@ class StorageWindowsTest : public QObject {
       QCOMPARE(window.isVisible(), !saved);
       QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->isVisible(), told);
       QCOMPARE(cutTexts(window), QStringList());
+      if (answer == "nein"_L1) {
+        window.Command1->click();
+        QCOMPARE(house.desktop.requests.back().proposed, chosen);
+      }
       window.Command2->click();
     });
     QCOMPARE(house.desktop.requests.front().proposed, u"a-b.cva"_s);
-    for (const Message& question : house.questions.asked) {
+    QCOMPARE(house.questions.asked.size(), asked ? 1 : 0);
+    for (const Message& message : house.questions.asked) {
       nachricht shown;
-      shown.messein(question);
-      QVERIFY(shown.Command1(3).isDefault() && !shown.Command1(2).isDefault());
+      shown.messein(message);
+      const bool replaces = question != "file-cut"_L1;
+      QVERIFY(shown.Command1(3).isDefault() == replaces);
+      QVERIFY(shown.Command1(2).isDefault() != replaces);
     }
     auto after = files();
     if (saved) QVERIFY(after.take(house.at(expected)).endsWith("999,0,0\r\n"));
@@ -334,8 +349,9 @@ class StorageWindowsTest : public QObject {
     };
     for (const QByteArray& content :
          {kSmallFile.left(kSmallFile.indexOf("23,60") + 3), kSmallFile.left(40),
-          kSmallFile.left(kSmallFile.indexOf("999")), QByteArray(kSmallFile).replace("23,60", "23,6"),
-          dated("31.02.2026"), dated("+1.+2.2026"), dated("01.02.0099"), dated("heute")}) {
+          kSmallFile.left(kSmallFile.indexOf("999")),
+          QByteArray(kSmallFile).replace("23,60", "23,6"), dated("31.02.2026"), dated("+1.+2.2026"),
+          dated("01.02.0099"), dated("heute")}) {
       House house;
       put(house.at(u"a.cva"_s), content);
       house.expect(u"file-incomplete"_s);

@@ -134,6 +134,7 @@ bool analysen::emptyGrid() {
     project_.header = program_.header;
   }
   for (const int index : {kPrint, kSaveProject}) Command1(index).setEnabled(false);
+  project_.file = {};
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) grid_.slot[k] = {};
   darstellen();
   return true;

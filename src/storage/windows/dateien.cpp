@@ -8,7 +8,6 @@
 #include <array>
 
 #include "base/guarded.h"
-#include "base/safe_write.h"
 #include "entry/date_text.h"
 #include "entry/key_filter.h"
 #include "platform/form.h"
@@ -22,8 +21,6 @@ namespace calvora {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto kProjectFile = u"cvp"_s;
 
 /// Why a file was not written, in the user's words.
 QString reasonOf(const RuntimeError& error) {
@@ -145,18 +142,15 @@ void Dateien::Command1_Click() {
 void Dateien::save() {
   keepHeader();
   const QString& extension = project_ == nullptr ? kAnalysisFile : kProjectFile;
-  QString proposed = asFileName(header_[kopf::kDateiname]);
-  if (!proposed.isEmpty()) proposed = withExtension(proposed, extension);
-  const auto answer = desktop_.askSaveFile(
-      this, {dialogFolder(program_.settings, program_.programFolder), extension, proposed});
+  const auto answer = desktop_.askSaveFile(this, saveRequest(extension));
   if (!answer) return;
-  const QString chosen = answer->trimmed();
+  typed_ = answer->trimmed();
   // A file that is there and differs in capital letters only is the one that was meant.
   const bool isThere =
-      QFileInfo(chosen).isFile() && chosen.endsWith('.'_L1 + extension, Qt::CaseInsensitive);
-  const QString path = isThere ? chosen : withExtension(chosen, extension);
-  if (QFileInfo(path).isFile() && !mayReplace(path)) return;
-  const QString title = QFileInfo(chosen).fileName();
+      QFileInfo(typed_).isFile() && typed_.endsWith('.'_L1 + extension, Qt::CaseInsensitive);
+  const QString path = isThere ? typed_ : withExtension(typed_, extension);
+  if (!mayWrite(path)) return;
+  const QString title = QFileInfo(typed_).fileName();
   if (project_ == nullptr) {
     dateispeichern(path, title);
   } else {
@@ -167,13 +161,37 @@ void Dateien::save() {
   accept();
 }
 
-bool Dateien::mayReplace(const QString& path) {
-  return questions_.ask({.text = u" Die Datei \n\r "_s + QFileInfo(path).fileName() +
-                                 u"\n\r ist schon vorhanden. Soll sie ersetzt werden ? "_s,
+/// Proposes the name of the file that the header came with; to whom typed one and came back, that.
+FileRequest Dateien::saveRequest(const QString& extension) const {
+  const QFileInfo typed(typed_);
+  if (!typed_.isEmpty()) return {typed.path(), extension, typed.fileName()};
+  QString proposed = asFileName(header_[kopf::kDateiname]);
+  if (!proposed.isEmpty()) proposed = withExtension(proposed, extension);
+  return {dialogFolder(program_.settings, program_.programFolder), extension, proposed};
+}
+
+/// Asks once before a file is written under another name than the one typed, in place of one that
+/// is there, or of one that was changed since it was loaded or saved here.
+bool Dateien::mayWrite(const QString& path) {
+  const QFileInfo file(path);
+  const bool isThere = file.isFile();
+  const QString complete = typed_ + path.mid(path.lastIndexOf('.'_L1));
+  const bool cut = path.compare(typed_, Qt::CaseInsensitive) != 0 && path != complete;
+  if (!isThere && !cut) return true;
+  const KnownFile& own = project_ == nullptr ? program_.file : project_->file;
+  const bool changed = isThere && QFileInfo(own.path) == file && !isUnchanged(own);
+  const QString reason =
+      changed
+          ? u" wurde anderswo geändert, seit sie hier geladen \n\r oder gespeichert wurde. Soll sie ersetzt werden ? "_s
+      : isThere ? u" ist schon vorhanden. Soll sie ersetzt werden ? "_s
+                : u" wird angelegt. Soll sie so heißen ? "_s;
+  const QString start =
+      cut ? u" Der Name reicht nur bis zum ersten Punkt. Die Datei \n\r "_s : u" Die Datei \n\r "_s;
+  return questions_.ask({.text = start + file.fileName() + u"\n\r"_s + reason,
                          .buttons = Button::kJa | Button::kNein,
                          .title = u"Datei"_s,
                          .symbol = Symbol::kQuestion,
-                         .defaultButton = Button::kNein}) == Button::kJa;
+                         .defaultButton = isThere ? Button::kNein : Button::kJa}) == Button::kJa;
 }
 
 void Dateien::dateispeichern(const QString& path, const QString& title) {
@@ -182,7 +200,7 @@ void Dateien::dateispeichern(const QString& path, const QString& title) {
 
 void Dateien::projektspeichern(const QString& path, const QString& title) {
   const QString name = nameLine(title, kProjectFile);
-  writeFileSafely(path, projectContent(*project_, name));
+  project_->file = writeKnownFile(path, projectContent(*project_, name));
   program_.record.flag[flag::kNameLine] = name;
 }
 

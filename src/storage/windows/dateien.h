@@ -95,7 +95,8 @@ class Dateien : public QDialog {
   bool showReadHeader();
   void keepHeader();
   void save();
-  [[nodiscard]] bool mayReplace(const QString& path);
+  [[nodiscard]] FileRequest saveRequest(const QString& extension) const;
+  [[nodiscard]] bool mayWrite(const QString& path);
   bool readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
   void tellIncomplete();
   void showFailure(const QString& text);
@@ -108,6 +109,7 @@ class Dateien : public QDialog {
   Project* project_;
   OverviewAnalysis analysis_;
   AnalysisHeader& header_;  ///< of the program's analysis, the project or the analysis read
+  QString typed_;           ///< into the file dialog, with its folder
   QLabel* failure_;
   QLabel* projectDate_;  ///< stands for the date picker, which a project does not show
   bool dateSet_ = true;
