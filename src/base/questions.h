@@ -3,6 +3,7 @@
 #include <QFlags>
 #include <QString>
 #include <initializer_list>
+#include <optional>
 #include <span>
 
 namespace calvora {
@@ -34,6 +35,9 @@ struct Message {
   int top = 500;   ///< twips
   QString style = QStringLiteral("210|10");
   Buttons defaultButton = {};  ///< that Enter presses; the first one if none is named
+
+  /// The answer of closing the window without a button, where that is not to count as one of them.
+  std::optional<Button> closing = {};
 };
 
 /// Joins the lines of a catalogue message with line feed and carriage return. Empty lines at the

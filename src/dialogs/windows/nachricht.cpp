@@ -50,7 +50,7 @@ void nachricht::messein(const Message& message) {
     return Label6->fontMetrics().size(0, shownText(text)).width() * 1000 / twips(1000) + 1;
   };
   const MessageLayout layout = layoutMessage(message, measure);
-  answer_ = closeAnswer(layout);
+  answer_ = message.closing.value_or(closeAnswer(layout));
   setWindowTitle(layout.title);
   Label6->setText(shownText(layout.text));
   for (const auto& [index, button] : Command1) button->setFont(Label6->font());
