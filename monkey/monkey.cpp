@@ -144,6 +144,15 @@ class Monkey : public QObject {
     Program program;
     program.programFolder = folder_;
     desktop_.program = &program;
+    const qsizetype leftBefore = filesOf(u"*.rec"_s);
+    playUntilItEnds(program);
+    checkSettings(program);
+    require(filesOf(u"*.lock"_s) == 0, "the slot is given back");
+    require(filesOf(u"*.rec"_s) <= leftBefore + (program.unsaved ? 1 : 0),
+            "what is saved is not kept");
+  }
+
+  void playUntilItEnds(Program& program) {
     MonkeyQuestions questions(desktop_);
     main window(program, questions, desktop_);
     StepKeeper keeper(window.history(), program);
@@ -154,7 +163,10 @@ class Monkey : public QObject {
     QApplication::exec();
     undone_ += keeper.undone;
     if (timer_ != 0) killTimer(timer_);
-    checkSettings(program);
+  }
+
+  [[nodiscard]] qsizetype filesOf(const QString& kind) const {
+    return QDir(folder_).entryList({kind}).size();
   }
 
   /// Between two events: while one is played, or a message is open that a finished entry asked for,

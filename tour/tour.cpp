@@ -58,6 +58,7 @@ class Tour {
     showOverview();
     showMessages();
     showRuntimeError();
+    leave();
     for (const WindowWay& way : allWindows()) {
       require(QFile::exists(file(QLatin1String(way.name) + u".png"_s)),
               u"a picture of "_s + QLatin1String(way.name));
@@ -462,6 +463,15 @@ class Tour {
     report->message(2, u"13 werteingabe\\formz"_s);
     picture(*report, u"runtime-error"_s);
     report->close();
+  }
+
+  /// Without saving, and without anything to recover at the next start.
+  void leave() {
+    activate();
+    expectModal<nachricht>(u"message-save"_s,
+                           [](nachricht& question) { question.Command1(3).click(); });
+    window_.close();
+    require(desktop_.ended == 1, u"the end"_s);
   }
 
   QString folder_;

@@ -181,6 +181,8 @@ void main::buildStatusBar() {
   actionStatus = add(1);
   keptStatus = add(0);
   setRole(*keptStatus, Role::kKept);
+  noticeStatus = add(0);
+  noticeStatus->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
   fileStatus = new ElidedLabel;
   statusBar()->addPermanentWidget(fileStatus);
   statusBar()->setContentsMargins(8, 0, 8, 0);

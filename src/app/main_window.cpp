@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <utility>
 
@@ -81,6 +82,8 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
   history_.restored = [this](int field) { restored(field); };
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { focusMoved(now); });
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &main::commitData);
+  qApp->installEventFilter(this);
 }
 
 // The boxes lose their focus while they are taken down, when there is no mask left to tell.
@@ -93,12 +96,15 @@ main::~main() {
 bool main::event(QEvent* event) {
   if (event->type() == checkEvent()) {
     if (checkDue_) guarded(questions_, u" main_plausi"_s, [this] { showPlausibility(); });
+    keepAnalysis();
     return true;
   }
   if (event->type() == QEvent::WindowActivate) {
     updateManual();
     if (program_.fieldIndex == kFirstActivationPending) Form_Activate();
     showStatus();  // another window may have saved, or renamed
+    keepAnalysis();
+    lookForOthers();
   }
   return QMainWindow::event(event);
 }
@@ -111,7 +117,8 @@ void main::Form_Load() {
 
 void main::Form_Activate() {
   program_.fieldIndex = 0;
-  showOver(*new start(*this, desktop_), feld::kLeitfähigkeit);
+  // A question must not open inside the event that activates this window.
+  QMetaObject::invokeMethod(this, &main::begin, Qt::QueuedConnection);
 }
 
 /// Shows a window that deletes itself on close. The mask is disabled until then; the focus goes
@@ -171,6 +178,7 @@ std::function<void()> main::command(const QString& location, void (main::*handle
     });
     history_.note(step);
     showStatus();
+    keepAnalysis();
   };
 }
 
@@ -492,6 +500,7 @@ void main::datenkill(int number) {
 
 QString main::datensich() {
   if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
+  const QScopedValueRollback asking(asking_, true);
   const Button answer = datenpfad::message(questions_, meldung::kVorherSpeichern);
   if (answer == Button::kJa) showSaveWindow();
   return answer == Button::kNein ? QString() : kAbbruch;
@@ -509,6 +518,12 @@ void main::mnu_load_Click() {
   Dateien window(Dateien::Mode::kLoadAnalysis, program_, questions_, desktop_, this);
   window.reset = [this] { datenkill(0); };
   if (!window.dateiladen()) return;
+  showRead();
+  window.exec();
+}
+
+/// Computes and shows an analysis that was read from a file.
+void main::showRead() {
   // No entry of the analysis that was there before may decide how this one is completed.
   program_.fieldIndex = 0;
   // Nor may its temperature: where a step does not compute the constants, the next ones read them.
@@ -517,7 +532,6 @@ void main::mnu_load_Click() {
   berechnen();
   ownAction_ = whatChanged(read, program_.record, 0, {});
   showStatus();
-  window.exec();
 }
 
 void main::mnu_save_Click() {
@@ -609,8 +623,7 @@ void main::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (!isEnabled()) return;  // the start window or the converter lies over it
   guarded(questions_, u" main_unload"_s, [&] {
-    finishEntry();
-    if (datensich() == kAbbruch) return;
+    if (!mayEnd()) return;
     event->accept();
     desktop_.endProgram();
   });

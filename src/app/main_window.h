@@ -14,8 +14,10 @@
 #include "platform/picture.h"
 #include "platform/text_box.h"
 #include "plausi/plausibility.h"
+#include "storage/recovery.h"
 
 class QGridLayout;
+class QSessionManager;
 
 namespace calvora {
 
@@ -70,6 +72,10 @@ class main : public QMainWindow {
   /// What can be undone.
   [[nodiscard]] History& history() { return history_; }
 
+  /// What the end of the desktop's session means: asks whether to save if that may be asked, keeps
+  /// the rest in the recovery file. False if the user wants the session to go on.
+  bool endSession(bool mayAsk);
+
   ControlArray<TextBox> Text1;
   ControlArray<QLabel> Label5;
   ControlArray<QLabel> Label6;
@@ -91,6 +97,7 @@ class main : public QMainWindow {
   ElidedLabel* actionStatus;  ///< what the program did by itself with the last entry
   ElidedLabel* keptStatus;    ///< how many results are kept, and what is missing
   ElidedLabel* fileStatus;    ///< the file's name, and whether it is saved
+  ElidedLabel* noticeStatus;  ///< that nothing can be kept for recovery, or another instance runs
 
   QAction* mnu_load;
   QAction* mnu_save;
@@ -111,6 +118,7 @@ class main : public QMainWindow {
  protected:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
   // What the user does.
@@ -143,6 +151,7 @@ class main : public QMainWindow {
   void finishLeftBoxes();
   void restored(int field);
   void showSaveWindow();
+  void showRead();
   void showOver(QDialog& window, int index);
   void moveFocus(int index, int step);
   bool acceptsPasted(int index, const QString& text, const QString& whole);
@@ -163,6 +172,15 @@ class main : public QMainWindow {
   [[nodiscard]] int boxIndex(const QWidget* control) const;
   [[nodiscard]] bool holdsText(std::span<const Field> fields) const;
   [[nodiscard]] QString manualPath() const;
+
+  // What must outlive the program (main_recovery.cpp).
+  void begin();
+  void offerRecovery();
+  void keepAnalysis();
+  void lookForOthers();
+  void showNotice();
+  [[nodiscard]] bool mayEnd();
+  void commitData(QSessionManager& session);
 
   // The window's design (main_design.cpp).
   void buildMenus();
@@ -197,6 +215,11 @@ class main : public QMainWindow {
   bool finishing_ = false;
   QString ownAction_;            ///< what the program did by itself with the last entry
   bool convertedShown_ = false;  ///< box 1 shows the conductivity at the measuring temperature
+
+  std::unique_ptr<Recovery> recovery_;  ///< from the first activation on
+  QString otherInstance_;               ///< that another one runs on this folder
+  bool asking_ = false;                 ///< whether to save
+  bool sessionEnds_ = false;            ///< and whatever was to be asked about that was asked
 };
 
 }  // namespace calvora

@@ -39,6 +39,13 @@ std::span<const CatalogueMessage> catalogue() {
                      {u"Es sind keine Daten zum speichern  "_s, u" vorhanden ! "_s}),
       catalogueEntry(kNichtsZuDrucken, u"Datei"_s, Button::kOk, Symbol::kStop,
                      {u"Es sind keine Daten zum drucken  "_s, u" vorhanden ! "_s}),
+      catalogueEntry(
+          kWiederherstellen, u"Wiederherstellung"_s, Button::kJa | Button::kNein, Symbol::kQuestion,
+          {u" Eine nicht gespeicherte Analyse vom %1 ist vorhanden. Wiederherstellen ? "_s}),
+      catalogueEntry(kTeilWiederherstellen, u"Wiederherstellung"_s, Button::kJa | Button::kNein,
+                     Symbol::kQuestion,
+                     {u" Eine nicht gespeicherte Analyse vom %1 ist vorhanden,"_s,
+                      u" aber nicht vollständig lesbar. Wiederherstellen ? "_s}),
   };
   return kCatalogue;
 }

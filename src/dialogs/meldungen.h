@@ -14,10 +14,12 @@ inline constexpr int kVorherSpeichern = 7;
 inline constexpr int kDruckzeileZuLang = 10;
 inline constexpr int kNichtsZuSpeichern = 11;
 inline constexpr int kNichtsZuDrucken = 12;
+inline constexpr int kWiederherstellen = 13;
+inline constexpr int kTeilWiederherstellen = 14;
 }  // namespace meldung
 
 /// The catalogue message of `code`, an empty one for any other. `extra` is the fourth line of
-/// message 2.
+/// message 2, or the time in the messages 13 and 14.
 Message katalogMeldung(int code, const QString& extra = {});
 
 }  // namespace calvora

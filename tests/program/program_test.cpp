@@ -71,8 +71,10 @@ class ProgramTest : public QObject {
   }
 
   void theStartWindowLeadsIntoTheProgramOrOut() {
+    const QTemporaryDir folder;
     for (const int button : {0, 1, 2}) {  // 0: the close box
       Application application;
+      application.program().programFolder = folder.path();
       main& window = application.mainWindow();
       QCOMPARE(application.program().fieldIndex, kFirstActivationPending);
       application.show();
