@@ -13,7 +13,7 @@ namespace {
 std::optional<Settings> saved(Settings& settings, const fuzz::TemporaryFile& file) {
   return fuzz::written(
       [&] {
-        writeSettings(settings, file.folder());
+        writeSettings(settings, file.folder(), setting::kFirstSegment);
         Settings again;
         readSettings(again, file.folder());
         return again;

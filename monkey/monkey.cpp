@@ -180,7 +180,7 @@ class Monkey : public QObject {
   /// What was chosen is found again at the next start.
   void checkSettings(const Program& program) {
     const Settings& settings = program.settings;
-    if (settings.unsaved) return;
+    if (!settings.unsaved.empty()) return;
     Settings again;
     readSettings(again, program.programFolder);
     require(again.segments == settings.segments, "the company line comes back");

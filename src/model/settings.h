@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <array>
+#include <set>
 
 #include "base/checked_array.h"
 
@@ -25,11 +26,9 @@ struct Settings {
   /// slots 5 to 8 hold while the program runs.
   std::array<QString, 4> segments;
 
-  /// They could not be written; the running program keeps them and must not read the old ones.
-  bool unsaved = false;
-
-  /// The file holds more than could be read; it must not be lost by writing it anew.
-  bool readInPart = false;
+  /// Slots of the file that were changed here but could not be written, the company line by its
+  /// first. The running program keeps them and must not read the old ones.
+  std::set<int> unsaved;
 };
 
 }  // namespace calvora

@@ -3,10 +3,14 @@
 #include <QBoxLayout>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
+#include <algorithm>
 
 #include "platform/twips.h"
 
 namespace calvora {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,6 +34,27 @@ class EnterPress : public QObject {
 };
 
 }  // namespace
+
+QLabel* makeFailureLine() {
+  auto* line = new QLabel;
+  line->setObjectName(u"failure"_s);
+  line->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
+  line->setTextFormat(Qt::PlainText);
+  line->setWordWrap(true);
+  line->hide();
+  return line;
+}
+
+void showFailure(QLabel& line, const QString& text) {
+  line.setText(text);
+  line.setVisible(!text.isEmpty());
+  if (text.isEmpty()) return;
+  QWidget& window = *line.window();
+  QLayout& layout = *window.layout();
+  layout.activate();
+  const int needed = layout.totalHeightForWidth(window.width());
+  window.resize(window.width(), std::max(window.height(), needed));
+}
 
 void setWindowMargins(QLayout& layout) {
   const int side = twips(kSideMargin);

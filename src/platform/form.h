@@ -9,6 +9,7 @@
 
 class QBoxLayout;
 class QKeyEvent;
+class QLabel;
 class QLayout;
 
 namespace calvora {
@@ -29,6 +30,12 @@ void addButtons(ControlArray<QPushButton>& buttons, int width,
 
 /// The row at the foot of a window: the buttons stand at its right, in that order.
 QBoxLayout* makeButtonRow(std::initializer_list<QPushButton*> buttons);
+
+/// The red line in a window that says why something was not done. Takes no room until then.
+QLabel* makeFailureLine();
+
+/// Shows a text in the red line and makes room for it in its window; an empty one hides the line.
+void showFailure(QLabel& line, const QString& text);
 
 /// Lets Enter press a button that has the focus, and only then: in a dialog Enter would otherwise
 /// press a button out of any field.

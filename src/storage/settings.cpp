@@ -57,6 +57,35 @@ void deriveCompanyLine(Settings& settings) {
   settings.slot[setting::kSegmentList] = segmentList(segments);
 }
 
+enum class Reading { kNoFile, kInPart, kWhole };
+
+/// Reads the file as far as it goes; only a whole one has a company line.
+Reading readFile(Settings& settings, const QString& programFolder) {
+  QString& dataFolder = settings.slot[setting::kDataFolder];
+  try {
+    readSlots(settings, LineReader::ofFile(settingsPath(programFolder)));
+    deriveCompanyLine(settings);
+    if (dataFolder.isEmpty()) dataFolder = defaultDataFolder(programFolder);
+    return Reading::kWhole;
+  } catch (const RuntimeError& error) {
+    if (!error.is(ErrorNumber::kFileNotFound)) return Reading::kInPart;
+    dataFolder = defaultDataFolder(programFolder);
+    return Reading::kNoFile;
+  }
+}
+
+/// Takes over what was found in the file, but not in place of what was changed here. The company
+/// line is one setting; one that is the same keeps how it is printed here.
+void takeOver(Settings& settings, const Settings& found) {
+  const bool otherLine =
+      !settings.unsaved.contains(setting::kFirstSegment) && found.segments != settings.segments;
+  for (int slot = 1; slot <= kLastStoredSlot; ++slot) {
+    const bool takes = isSegment(slot) ? otherLine : !settings.unsaved.contains(slot);
+    if (takes) settings.slot[slot] = found.slot[slot];
+  }
+  if (otherLine) settings.segments = found.segments;
+}
+
 constexpr std::array kPadding{7, 4, 4, 0};
 
 CompanyLines padded(const CompanyLines& lines, bool emptyToo) {
@@ -130,22 +159,15 @@ CompanyLines linesOfSegmentList(const QString& list) {
 }
 
 void readSettings(Settings& settings, const QString& programFolder) {
-  if (settings.unsaved) return;
-  QString& dataFolder = settings.slot[setting::kDataFolder];
-  settings.readInPart = false;
-  try {
-    readSlots(settings, LineReader::ofFile(settingsPath(programFolder)));
-    deriveCompanyLine(settings);
-    if (dataFolder.isEmpty()) dataFolder = defaultDataFolder(programFolder);
-  } catch (const RuntimeError& error) {
-    settings.readInPart = !error.is(ErrorNumber::kFileNotFound);
-    if (!settings.readInPart) dataFolder = defaultDataFolder(programFolder);
-  }
+  if (settings.unsaved.empty()) readFile(settings, programFolder);
 }
 
-void writeSettings(Settings& settings, const QString& programFolder) {
-  settings.unsaved = true;
-  if (settings.readInPart) keepUnread(settingsPath(programFolder));
+void writeSettings(Settings& settings, const QString& programFolder, int changed) {
+  settings.unsaved.insert(changed);
+  Settings found = settings;  // what the file does not name stays
+  const Reading reading = readFile(found, programFolder);
+  if (reading == Reading::kWhole) takeOver(settings, found);
+  if (reading == Reading::kInPart) keepUnread(settingsPath(programFolder));
   LineWriter writer;
   for (int slot = 1; slot <= kLastStoredSlot; ++slot) {
     QString text = isSegment(slot)
@@ -156,8 +178,7 @@ void writeSettings(Settings& settings, const QString& programFolder) {
     writer.fields({QString::number(slot), LineWriter::quoted(text)});
   }
   writeFileSafely(settingsPath(programFolder), writer.content());
-  settings.unsaved = false;
-  settings.readInPart = false;
+  settings.unsaved.clear();
 }
 
 }  // namespace calvora

@@ -22,11 +22,13 @@ QString dialogFolder(const Settings& settings, const QString& programFolder);
 /// it, the data folder is the default; a fault ends reading silently, with neither line derived.
 void readSettings(Settings& settings, const QString& programFolder);
 
-/// Writes the settings file, slots 1 to 12. What was not readable in the old file is kept beside it
-/// as `cvra.ini.alt`, `.alt2` and so on. Runtime error 75 or 61, and the old file untouched, if
-/// that fails or the old one is larger than any settings are (4 MiB); the settings then count as
-/// unsaved.
-void writeSettings(Settings& settings, const QString& programFolder);
+/// Writes the settings file, slots 1 to 12, after slot `changed` was changed here; the first
+/// segment stands for the whole company line. What is not changed here comes from the file, which
+/// another instance may have written, and is in force here from then on. A file that cannot be read
+/// to its end is kept beside the new one as `cvra.ini.alt`, `.alt2` and so on. Runtime error 75 or
+/// 61, and the old file untouched, if writing fails or the old one is larger than any settings are
+/// (4 MiB); what was changed then counts as unsaved.
+void writeSettings(Settings& settings, const QString& programFolder, int changed);
 
 /// The four segments as one list: each followed by "|", and a "|" in them as "/".
 QString segmentList(const CompanyLines& segments);

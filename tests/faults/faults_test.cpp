@@ -38,7 +38,7 @@ struct Work {
     if (operation == "cvp"_L1) writeFileSafely(path, projectContent({program.header, {}}, u"a"_s));
     if (operation == "settings"_L1) {
       program.settings.slot[setting::kDataFolder] = text;
-      writeSettings(program.settings, QFileInfo(path).path());
+      writeSettings(program.settings, QFileInfo(path).path(), setting::kDataFolder);
     }
     if (operation == "pdf"_L1) {
       PdfPaper paper(path, text, reportPage(false));

@@ -119,7 +119,7 @@ class StorageTest : public QObject {
     settings.slot[10] = u"D:\\Wässer\\Daten, alt"_s;
     settings.segments = {u"Wasser & Wärme GmbH       "_s, u"Süßer Weg 3, Hof    "_s, u"    "_s,
                          u"\"post\"@wasser.example"_s};
-    writeSettings(settings, folder_->path());
+    writeSettings(settings, folder_->path(), setting::kFirstSegment);
     QCOMPARE(bytesOf(at("cvra.ini")), golden("cvra.ini"));
     // Reading and changing the data folder leaves the company line.
     Settings again;
@@ -127,12 +127,12 @@ class StorageTest : public QObject {
     QCOMPARE(again.slot[setting::kPrintLine],
              u"Wasser & Wärme GmbH       Süßer Weg 3, Hof        'post'@wasser.example"_s);
     again.slot[setting::kDataFolder] = u"E:\\neu"_s;
-    writeSettings(again, folder_->path());
+    writeSettings(again, folder_->path(), setting::kDataFolder);
     QCOMPARE(bytesOf(at("cvra.ini")),
              golden("cvra.ini").replace("D:\\W\xE4sser\\Daten, alt", "E:\\neu"));
     // The print line is cut, but no segment is.
     settings.segments.fill(QString(40, u'ü'));
-    writeSettings(settings, folder_->path());
+    writeSettings(settings, folder_->path(), setting::kFirstSegment);
     readSettings(again, folder_->path());
     QCOMPARE(again.slot[setting::kPrintLine], QString(115, u'ü'));
     QCOMPARE(linesOfSegmentList(again.slot[setting::kSegmentList]), settings.segments);
@@ -339,7 +339,7 @@ class StorageTest : public QObject {
     QVERIFY(QDir().mkpath(program));
     settings = {};
     readSettings(settings, program);
-    writeSettings(settings, program);
+    writeSettings(settings, program, setting::kDataFolder);
     settings = {};
     readSettings(settings, program);
     QCOMPARE(folder, defaultDataFolder(program));
@@ -355,7 +355,7 @@ class StorageTest : public QObject {
     QVERIFY(segments.size() == 4 && !segments.contains(QString()));
     QCOMPARE(settings.slot[setting::kPrintLine], segments.join(QString()));
     QCOMPARE(joined(linesOfSegmentList(list)), segments.mid(0, 3).join(u';') + u';');
-    writeSettings(settings, folder_->path());
+    writeSettings(settings, folder_->path(), setting::kDataFolder);
     QVERIFY(bytesOf(at("cvra.ini")).contains(blank));
   }
 
@@ -365,10 +365,11 @@ class StorageTest : public QObject {
     Settings settings;
     readSettings(settings, folder_->path());
     settings.slot[setting::kDataFolder] = u"D:\\neu"_s;
-    for (int save = 0; save < 2; ++save) writeSettings(settings, folder_->path());
+    for (int save = 0; save < 2; ++save)
+      writeSettings(settings, folder_->path(), setting::kDataFolder);
     put("cvra.ini", "x,\"y\"");
     readSettings(settings, folder_->path());
-    writeSettings(settings, folder_->path());
+    writeSettings(settings, folder_->path(), setting::kDataFolder);
     QCOMPARE(bytesOf(at("cvra.ini.alt")), foreign);
     QCOMPARE(bytesOf(at("cvra.ini.alt2")), QByteArray("x,\"y\""));
     readSettings(settings, folder_->path());
@@ -377,7 +378,8 @@ class StorageTest : public QObject {
     const auto cannotBeReplaced = [&](bool made) {
       QVERIFY(made);
       readSettings(settings, folder_->path());
-      QCOMPARE(errorOf([&] { writeSettings(settings, folder_->path()); }), 75);
+      QCOMPARE(errorOf([&] { writeSettings(settings, folder_->path(), setting::kDataFolder); }),
+               75);
     };
     const QByteArray encoded = QFile::encodeName(at("cvra.ini"));
     const char* path = encoded.constData();
@@ -385,6 +387,44 @@ class StorageTest : public QObject {
     cannotBeReplaced(mkdir(path, 0700) == 0);
     cannotBeReplaced(rmdir(path) == 0 && mkfifo(path, 0600) == 0);
     cannotBeReplaced(unlink(path) == 0 && symlink("/dev/zero", path) == 0);
+  }
+
+  void whatAnotherInstanceSavedIsKeptAndInForce() {
+    const CompanyLines segments = storedSegments({u"A"_s, u"B"_s, u"C"_s, u"D"_s});
+    for (const bool lineFirst : {true, false}) {
+      put("cvra.ini", golden("cvra.ini"));
+      Settings line;
+      Settings path;
+      for (Settings* instance : {&line, &path}) readSettings(*instance, folder_->path());
+      line.segments = segments;
+      path.slot[setting::kDataFolder] = u"E:\\neu"_s;
+      const auto saveLine = [&] { writeSettings(line, folder_->path(), setting::kFirstSegment); };
+      if (lineFirst) saveLine();
+      writeSettings(path, folder_->path(), setting::kDataFolder);
+      if (!lineFirst) saveLine();
+      Settings next;
+      readSettings(next, folder_->path());
+      const Settings& last = lineFirst ? path : line;
+      for (const Settings* settings : std::initializer_list<const Settings*>{&next, &last}) {
+        QCOMPARE(settings->segments, segments);
+        QCOMPARE(settings->slot[setting::kDataFolder], u"E:\\neu"_s);
+      }
+      if (lineFirst) {
+        QCOMPARE(last.slot[setting::kPrintLine], joinedSegments(segments));
+        QCOMPARE(last.slot[setting::kSegmentList], segmentList(segments));
+      }
+    }
+    // Who chooses the same again means it, and what the file lost is still known here.
+    Settings mine;
+    readSettings(mine, folder_->path());
+    put("cvra.ini", "10,\"F:\\\"\r\n");
+    writeSettings(mine, folder_->path(), setting::kDataFolder);
+    put("cvra.ini", "");
+    writeSettings(mine, folder_->path(), setting::kUncertainties);
+    Settings next;
+    readSettings(next, folder_->path());
+    QCOMPARE(next.segments, segments);
+    QCOMPARE(next.slot[setting::kDataFolder], u"E:\\neu"_s);
   }
 
   /// Four lines, or how many x they have => stored segments; preview; length of both.

@@ -79,7 +79,8 @@ void plausi::done(int result) {
 void plausi::keepUncertainties() {
   settings_.slot[setting::kUncertainties] = settingOf(Form1->uncertainties());
   changed();
-  Dateien::inispeichern(settings_, programFolder_, questions_);
+  showFailure(*failure_, Dateien::inispeichern(settings_, programFolder_, questions_,
+                                               setting::kUncertainties));
 }
 
 // ---- Design ----
@@ -114,6 +115,8 @@ QLabel[verdict="bad"] { background: #fbd9d3; })"_s);
   layout->addWidget(Label1);
   layout->addWidget(Picture1);
   layout->addWidget(SSTab1, 1);
+  failure_ = makeFailureLine();
+  layout->addWidget(failure_);
   layout->addLayout(makeButtonRow({&Command1(kCopy), &Command1(kPrint), &Command1(kClose)}));
   Command1(kCopy).setToolTip(
       u"für eine Tabellenkalkulation; Strg+C kopiert nur die markierten "

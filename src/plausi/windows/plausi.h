@@ -50,6 +50,7 @@ class plausi : public QDialog {
   void keepUncertainties();
 
   Settings& settings_;
+  QLabel* failure_;
   const QString& programFolder_;
   Questions& questions_;
 };

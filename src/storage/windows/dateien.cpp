@@ -134,7 +134,7 @@ void Dateien::Command1_Click() {
     try {
       save();
     } catch (const RuntimeError& error) {
-      showFailure(u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
+      showFailure(*failure_, u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
     }
   });
 }
@@ -204,14 +204,6 @@ void Dateien::projektspeichern(const QString& path, const QString& title) {
   program_.record.flag[flag::kNameLine] = name;
 }
 
-/// Shows what the user must know before going on, and makes room for it.
-void Dateien::showFailure(const QString& text) {
-  failure_->setText(text);
-  failure_->show();
-  layout()->activate();
-  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
-}
-
 // ---- Loading ----
 
 bool Dateien::dateiladen() {
@@ -259,13 +251,18 @@ void Dateien::iniladen(Settings& settings, const QString& programFolder) {
   readSettings(settings, programFolder);
 }
 
-bool Dateien::inispeichern(Settings& settings, const QString& programFolder, Questions& questions) {
-  bool saved = false;
+QString Dateien::inispeichern(Settings& settings, const QString& programFolder,
+                              Questions& questions, int changed) {
+  QString failure = u"Die Einstellungen wurden nicht gespeichert. "_s;
   guarded(questions, u" dateien\\inispeichern"_s, [&] {
-    writeSettings(settings, programFolder);
-    saved = true;
+    try {
+      writeSettings(settings, programFolder, changed);
+      failure.clear();
+    } catch (const RuntimeError& error) {
+      failure += reasonOf(error);
+    }
   });
-  return saved;
+  return failure;
 }
 
 // ---- Design ----
@@ -341,14 +338,9 @@ void Dateien::buildNotices(QFormLayout& form) {
       "Datei/en des Projekts  seither  geändert,         sollte die Übersicht  neu  angelegt  "
       "werden !"_s,
       this);
-  failure_ = new QLabel(this);
-  failure_->setObjectName(u"failure"_s);
-  failure_->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
-  failure_->hide();
-  for (QLabel* notice : {Label9, failure_}) {
-    notice->setWordWrap(true);
-    form.addRow(notice);
-  }
+  Label9->setWordWrap(true);
+  failure_ = makeFailureLine();
+  for (QLabel* notice : {Label9, failure_}) form.addRow(notice);
 }
 
 void Dateien::prepareForMode(QFormLayout& form) {
@@ -412,9 +404,10 @@ void Dateien::connectDateAndButtons() {
   connect(DTPicker1, &DatePicker::refused, this, [this](const QString& text) {
     dateRefused_ = true;
     const bool later = QDate::fromString(text, u"d.M.yyyy"_s) > program_.today();
-    showFailure(u"„%1“ %2. Es bleibt beim %3."_s.arg(
-        text, later ? u"liegt in der Zukunft"_s : u"ist kein Datum wie 05.03.2026"_s,
-        dateText(DTPicker1->date())));
+    showFailure(*failure_,
+                u"„%1“ %2. Es bleibt beim %3."_s.arg(
+                    text, later ? u"liegt in der Zukunft"_s : u"ist kein Datum wie 05.03.2026"_s,
+                    dateText(DTPicker1->date())));
   });
   // Enter walks through the fields; it must not press a button on its way.
   for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);

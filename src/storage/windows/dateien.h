@@ -53,8 +53,10 @@ class Dateien : public QDialog {
   /// Reads the settings file and derives the print line and the segment list.
   static void iniladen(Settings& settings, const QString& programFolder);
 
-  /// Writes the settings file. False if that fails, which is reported.
-  static bool inispeichern(Settings& settings, const QString& programFolder, Questions& questions);
+  /// Writes the settings file after slot `changed` was changed, see `writeSettings`. Returns what
+  /// the user is to be told if that fails, else nothing.
+  static QString inispeichern(Settings& settings, const QString& programFolder,
+                              Questions& questions, int changed);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -99,7 +101,6 @@ class Dateien : public QDialog {
   [[nodiscard]] bool mayWrite(const QString& path);
   bool readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
   void tellIncomplete();
-  void showFailure(const QString& text);
   void setDate(bool given);
 
   Mode mode_;

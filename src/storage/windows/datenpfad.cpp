@@ -147,7 +147,10 @@ void datenpfad::Command1_Click(int index) {
   if (message(questions_, meldung::kPfadBestätigen, folder) == Button::kAbbrechen) return;
   Label3(1).setText(folder);
   settings_.slot[setting::kDataFolder] = folder;
-  if (!Dateien::inispeichern(settings_, programFolder_, questions_)) return;
+  const QString failure =
+      Dateien::inispeichern(settings_, programFolder_, questions_, setting::kDataFolder);
+  showFailure(*failure_, failure);
+  if (!failure.isEmpty()) return;  // the window stays, to try again
   message(questions_, meldung::kPfadGespeichert);
   close();
 }
@@ -171,6 +174,7 @@ void datenpfad::buildWindow() {
     label.setWordWrap(true);
     label.setMinimumHeight(twips(300));
   }
+  failure_ = makeFailureLine();
   QFont bold = font();
   bold.setBold(true);
   Label3(2).setFont(bold);
@@ -185,6 +189,7 @@ void datenpfad::buildWindow() {
   layout->addWidget(&Label3(2));
   layout->addWidget(Label2);
   layout->addWidget(&Label3(1));
+  layout->addWidget(failure_);
   layout->addLayout(makeButtonRow({&Command1(kSave), &Command1(kCancel)}));
   Dir1->viewport()->installEventFilter(this);
   // One click opens a folder, and so does Enter.

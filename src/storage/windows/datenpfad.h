@@ -48,6 +48,7 @@ class datenpfad : public QDialog {
   Settings& settings_;
   const QString& programFolder_;
   Questions& questions_;
+  QLabel* failure_;
   bool shown_ = false;
 };
 

@@ -69,13 +69,15 @@ void firma::save() {
   }
   if (!keyPressed_) return;
   settings_.segments = segments;
-  const bool saved = Dateien::inispeichern(settings_, programFolder_, questions_);
+  const QString failure =
+      Dateien::inispeichern(settings_, programFolder_, questions_, setting::kFirstSegment);
   settings_.slot[setting::kPrintLine] = printLine;
   settings_.slot[setting::kSegmentList] = segmentList(segments);
   // In the running program the first two slots of the segments hold line and list instead.
   settings_.slot[setting::kLastSegment - 1].clear();
   settings_.slot[setting::kLastSegment].clear();
-  if (!saved) return;  // the window stays, to try again
+  showFailure(*failure_, failure);
+  if (!failure.isEmpty()) return;  // the window stays, to try again
   datenpfad::message(questions_, meldung::kDruckzeileGespeichert);
   close();
 }
@@ -130,7 +132,9 @@ void firma::buildWindow() {
   addButtons(Command1, 1900, {{kSave, u"OK/speichern"_s}, {kCancel, u"abbrechen"_s}},
              [this](int index) { Command1_Click(index); });
   available->addLayout(makeButtonRow({&Command1(kSave), &Command1(kCancel)}), 1);
-  grid->addLayout(available, 7, 0, 1, 2);
+  failure_ = makeFailureLine();
+  grid->addWidget(failure_, 7, 0, 1, 2);
+  grid->addLayout(available, 8, 0, 1, 2);
   setMinimumWidth(twips(11500));
 }
 

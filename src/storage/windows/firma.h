@@ -38,6 +38,7 @@ class firma : public QDialog {
   Settings& settings_;
   const QString& programFolder_;
   Questions& questions_;
+  QLabel* failure_;
   bool keyPressed_ = false;  ///< only then is there something to save
 };
 
