@@ -57,16 +57,23 @@ class MonkeyDesktop final : public RecordingDesktop {
     return dice_.percent(50);
   }
 
-  std::optional<QString> askOpenFile(QWidget*, const FileRequest& request) override {
-    if (dice_.percent(15)) return std::nullopt;
-    if (dice_.percent(3)) return folder_.filePath(u"gibt/es nicht."_s + request.extension);
+  QStringList askOpenFile(QWidget*, const FileRequest& request) override {
+    if (dice_.percent(15)) return {};
+    QStringList files{anyFile(request.extension)};
+    while (request.several && dice_.percent(30)) files += anyFile(request.extension);
+    return files;
+  }
+
+  /// A file as users choose or drop one: mostly of that kind and sound.
+  QString anyFile(const QString& extension) {
+    if (dice_.percent(3)) return folder_.filePath(u"gibt/es nicht."_s + extension);
     if (dice_.percent(3)) return folder_.path();
     if (dice_.percent(2)) return QString();
-    if (dice_.percent(30)) damageOne(request.extension);
+    if (dice_.percent(30)) damageOne(extension);
     ++loads;
-    const QString kind = dice_.percent(97) ? u"*."_s + request.extension : u"*"_s;
+    const QString kind = dice_.percent(97) ? u"*."_s + extension : u"*"_s;
     const QStringList files = folder_.entryList({kind}, QDir::Files | QDir::Hidden, QDir::Name);
-    return folder_.filePath(files.isEmpty() ? anyName(request.extension) : dice_.oneOf(files));
+    return folder_.filePath(files.isEmpty() ? anyName(extension) : dice_.oneOf(files));
   }
 
   /// The window says that it saved by accepting; that very moment its program holds what it wrote.

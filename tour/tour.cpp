@@ -37,7 +37,9 @@ class Tour {
         desktop_(*new RecordingDesktop),
         application_(std::unique_ptr<Desktop>(&desktop_)),
         window_(application_.mainWindow()),
-        program_(application_.program()) {}
+        program_(application_.program()) {
+    program_.programFolder = folder_;  // no window was left anywhere
+  }
 
   /// Walks the whole way. False if a window did not come or a picture could not be written.
   bool walk() {

@@ -16,8 +16,10 @@ class Application {
   explicit Application(std::unique_ptr<Desktop> desktop = std::make_unique<RealDesktop>())
       : desktop_(std::move(desktop)) {}
 
-  /// Shows the main window; its first activation brings up the start window.
-  void show() {
+  /// Shows the main window; its first activation brings up the start window. The files are loaded
+  /// when that is left.
+  void show(const QStringList& files = {}) {
+    window_.filesAtStart = files;
     window_.show();
     window_.activateWindow();
   }

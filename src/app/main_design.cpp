@@ -81,6 +81,9 @@ void main::buildMenus() {
   };
   menu = menuBar()->addMenu(u"  &Menue"_s);
   mnu_load = add(u"Datei &laden"_s, u" ps_mnudladen"_s, &main::mnu_load_Click, u"Ctrl+O"_s);
+  mnu_recent = menu->addMenu(u"&Zuletzt verwendet"_s);
+  mnu_recent->setToolTipsVisible(true);
+  connect(menu, &QMenu::aboutToShow, this, &main::listRecent);
   mnu_save = add(u"Daten-&speichern"_s, u" main_save"_s, &main::mnu_save_Click, u"Ctrl+S"_s);
   mnu_drucken = add(u"&Drucken"_s, u" main_drucken"_s, &main::mnu_drucken_Click, u"Ctrl+P"_s);
   menu->addSeparator()->setObjectName(u"trenn1"_s);
@@ -164,6 +167,7 @@ void main::buildMask() {
   walk(*Command3);
   for (const int i : typedFields()) walk(Command1(i));
   walk(*Command2);
+  walk(*Command5);
   walk(*Command4);
   Text1(typedFields().front()).setFocus();
 
@@ -183,6 +187,9 @@ void main::buildStatusBar() {
   setRole(*keptStatus, Role::kKept);
   noticeStatus = add(0);
   noticeStatus->setStyleSheet(u"color: #a01010; font-weight: bold"_s);
+  Command5 = makeLink();
+  statusBar()->addWidget(Command5);
+  connect(Command5, &QPushButton::clicked, this, command(u" main_drucken"_s, &main::openPrinted));
   fileStatus = new ElidedLabel;
   statusBar()->addPermanentWidget(fileStatus);
   statusBar()->setContentsMargins(8, 0, 8, 0);

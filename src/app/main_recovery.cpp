@@ -18,7 +18,9 @@ using namespace Qt::StringLiterals;
 void main::begin() {
   guarded(questions_, u" main_wiederherstellen"_s, [this] { offerRecovery(); });
   lookForOthers();
-  showOver(*new start(*this, desktop_), feld::kLeitfähigkeit);
+  auto* window = new start(*this, desktop_);
+  showOver(*window, feld::kLeitfähigkeit);
+  connect(window, &QDialog::finished, this, &main::openFilesOfStart, Qt::QueuedConnection);
 }
 
 void main::offerRecovery() {

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QScopeGuard>
@@ -17,6 +18,7 @@
 #include "entry/key_filter.h"
 #include "overview/windows/analysen.h"
 #include "platform/elided_label.h"
+#include "platform/file_drop.h"
 #include "platform/look.h"
 #include "platform/placement.h"
 #include "plausi/origin.h"
@@ -37,20 +39,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void bringUp(QWidget& window) {
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
-
 /// Shows the window of a kind that is open, or a new one: two of them would overwrite each other.
 template <class Window, class... Arguments>
-void showOnce(QWidget& parent, Arguments&... arguments) {
+void showOnce(main& parent, Arguments&... arguments) {
   for (QObject* child : parent.children()) {
     auto* open = dynamic_cast<Window*>(child);
-    if (open != nullptr && open->isVisible()) return bringUp(*open);
+    if (open != nullptr && open->isVisible()) return parent.bringUp(*open);
   }
-  bringUp(*new Window(arguments..., &parent));
+  parent.bringUp(*new Window(arguments..., &parent));
 }
 
 /// A control's tool tip, which is also told to those who hear the mask.
@@ -80,6 +76,8 @@ main::main(Program& program, Questions& questions, Desktop& desktop)
   buildMask();
   Form_Load();
   history_.restored = [this](int field) { restored(field); };
+  rememberPlaceOf(*this);
+  takeFiles(*this, [this](const QStringList& paths) { openFiles(paths); });
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { focusMoved(now); });
   connect(qApp, &QGuiApplication::commitDataRequest, this, &main::commitData);
@@ -170,16 +168,22 @@ void main::finishEntry() {
 
 std::function<void()> main::command(const QString& location, void (main::*handler)(),
                                     const QString& step) {
-  return [this, location, handler, step] {
-    guarded(questions_, location, [&] {
-      finishEntry();
-      history_.begin();
-      (this->*handler)();
-    });
-    history_.note(step);
-    showStatus();
-    keepAnalysis();
+  return [=, this] {
+    perform(
+        location, [=, this] { (this->*handler)(); }, step);
   };
+}
+
+void main::perform(const QString& location, const std::function<void()>& action,
+                   const QString& step) {
+  guarded(questions_, location, [&] {
+    finishEntry();
+    history_.begin();
+    action();
+  });
+  history_.note(step);
+  showStatus();
+  keepAnalysis();
 }
 
 void main::Text1_KeyPress(int& code) {
@@ -208,7 +212,7 @@ void main::Text1_LostFocus(int index) {
 }
 
 bool main::takeOver(int index, const QString& text) {
-  ownAction_.clear();
+  forgetNotes();
   const auto noted = qScopeGuard([&] { history_.note(nameOf(index), index); });
   return enterText(index, text);
 }
@@ -274,7 +278,7 @@ void main::fillFrom(int index, const QStringList& numbers) {
   finishLeftBoxes();
   if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
-    ownAction_.clear();
+    forgetNotes();
     const auto noted = qScopeGuard([&] { history_.note(u"eingefügte Werte"_s, index); });
     int box = index;
     int focusBack = 0;
@@ -388,6 +392,7 @@ void main::showStatus() {
   const AnalysisRecord& record = program_.record;
   fieldStatus->showText(focusedBox_ == 0 ? QString() : rangeOfInput(focusedBox_));
   actionStatus->showText(ownAction_);
+  showPrinted();
   keptStatus->showText(keptSummary(record, program_.narrow));
   keptStatus->setToolTip(u"%1\n%2"_s.arg(keptStatus->text(), keptLine(record)).trimmed());
   const QString name = QFileInfo(program_.file.path).completeBaseName();
@@ -494,7 +499,7 @@ void main::Command1_Click(int index) {
 
 void main::datenkill(int number) {
   program_.resetRecord();
-  ownAction_.clear();
+  forgetNotes();
   if (number <= 0) darstellen();
 }
 
@@ -511,15 +516,22 @@ void main::showSaveWindow() {
   Dateien window(Dateien::Mode::kSaveAnalysis, program_, questions_, desktop_, this);
   window.exec();
   history_.note(u"Kopfdaten"_s);
+  noteAnalysis();
 }
 
 void main::mnu_load_Click() {
+  load({});
+}
+
+/// Loads the analysis that is given, or that the user chooses.
+void main::load(const QString& path) {
   if (datensich() == kAbbruch) return;
   Dateien window(Dateien::Mode::kLoadAnalysis, program_, questions_, desktop_, this);
   window.reset = [this] { datenkill(0); };
-  if (!window.dateiladen()) return;
+  if (!window.dateiladen(path)) return;
   showRead();
   window.exec();
+  noteAnalysis();
 }
 
 /// Computes and shows an analysis that was read from a file.
@@ -589,6 +601,7 @@ void main::Image1_Click() {
 void main::mnu2_ana_Click() {
   if (overview_ == nullptr || !overview_->isVisible()) {
     overview_ = new analysen(program_, questions_, desktop_);
+    overview_->printed = [this] { showStatus(); };
   }
   overview_->setWindowState(overview_->windowState() & ~Qt::WindowMinimized);
   bringUp(*overview_);
@@ -610,7 +623,7 @@ void main::mnu_neustart_Click() {
   Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
   program_.restart();
-  ownAction_.clear();
+  forgetNotes();
   darstellen();
   Dateien::iniladen(program_.settings, program_.programFolder);
 }
@@ -639,9 +652,7 @@ void main::updateManual() {
 
 void main::mnu2_handbuch_Click() {
   if (!QFileInfo::exists(manualPath()) || desktop_.openDocument(manualPath())) return;
-  questions_.ask({.text = u" Das Handbuch konnte nicht geöffnet werden ! "_s,
-                  .title = u"Handbuch"_s,
-                  .symbol = Symbol::kWarning});
+  datenpfad::message(questions_, meldung::kHandbuch, QDir::toNativeSeparators(manualPath()));
 }
 
 }  // namespace calvora

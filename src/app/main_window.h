@@ -76,6 +76,16 @@ class main : public QMainWindow {
   /// the rest in the recovery file. False if the user wants the session to go on.
   bool endSession(bool mayAsk);
 
+  /// Takes files as if they were dropped here: one analysis, or one project, which the overview
+  /// shows. Anything else is told.
+  void openFiles(const QStringList& paths);
+
+  /// Shows a window beside the mask, where it lay the last time, or brings it to the front.
+  void bringUp(QWidget& window);
+
+  /// What `openFiles` is to take as soon as the start window is left.
+  QStringList filesAtStart;
+
   ControlArray<TextBox> Text1;
   ControlArray<QLabel> Label5;
   ControlArray<QLabel> Label6;
@@ -90,6 +100,7 @@ class main : public QMainWindow {
   QLabel* Label4;
   QLabel* Label7;
   QFrame* Frame1;
+  QPushButton* Command5;  ///< in the status bar: the PDF file that was printed last
   QPushButton* Command4;  ///< in the status bar: the overall verdict of the plausibility check
 
   // The status bar.
@@ -100,6 +111,7 @@ class main : public QMainWindow {
   ElidedLabel* noticeStatus;  ///< that nothing can be kept for recovery, or another instance runs
 
   QAction* mnu_load;
+  QMenu* mnu_recent;
   QAction* mnu_save;
   QAction* mnu_drucken;
   QAction* mnu_neustart;
@@ -145,6 +157,17 @@ class main : public QMainWindow {
   void mnu3_redo_Click();
   void mnu3_save_Click();
   void Image1_Click();
+
+  // Files (main_files.cpp).
+  void load(const QString& path);
+  void loadGiven(const QString& path);
+  void openFilesOfStart();
+  void listRecent();
+  void noteAnalysis();
+  void forgetNotes();
+  void showPrinted();
+  void openPrinted();
+  void rememberPlaceOf(QWidget& window);
 
   // The way of an entry through the mask.
   void focusMoved(QWidget* now);
@@ -199,6 +222,7 @@ class main : public QMainWindow {
   /// location text, and what it changed can be undone under the name `step`.
   [[nodiscard]] std::function<void()> command(const QString& location, void (main::*handler)(),
                                               const QString& step = QStringLiteral("Kopfdaten"));
+  void perform(const QString& location, const std::function<void()>& action, const QString& step);
 
   Program& program_;
   Questions& questions_;

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFileInfo>
 
 #include "app/application.h"
 #include "platform/desktop.h"
@@ -12,6 +13,10 @@ int main(int argc, char* argv[]) {
   calvora::keepDialogMemoryIn(QApplication::applicationDirPath());
   calvora::applyLook(application);
   calvora::Application program;
-  program.show();
+  QStringList files;  // counted from the folder that the user is in now
+  for (const QString& name : QApplication::arguments().mid(1)) {
+    files += QFileInfo(name).absoluteFilePath();
+  }
+  program.show(files);
   return QApplication::exec();
 }

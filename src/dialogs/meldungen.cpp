@@ -46,6 +46,18 @@ std::span<const CatalogueMessage> catalogue() {
                      Symbol::kQuestion,
                      {u" Eine nicht gespeicherte Analyse vom %1 ist vorhanden,"_s,
                       u" aber nicht vollständig lesbar. Wiederherstellen ? "_s}),
+      catalogueEntry(kDateiFehlt, u"Datei"_s, Button::kOk, Symbol::kWarning,
+                     {u" Diese Datei gibt es nicht :"_s, u" %1"_s}),
+      catalogueEntry(kNichtGeladen, u"Datei"_s, Button::kOk, Symbol::kWarning,
+                     {u" Nicht geladen wurde :"_s,
+                      u"%1"_s,
+                      {},
+                      u" Das Hauptfenster lädt eine Analyse (.cva) oder ein Projekt (.cvp),"_s,
+                      u" die Übersicht mehrere Analysen oder ein Projekt."_s}),
+      catalogueEntry(kNichtGeöffnet, u"Datei"_s, Button::kOk, Symbol::kWarning,
+                     {u" Diese Datei konnte nicht geöffnet werden :"_s, u" %1"_s}),
+      catalogueEntry(kHandbuch, u"Handbuch"_s, Button::kOk, Symbol::kWarning,
+                     {u" Das Handbuch konnte nicht geöffnet werden ! "_s, u" %1"_s}),
   };
   return kCatalogue;
 }

@@ -39,6 +39,9 @@ struct Program : Analysis {
   /// The printer's page orientation; what was chosen stays in force for the next report.
   bool landscape = false;
 
+  /// The PDF file that was printed last, until the next entry; the status bar names it.
+  QString printedFile;
+
   /// Tells what day it is; tests set their own.
   std::function<QDate()> today = [] { return QDate::currentDate(); };
 

@@ -31,6 +31,10 @@ Button uebersichtMeldung(Questions& questions, int code, const QString& extra) {
                      Symbol::kAttention, {u"Wasser - %1  "_s, u"entfernen ?"_s}),
       catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kDone,
                      {u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
+      catalogueEntry(kNichtVollständig, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kWarning,
+                     {u" Nicht oder nicht vollständig gelesen wurde :"_s, u"%1"_s}),
+      catalogueEntry(kKeinPlatz, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kWarning,
+                     {u" Die Übersicht ist voll. Kein Platz war für :"_s, u"%1"_s}),
   };
   Message message = catalogueMessage(kCatalogue, code, extra);
   message.left = message.top = 0;
@@ -72,6 +76,15 @@ int filledSlots(const OverviewGrid& grid) {
   int count = 0;
   for (int k = 1; k <= OverviewGrid::kSlots; ++k) count += grid.slot[k].filled ? 1 : 0;
   return count;
+}
+
+QList<int> freeSlots(const OverviewGrid& grid, int first) {
+  QList<int> free;
+  for (int i = 0; i < OverviewGrid::kSlots; ++i) {
+    const int k = (first - 1 + i) % OverviewGrid::kSlots + 1;
+    if (!grid.slot[k].filled) free += k;
+  }
+  return free;
 }
 
 QString cellText(const OverviewGrid& grid, int row, int column) {

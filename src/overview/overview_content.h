@@ -14,10 +14,12 @@ namespace uebersicht {
 inline constexpr int kAlleLöschen = 1;
 inline constexpr int kEntfernen = 2;
 inline constexpr int kProjektGespeichert = 3;
+inline constexpr int kNichtVollständig = 4;
+inline constexpr int kKeinPlatz = 5;
 }  // namespace uebersicht
 
 /// Shows the overview's message of `code`, centred, and returns the pressed button. `extra` is the
-/// slot that message 2 asks about.
+/// slot that message 2 asks about, or the names of files.
 Button uebersichtMeldung(Questions& questions, int code, const QString& extra = {});
 
 /// Whether a row is empty in every column and only parts two groups of fields.
@@ -35,6 +37,9 @@ void enterAnalysis(OverviewGrid& grid, int slot, const OverviewAnalysis& analysi
 
 /// How many slots are filled.
 int filledSlots(const OverviewGrid& grid);
+
+/// The slots that are not filled, from one on and then those before it.
+QList<int> freeSlots(const OverviewGrid& grid, int first);
 
 /// The text of a cell; columns 0 to 9.
 QString cellText(const OverviewGrid& grid, int row, int column);

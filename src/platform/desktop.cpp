@@ -34,7 +34,7 @@ namespace {
 constexpr int kInputBoxWidth = 5400;  // twips
 constexpr int kTypeColumn = 2;        // of the toolkit's list of files
 
-std::optional<QString> askFile(QFileDialog& dialog, const FileRequest& request) {
+QStringList askFile(QFileDialog& dialog, const FileRequest& request) {
   dialog.setDirectory(request.folder);
   dialog.setNameFilter(u"Calvora-Dateien (*.%1)"_s.arg(request.extension));
   if (!request.proposed.isEmpty()) dialog.selectFile(request.proposed);
@@ -42,8 +42,8 @@ std::optional<QString> askFile(QFileDialog& dialog, const FileRequest& request) 
     files->hideColumn(kTypeColumn);  // all have the same, and it is named in English
     files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   }
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.selectedFiles().value(0);
+  if (dialog.exec() != QDialog::Accepted) return {};
+  return dialog.selectedFiles();
 }
 
 const QString kPdfPrinter = u"PDF-Datei"_s;
@@ -108,9 +108,9 @@ bool RealDesktop::openDocument(const QString& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
-std::optional<QString> RealDesktop::askOpenFile(QWidget* parent, const FileRequest& request) {
+QStringList RealDesktop::askOpenFile(QWidget* parent, const FileRequest& request) {
   QFileDialog dialog(parent, u"Öffnen"_s);
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(request.extension);
   return askFile(dialog, request);
 }
@@ -119,7 +119,8 @@ std::optional<QString> RealDesktop::askSaveFile(QWidget* parent, const FileReque
   QFileDialog dialog(parent, u"Speichern unter"_s);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  return askFile(dialog, request);
+  const QStringList chosen = askFile(dialog, request);
+  return chosen.isEmpty() ? std::nullopt : std::optional(chosen.front());
 }
 
 std::optional<QString> RealDesktop::askText(QWidget* parent, const TextRequest& request) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,9 +14,10 @@ class Paper;
 
 /// What a file dialog is to offer.
 struct FileRequest {
-  QString folder;     ///< where it opens
-  QString extension;  ///< without point; the default, and the only kind shown
-  QString proposed;   ///< file name that is proposed when saving
+  QString folder;        ///< where it opens
+  QString extension;     ///< without point; the default, and the only kind shown
+  QString proposed;      ///< file name that is proposed when saving
+  bool several = false;  ///< when opening: more than one file may be chosen
 };
 
 /// What an input box asks, and where it lies on the screen.
@@ -49,8 +50,8 @@ class Desktop {
   /// Opens a document with the program that the system has for it. False if it has none.
   virtual bool openDocument(const QString& path) = 0;
 
-  /// The path of the file to open; none if the user cancels.
-  virtual std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) = 0;
+  /// The paths of the files to open; none if the user cancels.
+  virtual QStringList askOpenFile(QWidget* parent, const FileRequest& request) = 0;
 
   /// The path of the file to save; none if the user cancels. The extension may be missing, and it
   /// is the caller who asks before a file is replaced.
@@ -77,7 +78,7 @@ class RealDesktop final : public Desktop {
  public:
   void endProgram() override;
   bool openDocument(const QString& path) override;
-  std::optional<QString> askOpenFile(QWidget* parent, const FileRequest& request) override;
+  QStringList askOpenFile(QWidget* parent, const FileRequest& request) override;
   std::optional<QString> askSaveFile(QWidget* parent, const FileRequest& request) override;
   std::optional<QString> askText(QWidget* parent, const TextRequest& request) override;
   std::unique_ptr<Paper> askPrinter(QWidget* parent, const PrintRequest& request) override;

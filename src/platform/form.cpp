@@ -68,6 +68,16 @@ QPushButton* makeButton(const QString& caption, int width) {
   return button;
 }
 
+QPushButton* makeLink() {
+  auto* link = new QPushButton;
+  link->setFlat(true);
+  link->setCursor(Qt::PointingHandCursor);
+  link->setStyleSheet(
+      QStringLiteral("color: #0b57d0; text-decoration: underline; padding: 2px 6px"));
+  pressOnEnter(*link);
+  return link;
+}
+
 void addButtons(ControlArray<QPushButton>& buttons, int width,
                 std::initializer_list<std::pair<int, QString>> captions,
                 const std::function<void(int)>& clicked) {

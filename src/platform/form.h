@@ -22,6 +22,9 @@ void setWindowMargins(QLayout& layout);
 /// A button of the height that all have; `width` is its least one, in twips.
 QPushButton* makeButton(const QString& caption, int width);
 
+/// A button that looks like a link.
+QPushButton* makeLink();
+
 /// Makes the buttons of an array, by index and caption. A click, or Enter while it has the focus,
 /// calls `clicked` with a button's index.
 void addButtons(ControlArray<QPushButton>& buttons, int width,

@@ -22,6 +22,9 @@ class Paper {
   /// or 75 if its file cannot be written.
   virtual void deliver() = 0;
 
+  /// The path of the file that the document becomes; empty for a printer.
+  [[nodiscard]] virtual QString file() const { return {}; }
+
   [[nodiscard]] bool landscape() {
     return device().pageLayout().orientation() == QPageLayout::Landscape;
   }
@@ -33,6 +36,7 @@ class PdfPaper final : public Paper {
   PdfPaper(const QString& path, const QString& title, const QPageLayout& layout);
   QPagedPaintDevice& device() override { return writer_; }
   void deliver() override;
+  [[nodiscard]] QString file() const override { return path_; }
 
  private:
   QString path_;

@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 namespace calvora {
 
@@ -103,6 +104,56 @@ class Keeper : public QObject {
   }
 };
 
+WindowPlace placeOf(const QWidget& window) {
+  const QRect geometry = window.geometry();
+  const QRect frame = window.frameGeometry();
+  if (!window.isMaximized()) return {.frame = frame, .size = geometry.size()};
+  const QRect otherwise = window.normalGeometry();
+  const QMargins margins(geometry.left() - frame.left(), geometry.top() - frame.top(),
+                         frame.right() - geometry.right(), frame.bottom() - geometry.bottom());
+  return {.frame = otherwise + margins, .size = otherwise.size(), .maximised = true};
+}
+
+/// Puts a window to its place before it is shown; one that no screen shows whole is forgotten.
+void restorePlace(QWidget& window, const WindowPlace& place) {
+  const QSize size = place.size.expandedTo(neededSize(window)).boundedTo(window.maximumSize());
+  const QRect frame(place.frame.topLeft(), size + place.frame.size() - place.size);
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  const bool isSeen = std::ranges::any_of(
+      screens, [&](const QScreen* screen) { return screen->availableGeometry().contains(frame); });
+  if (isSeen) {
+    window.resize(size);
+    window.move(frame.topLeft());
+  }
+  if (place.maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
+}
+
+/// Sees a window come and go.
+class PlaceKeeper : public QObject {
+ public:
+  PlaceKeeper(QWidget& window, PlaceMemory memory)
+      : QObject(&window), window_(window), memory_(std::move(memory)) {}
+
+  /// The desktop has its say between the showing and the first picture.
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint && !shown_) shown_ = placeOf(window_);
+    if (event->spontaneous()) return false;
+    if (event->type() == QEvent::Show) {
+      if (const auto place = memory_.recall()) restorePlace(window_, *place);
+    }
+    if (event->type() == QEvent::Hide && shown_) {
+      const WindowPlace left = placeOf(window_);
+      if (left != std::exchange(shown_, std::nullopt)) memory_.keep(left);
+    }
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+  PlaceMemory memory_;
+  std::optional<WindowPlace> shown_;  ///< where it lay in its first picture
+};
+
 }  // namespace
 
 void placeOnScreen(QWidget& window, QPoint wanted) {
@@ -112,6 +163,10 @@ void placeOnScreen(QWidget& window, QPoint wanted) {
 
 void keepWindowsOnScreen(QApplication& application) {
   application.installEventFilter(new Keeper(&application));
+}
+
+void rememberPlace(QWidget& window, const PlaceMemory& memory) {
+  window.installEventFilter(new PlaceKeeper(window, memory));
 }
 
 ScrollingContent::ScrollingContent(QWidget* content, QWidget* parent) : QScrollArea(parent) {

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+#include "platform/file_drop.h"
 #include "platform/form.h"
 
 namespace calvora {
@@ -27,6 +28,11 @@ void RemarkBox::keyPressEvent(QKeyEvent* event) {
     if (code == 0) return event->accept();
   }
   QPlainTextEdit::keyPressEvent(event);
+}
+
+/// No file is dropped as a text.
+bool RemarkBox::canInsertFromMimeData(const QMimeData* source) const {
+  return draggedFiles(*source).isEmpty() && QPlainTextEdit::canInsertFromMimeData(source);
 }
 
 void RemarkBox::insertFromMimeData(const QMimeData* source) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "entry/key_filter.h"
+#include "platform/file_drop.h"
 #include "platform/form.h"
 
 namespace calvora {
@@ -129,6 +130,12 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
 void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {
   QLineEdit::mouseDoubleClickEvent(event);
   if (holdsValue) selectAll();
+}
+
+/// A file is for the window, although it is offered as a text as well.
+void TextBox::dragEnterEvent(QDragEnterEvent* event) {
+  if (!draggedFiles(*event->mimeData()).isEmpty()) return event->ignore();
+  QLineEdit::dragEnterEvent(event);
 }
 
 /// A dropped text is pasted: the box takes the focus first, and what was left by that is finished

@@ -70,6 +70,7 @@ struct Room : Mask {
     desktop.paths.clear();
     if (kind == 'l'_L1) choose(u"a.cva"_s);
     if (kind == 'm'_L1) desktop.paths = {at(u"fort.cva"_s)};
+    if (kind == 'm'_L1) questions.expect(says(u"file-missing "_s + desktop.paths.front()));
     if (kind == 'p'_L1) choose(u"three.cvp"_s);
     if (kind == 'v'_L1) choose(u"ignored"_s);
     if (kind == 's'_L1 || kind == 'f'_L1) {

@@ -12,8 +12,11 @@ namespace calvora {
 /// PDF, and the other windows are Qt's own.
 class RecordingDesktop : public Desktop {
  public:
-  std::optional<QString> askOpenFile(QWidget*, const FileRequest& request) override {
-    return nextPath(request);
+  /// Where several files may be chosen, one answer is all of them, parted by "|".
+  QStringList askOpenFile(QWidget*, const FileRequest& request) override {
+    const auto path = nextPath(request);
+    if (!path) return {};
+    return request.several ? path->split(QLatin1Char('|')) : QStringList{*path};
   }
   std::optional<QString> askSaveFile(QWidget*, const FileRequest& request) override {
     return nextPath(request);

@@ -3,13 +3,17 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 
 #include "base/guarded.h"
+#include "dialogs/meldungen.h"
 #include "overview/overview_content.h"
+#include "platform/file_drop.h"
 #include "platform/form.h"
 #include "print/windows/drucker.h"
+#include "storage/given_files.h"
 #include "storage/windows/dateien.h"
 
 namespace calvora {
@@ -29,6 +33,7 @@ analysen::analysen(Program& program, Questions& questions, Desktop& desktop)
     : program_(program), questions_(questions), desktop_(desktop), project_{program.header, {}} {
   setAttribute(Qt::WA_DeleteOnClose);
   buildWindow();
+  takeFiles(*this, [this](const QStringList& paths) { openFiles(paths); });
   enterNames(grid_);
   darstellen();
   updateButtons();
@@ -82,20 +87,61 @@ void analysen::darstellen() {
 
 void analysen::Label1_Click(int slot) {
   guarded(questions_, u" analysen\\L1_click"_s, [this, slot] {
-    if (grid_.slot[slot].filled) {
-      removeAnalysis(slot);
-    } else {
-      loadAnalysis(slot);
+    if (grid_.slot[slot].filled) return removeAnalysis(slot);
+    Dateien dialog(Dateien::Mode::kReadForOverview, program_, questions_, desktop_, this);
+    loadAnalyses(dialog.dateienWählen(), slot);
+  });
+}
+
+void analysen::openFiles(const QStringList& paths) {
+  guarded(questions_, u" analysen\\L1_click"_s, [&] {
+    switch (kindOf(paths)) {
+      case Given::kNothing:
+        return;
+      case Given::kAnalyses:
+        return loadAnalyses(paths, 1);
+      case Given::kProject:
+        return loadProject(paths.front());
+      case Given::kOther:
+        questions_.ask(katalogMeldung(meldung::kNichtGeladen, namesOf(paths)));
     }
   });
 }
 
-void analysen::loadAnalysis(int slot) {
+/// Enters a single analysis, whose header the user reads before.
+void analysen::loadAnalysis(const QString& path, int slot) {
   Dateien window(Dateien::Mode::kReadForOverview, program_, questions_, desktop_, this);
-  if (!window.dateiladen()) return;
+  if (!window.dateiladen(path)) return;
   window.exec();
   flex_ein(slot + 1, window.analysis());
   updateButtons();
+}
+
+/// Enters analyses into the free slots from one on, then into those before it. What went wrong is
+/// told once for all of them.
+void analysen::loadAnalyses(const QStringList& paths, int firstSlot) {
+  QList<int> open = freeSlots(grid_, firstSlot);
+  if (paths.size() == 1 && !open.isEmpty()) return loadAnalysis(paths.front(), open.front());
+  QStringList damaged;
+  QStringList left;
+  for (const QString& path : paths) {
+    if (open.isEmpty()) {
+      left += path;
+      continue;
+    }
+    Dateien reader(Dateien::Mode::kReadForOverview, program_, questions_, desktop_, this);
+    const Dateien::Read ended = reader.lesen(path);
+    if (ended != Dateien::Read::kWhole) damaged += path;
+    const bool isRead = ended == Dateien::Read::kWhole || ended == Dateien::Read::kInPart;
+    if (isRead) flex_ein(open.takeFirst() + 1, reader.analysis());
+  }
+  updateButtons();
+  tellFiles(uebersicht::kNichtVollständig, damaged);
+  tellFiles(uebersicht::kKeinPlatz, left);
+}
+
+void analysen::tellFiles(int code, const QStringList& paths) {
+  if (!paths.isEmpty()) message(code, namesOf(paths));
 }
 
 void analysen::removeAnalysis(int slot) {
@@ -114,7 +160,7 @@ void analysen::Command1_Click(int index) {
     if (index == kReset) emptyGrid();
     if (index == kPrint) print();
     if (index == kSaveProject) saveProject();
-    if (index == kLoadProject) loadProject();
+    if (index == kLoadProject) loadProject({});
   });
 }
 
@@ -122,6 +168,7 @@ void analysen::print() {
   Drucker window(program_, questions_, desktop_, this, &project_);
   window.druckart(Bericht::kÜbersicht);
   window.exec();
+  printed();
 }
 
 /// Empties the overview; a project that goes with it takes its header along. False, and nothing
@@ -149,10 +196,12 @@ void analysen::saveProject() {
   message(code);
 }
 
-void analysen::loadProject() {
-  if (!emptyGrid()) return;
+/// Loads a project that the user chooses, or the one that is given and there.
+void analysen::loadProject(const QString& path) {
+  const bool isThere = path.isEmpty() || QFileInfo::exists(path);
+  if (isThere && !emptyGrid()) return;
   Dateien window(Dateien::Mode::kLoadProject, program_, questions_, desktop_, this, &project_);
-  if (!window.projektladen()) return;
+  if (!window.projektladen(path)) return;
   darstellen();
   window.exec();
   updateButtons();

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 
 #include "base/questions.h"
 #include "model/program.h"
@@ -32,6 +33,13 @@ class analysen : public QWidget {
   /// the value of the pressed button in `code`.
   void message(int& code, const QString& extra = {});
 
+  /// Takes files as if they were dropped here: analyses into the free slots, or one project. What
+  /// is neither is told.
+  void openFiles(const QStringList& paths);
+
+  /// The overview was printed.
+  std::function<void()> printed = [] {};
+
   /// What is shown, and the header that describes it.
   [[nodiscard]] const Project& project() const { return project_; }
 
@@ -51,13 +59,15 @@ class analysen : public QWidget {
   void darstellen();
   void updateButtons();
   void Label1_Click(int slot);
-  void loadAnalysis(int slot);
+  void loadAnalysis(const QString& path, int slot);
+  void loadAnalyses(const QStringList& paths, int firstSlot);
+  void tellFiles(int code, const QStringList& paths);
   void removeAnalysis(int slot);
   void Command1_Click(int index);
   void print();
   bool emptyGrid();
   void saveProject();
-  void loadProject();
+  void loadProject(const QString& path);
   void copy();
 
   Program& program_;

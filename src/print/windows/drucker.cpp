@@ -117,6 +117,7 @@ bool Drucker::printOn(Paper& paper) {
   druckkopf(printer, paper.landscape());
   const bool whole = papier(printer, kind_);
   paper.deliver();
+  program_.printedFile = paper.file();
   return whole;
 }
 

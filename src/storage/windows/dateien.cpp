@@ -1,6 +1,7 @@
 #include "storage/windows/dateien.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -8,6 +9,7 @@
 #include <array>
 
 #include "base/guarded.h"
+#include "dialogs/meldungen.h"
 #include "entry/date_text.h"
 #include "entry/key_filter.h"
 #include "platform/form.h"
@@ -206,43 +208,61 @@ void Dateien::projektspeichern(const QString& path, const QString& title) {
 
 // ---- Loading ----
 
-bool Dateien::dateiladen() {
-  return readChosenFile(kAnalysisFile, [this](const QString& path) {
-    if (mode_ == Mode::kLoadAnalysis) return readAnalysis(program_, path, reset);
-    analysis_ = readForOverview(path);
-    return analysis_.complete;
-  });
-}
-
-bool Dateien::projektladen() {
-  return readChosenFile(kProjectFile,
-                        [this](const QString& path) { return readProject(*project_, path); });
-}
-
-/// Lets the user choose a file, has it read and shows its header. `read` returns whether it was
-/// read completely; if not, the user is told.
-bool Dateien::readChosenFile(const QString& extension,
-                             const std::function<bool(const QString&)>& read) {
-  const QString folder = dialogFolder(program_.settings, program_.programFolder);
-  while (const auto path = desktop_.askOpenFile(parentWidget(), {folder, extension, {}})) {
-    try {
-      const bool complete = read(path->trimmed());
-      const bool dateFits = showReadHeader();
-      if (!complete || !dateFits) tellIncomplete();
-      return true;
-    } catch (const RuntimeError& error) {
-      const bool missing = error.is(ErrorNumber::kFileNotFound);
-      if (!missing) tellIncomplete();
-      if (!missing || mode_ != Mode::kLoadAnalysis) return false;
-    }
+bool Dateien::dateiladen(const QString& path) {
+  if (!path.isEmpty()) {
+    const Read ended = lesen(path);
+    if (ended != Read::kMissing) return tell(ended);
+    questions_.ask(katalogMeldung(meldung::kDateiFehlt, QDir::toNativeSeparators(path)));
+    return false;
+  }
+  for (QStringList chosen = choose(false); !chosen.isEmpty(); chosen = choose(false)) {
+    const Read ended = lesen(chosen.front());
+    if (ended != Read::kMissing) return tell(ended);
+    if (mode_ != Mode::kLoadAnalysis) return false;
   }
   return false;
 }
 
-void Dateien::tellIncomplete() {
-  questions_.ask({.text = u" Die Datei konnte nicht vollständig gelesen werden ! "_s,
-                  .title = u"Datei"_s,
-                  .symbol = Symbol::kWarning});
+QStringList Dateien::dateienWählen() {
+  return choose(true);
+}
+
+QStringList Dateien::choose(bool several) const {
+  QStringList chosen = desktop_.askOpenFile(
+      parentWidget(), {.folder = dialogFolder(program_.settings, program_.programFolder),
+                       .extension = mode_ == Mode::kLoadProject ? kProjectFile : kAnalysisFile,
+                       .proposed = {},
+                       .several = several});
+  for (QString& path : chosen) path = path.trimmed();
+  return chosen;
+}
+
+Dateien::Read Dateien::lesen(const QString& path) {
+  try {
+    const bool whole = readWhole(path);
+    const bool dateFits = showReadHeader();
+    return whole && dateFits ? Read::kWhole : Read::kInPart;
+  } catch (const RuntimeError& error) {
+    return error.is(ErrorNumber::kFileNotFound) ? Read::kMissing : Read::kUnreadable;
+  }
+}
+
+/// Reads a file to where the window's mode wants it. False if reading ended early.
+bool Dateien::readWhole(const QString& path) {
+  if (mode_ == Mode::kLoadProject) return readProject(*project_, path);
+  if (mode_ == Mode::kLoadAnalysis) return readAnalysis(program_, path, reset);
+  analysis_ = readForOverview(path);
+  return analysis_.complete;
+}
+
+/// Tells the user what is missing of a file that is there. False if nothing was read.
+bool Dateien::tell(Read ended) {
+  if (ended != Read::kWhole) {
+    questions_.ask({.text = u" Die Datei konnte nicht vollständig gelesen werden ! "_s,
+                    .title = u"Datei"_s,
+                    .symbol = Symbol::kWarning});
+  }
+  return ended == Read::kWhole || ended == Read::kInPart;
 }
 
 // ---- Settings ----
@@ -312,7 +332,7 @@ void Dateien::buildFields(QFormLayout& form) {
   keepReadable(*DTPicker1);
   DTPicker1->setMinimumHeight(twips(400));
   projectDate_ = new QLabel(this);
-  Label8 = new QPushButton(this);
+  Label8 = makeLink();
   auto* date = new QHBoxLayout;
   for (QWidget* part : std::initializer_list<QWidget*>{DTPicker1, projectDate_, Label8}) {
     date->addWidget(part);
@@ -410,10 +430,7 @@ void Dateien::connectDateAndButtons() {
                     dateText(DTPicker1->date())));
   });
   // Enter walks through the fields; it must not press a button on its way.
-  for (QPushButton* button : {Label8, Command1, Command2}) pressOnEnter(*button);
-  Label8->setFlat(true);
-  Label8->setCursor(Qt::PointingHandCursor);
-  Label8->setStyleSheet(u"color: #0b57d0; text-decoration: underline; padding: 2px 6px"_s);
+  for (QPushButton* button : {Command1, Command2}) pressOnEnter(*button);
   connect(Label8, &QPushButton::clicked, this, &Dateien::Label8_Click);
   connect(Command1, &QPushButton::clicked, this, &Dateien::Command1_Click);
   connect(Command2, &QPushButton::clicked, this, &Dateien::reject);

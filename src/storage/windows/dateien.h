@@ -35,10 +35,20 @@ class Dateien : public QDialog {
   /// slot 0 gets its name line. Runtime error 75, 61 or 5, and nothing changed, if that fails.
   void dateispeichern(const QString& path, const QString& title);
 
+  /// How the reading of a file ended.
+  enum class Read { kWhole, kInPart, kUnreadable, kMissing };
+
   /// Lets the user choose an analysis file, again as long as the file for the main window does not
   /// exist, and reads it into the record and header of the program, or for the overview. False if
-  /// nothing was read. A file that was read in part counts as read, and the user is told.
-  bool dateiladen();
+  /// nothing was read. A file that was read in part counts as read, and the user is told. With a
+  /// path nothing is chosen, and a file that does not exist is told.
+  bool dateiladen(const QString& path = {});
+
+  /// Lets the user choose analyses for the overview. None if the user cancels.
+  [[nodiscard]] QStringList dateienWählen();
+
+  /// Reads a file as `dateiladen` and `projektladen` do, and tells nothing.
+  Read lesen(const QString& path);
 
   /// What `dateiladen` has read for the overview.
   [[nodiscard]] const OverviewAnalysis& analysis() const { return analysis_; }
@@ -48,7 +58,7 @@ class Dateien : public QDialog {
 
   /// Lets the user choose a project and reads it into the one that the window works on, whose slots
   /// come empty. Returns what `dateiladen` returns.
-  bool projektladen();
+  bool projektladen(const QString& path = {}) { return dateiladen(path); }
 
   /// Reads the settings file and derives the print line and the segment list.
   static void iniladen(Settings& settings, const QString& programFolder);
@@ -99,8 +109,9 @@ class Dateien : public QDialog {
   void save();
   [[nodiscard]] FileRequest saveRequest(const QString& extension) const;
   [[nodiscard]] bool mayWrite(const QString& path);
-  bool readChosenFile(const QString& extension, const std::function<bool(const QString&)>& read);
-  void tellIncomplete();
+  [[nodiscard]] QStringList choose(bool several) const;
+  bool readWhole(const QString& path);
+  bool tell(Read ended);
   void setDate(bool given);
 
   Mode mode_;

@@ -21,7 +21,7 @@ class datenpfad : public QDialog {
             QWidget* parent);
 
   /// Shows a message of the program's catalogue, one of `meldung`, and returns the pressed button.
-  /// `extra` is the fourth line of message 2. Any other code shows an empty message.
+  /// `extra` is what it tells. Any other code shows an empty message.
   static Button message(Questions& questions, int code, const QString& extra = {});
 
   QComboBox* Drive1;
