@@ -19,6 +19,7 @@
 #include <QTextStream>
 #include <QTimer>
 #include <QTimerEvent>
+#include <QUrl>
 #include <QWheelEvent>
 #include <atomic>
 #include <chrono>
@@ -226,7 +227,7 @@ class Monkey : public QObject {
     if (what < 67) return clickIn(window);
     if (what < 80) return chooseAction(window);
     if (what < 87) return shortcut(window);
-    if (what < 91) return paste(window);
+    if (what < 90) return paste(window);
     if (what < 92) return drop(window);
     if (what < 95) return turnWheel(window);
     if (what < 97) return resize(window);
@@ -288,12 +289,23 @@ class Monkey : public QObject {
     key(window, Qt::Key_V, {}, Qt::ControlModifier);
   }
 
+  QList<QUrl> anyUrls() {
+    QList<QUrl> urls;
+    do {
+      const QString path = desktop_.anyFile(dice_.percent(80) ? u"cva"_s : u"cvp"_s);
+      urls += QUrl::fromLocalFile(path);
+    } while (dice_.percent(40));
+    return urls;
+  }
+
   void drop(QWidget& window) {
     const QPointer<QWidget> child(anyChild(window));
-    if (!child->acceptDrops() || !child->isEnabled()) return;
-    note("drop", *child);
+    if (!child->isEnabled()) return;
     QMimeData data;
-    data.setText(desktop_.anyText());
+    const bool files = dice_.percent(50);
+    data.setText(files ? folder_ : desktop_.anyText());
+    if (files) data.setUrls(anyUrls());
+    note("drop", *child, files ? u"files"_s : u"text"_s);
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(child, &enter);
     if (!child || !enter.isAccepted()) return;
