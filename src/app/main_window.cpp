@@ -512,8 +512,9 @@ QString main::datensich() {
 }
 
 /// What is changed in the header is a step of its own, whatever command it belongs to.
-void main::showSaveWindow() {
+void main::showSaveWindow(const RuntimeError* failure) {
   Dateien window(Dateien::Mode::kSaveAnalysis, program_, questions_, desktop_, this);
+  if (failure != nullptr) window.showNotSaved(*failure);
   window.exec();
   history_.note(u"Kopfdaten"_s);
   noteAnalysis();
@@ -560,8 +561,8 @@ void main::mnu3_save_Click() {
   if (!isUnchanged(program_.file)) return mnu_save_Click();
   try {
     saveToOwnFile(program_);
-  } catch (const RuntimeError&) {
-    mnu_save_Click();
+  } catch (const RuntimeError& error) {
+    showSaveWindow(&error);
   }
 }
 

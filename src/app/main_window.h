@@ -173,7 +173,7 @@ class main : public QMainWindow {
   void focusMoved(QWidget* now);
   void finishLeftBoxes();
   void restored(int field);
-  void showSaveWindow();
+  void showSaveWindow(const RuntimeError* failure = nullptr);
   void showRead();
   void showOver(QDialog& window, int index);
   void moveFocus(int index, int step);

@@ -273,6 +273,14 @@ class MainWindowTest : public QObject {
     press(Qt::Key_Z, {});
     QCOMPARE(mask.program.record, AnalysisRecord{});
     QVERIFY(!mask.window.mnu3_undo->isEnabled());
+    for (int step = 0; step < 2; ++step) mask.press(Qt::Key_Y, Qt::ControlModifier);
+    mask.program.header[kopf::kProjekt] = QString(70'000, 'P'_L1);  // cannot be written
+    onNextModal<Dateien>(this, [](Dateien& window) {
+      QCOMPARE(window.findChild<QLabel*>(u"failure"_s)->text(),
+               u"Die Datei wurde nicht gespeichert. Ein Text ist zu lang."_s);
+      window.close();
+    });
+    mask.press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
   }
 
   // Name, steps as above, then what the fields look like (K11 a kept result 11, C20 a completed

@@ -136,9 +136,13 @@ void Dateien::Command1_Click() {
     try {
       save();
     } catch (const RuntimeError& error) {
-      showFailure(*failure_, u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
+      showNotSaved(error);
     }
   });
+}
+
+void Dateien::showNotSaved(const RuntimeError& error) {
+  showFailure(*failure_, u"Die Datei wurde nicht gespeichert. "_s + reasonOf(error));
 }
 
 void Dateien::save() {

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "base/questions.h"
+#include "base/runtime_error.h"
 #include "model/program.h"
 #include "platform/date_picker.h"
 #include "platform/desktop.h"
@@ -59,6 +60,9 @@ class Dateien : public QDialog {
   /// Lets the user choose a project and reads it into the one that the window works on, whose slots
   /// come empty. Returns what `dateiladen` returns.
   bool projektladen(const QString& path = {}) { return dateiladen(path); }
+
+  /// Says in the window why the file was not saved.
+  void showNotSaved(const RuntimeError& error);
 
   /// Reads the settings file and derives the print line and the segment list.
   static void iniladen(Settings& settings, const QString& programFolder);
