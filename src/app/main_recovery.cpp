@@ -81,7 +81,6 @@ bool main::endSession(bool mayAsk) {
     keepAnalysis();
     if (recovery_ != nullptr) recovery_->flush();
   });
-  sessionEnds_ = ends;
   return ends;
 }
 
@@ -93,10 +92,11 @@ void main::commitData(QSessionManager& session) {
   session.cancel();
 }
 
-/// The session's end comes as a wish to quit, of which the toolkit would make a close of every
-/// window, and the program another question.
+/// The session's end comes as a wish to quit, which nobody waits for. The toolkit would make a
+/// close of every window of it, and the program another question. What was not asked about stays in
+/// the recovery file.
 bool main::eventFilter(QObject* receiver, QEvent* event) {
-  if (event->type() != QEvent::Quit || receiver != qApp || !sessionEnds_) {
+  if (event->type() != QEvent::Quit || receiver != qApp) {
     return QMainWindow::eventFilter(receiver, event);
   }
   keepAnalysis();

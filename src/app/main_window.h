@@ -243,7 +243,6 @@ class main : public QMainWindow {
   std::unique_ptr<Recovery> recovery_;  ///< from the first activation on
   QString otherInstance_;               ///< that another one runs on this folder
   bool asking_ = false;                 ///< whether to save
-  bool sessionEnds_ = false;            ///< and whatever was to be asked about that was asked
 };
 
 }  // namespace calvora

@@ -174,6 +174,7 @@ class RecoveryTest : public QObject {
   void whatNobodyWasAskedAboutIsOffered_data() {
     rows(
         "type=>cvra1.rec | type;project;close=>cvra1.rec | type;end;quit=>cvra1.rec | "
+        "type;quit=>cvra1.rec | "
         "type;close Nein=> | type;save;close=> | type;new Nein;close=> | close=> | "
         "type;ask Nein;quit=> | type;ask Nein;close Nein=> | type;ask Nein;more=>cvra1.rec | "
         "type;ask Nein;more;quit=>cvra1.rec | "
