@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "app/start_window.h"
 #include "storage/project_file.h"
 #include "support/files.h"
 #include "support/window_support.h"
@@ -18,9 +19,20 @@ inline constexpr auto kAlkalineWater = "1=400 2=9,8 3=60 5=2,4 4=0,9 23=2 24=1 2
 struct Bench : BasicMask<AnyQuestions> {
   explicit Bench(const char* water = kAcidWater) {
     desktop.file = folder.filePath(u"bench"_s);
+    begin();
     for (const QString& entry : QString::fromLatin1(water).split(u' ')) {
       change(entry.section(u'=', 0, 0).toInt(), entry.section(u'=', 1));
     }
+  }
+
+  /// As the program starts, so that what is entered is kept for recovery as there.
+  void begin() {
+    program.fieldIndex = kFirstActivationPending;
+    QEvent activation(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &activation);
+    settle();
+    shownWindow<start>()->accept();
+    activate();
   }
 
   /// What is measured is not the typing.
