@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -10,11 +11,13 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QLockFile>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QSettings>
+#include <QSysInfo>
 #include <QTimer>
 #include <QTreeView>
 #include <QUrl>
@@ -42,7 +45,9 @@ QStringList askFile(QFileDialog& dialog, const FileRequest& request) {
     files->hideColumn(kTypeColumn);  // all have the same, and it is named in English
     files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   }
-  if (dialog.exec() != QDialog::Accepted) return {};
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  removeForeignLock();  // the dialog writes what it remembers when it goes
+  if (!accepted) return {};
   return dialog.selectedFiles();
 }
 
@@ -99,6 +104,17 @@ void keepDialogMemoryIn(const QString& folder) {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
 }
 
+void removeForeignLock() {
+  const QString path = QSettings(QSettings::UserScope, u"QtProject"_s).fileName() + u".lock"_s;
+  const QDateTime written = QFileInfo(path).lastModified();
+  if (!written.isValid() || written.secsTo(QDateTime::currentDateTime()) < 1) return;
+  qint64 process = 0;
+  QString host;
+  QString program;
+  const bool known = QLockFile(path).getLockInfo(&process, &host, &program);
+  if (!known || host != QSysInfo::machineHostName()) QFile::remove(path);
+}
+
 // exit, not quit: quit would first ask every window whether it may be closed.
 void RealDesktop::endProgram() {
   QCoreApplication::exit(0);
@@ -140,6 +156,7 @@ std::unique_ptr<Paper> RealDesktop::askPrinter(QWidget* parent, const PrintReque
   std::unique_ptr<QPrinter> chosen = makePrinter(request, printer_);
   QPrintDialog dialog(chosen.get(), parent);
   dialog.setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize);
+  removeForeignLock();  // it may open a file dialog
   // The dialog fills its list only when it is shown.
   QTimer::singleShot(0, &dialog, [&] { offerPdfFile(dialog, request.pdfFile, printer_); });
   busy.reset();

@@ -73,6 +73,11 @@ class Desktop {
 /// Lets the toolkit keep what its own dialogs remember in a folder, instead of the user's home.
 void keepDialogMemoryIn(const QString& folder);
 
+/// Removes the lock on what the dialogs remember if another host wrote it more than a second ago:
+/// that may be gone, and the toolkit, which holds its locks for milliseconds, would wait for it for
+/// half a minute. It knows by itself whether a process of this host is gone.
+void removeForeignLock();
+
 /// The desktop that the program runs on.
 class RealDesktop final : public Desktop {
  public:

@@ -4,9 +4,11 @@
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QSettings>
 #include <QWheelEvent>
 #include <csignal>
 
@@ -446,6 +448,20 @@ class StorageWindowsTest : public QObject {
           &house.window, {house.folder.path(), u"cva"_s, u"da.cva"_s});
       QCOMPARE(path, saved ? std::optional(house.at(u"da.cva"_s)) : std::nullopt);
     }
+  }
+
+  /// The toolkit alone waits half a minute for another host's lock, which that may have left.
+  void aLockThatAnotherHostLeftHoldsUpNoFileDialog() {
+    House house;
+    const QString lock = QSettings(QSettings::UserScope, u"QtProject"_s).fileName() + u".lock"_s;
+    put(lock, "4711\ncalvora\nanother-host\n");
+    QTest::qWait(1100);
+    QElapsedTimer timer;
+    timer.start();
+    onNextModal<QFileDialog>(this, [](QFileDialog& dialog) { dialog.reject(); });
+    house.desktop.real.askSaveFile(&house.window, {house.folder.path(), u"cva"_s, {}});
+    QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(!QFile::exists(lock));
   }
 
   void theDataFolderIsChosenAndKept() {
