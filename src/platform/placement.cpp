@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -87,6 +88,13 @@ void fit(QWidget& window) {
   if (size != window.size()) window.resize(size);
 }
 
+/// Puts a window's frame to a place. The toolkit takes the place of a window that is already made,
+/// but not shown, for that of its content.
+void moveFrame(QWidget& window, QPoint place) {
+  window.move(place);
+  if (QWindow* made = window.windowHandle()) made->setFramePosition(place);
+}
+
 /// Sees every window between its design and its first picture.
 class Keeper : public QObject {
  public:
@@ -99,7 +107,8 @@ class Keeper : public QObject {
     const Qt::WindowType type = window->windowType();
     if (type != Qt::Window && type != Qt::Dialog) return false;
     fit(*window);
-    if (window->testAttribute(Qt::WA_Moved)) window->move(visiblePlace(*window, window->pos()));
+    if (window->testAttribute(Qt::WA_Moved))
+      moveFrame(*window, visiblePlace(*window, window->pos()));
     return false;
   }
 };
@@ -123,7 +132,7 @@ void restorePlace(QWidget& window, const WindowPlace& place) {
       screens, [&](const QScreen* screen) { return screen->availableGeometry().contains(frame); });
   if (isSeen) {
     window.resize(size);
-    window.move(frame.topLeft());
+    moveFrame(window, frame.topLeft());
   }
   if (place.maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
 }
