@@ -28,9 +28,10 @@ class FileDrop : public QObject {
     }
     drag.setDropAction(Qt::CopyAction);  // whoever moves a file here must not lose it there
     drag.accept();
-    if (drops)
+    if (drops) {
       QMetaObject::invokeMethod(
           this, [=, this] { take(files); }, Qt::QueuedConnection);
+    }
     return true;
   }
 

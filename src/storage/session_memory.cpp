@@ -32,7 +32,7 @@ QString memoryPath(const QString& programFolder) {
 /// The numbers of an array, 0 for whatever is none or out of every screen.
 QList<int> numbersOf(const QJsonValue& value) {
   QList<int> numbers;
-  for (const QJsonValue& number : value.toArray()) {
+  for (const auto& number : value.toArray()) {
     const int pixels = number.toInt();
     numbers += qAbs(pixels) > kFarthestPixel ? 0 : pixels;
   }
