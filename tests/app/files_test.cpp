@@ -34,21 +34,6 @@ struct Room : Mask {
     leaving.start(10);
   }
 
-  /// Drops files, whose names are also a text, or a text alone.
-  void dropOn(QWidget& control, const QString& what) {
-    QMimeData data;
-    data.setText(what);
-    QList<QUrl> urls;
-    for (const QString& name : what.split(' '_L1)) urls += QUrl::fromLocalFile(at(name));
-    if (what.contains('.'_L1)) data.setUrls(urls);
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&control, &enter);
-    QCOMPARE(enter.isAccepted(), control.isEnabled());
-    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    if (enter.isAccepted()) QCoreApplication::sendEvent(&control, &event);
-    settle();
-  }
-
   /// The names in the menu.
   QString recent() {
     settle();
@@ -87,16 +72,22 @@ class FilesTest : public QObject {
     const QString where = given.section(' '_L1, 0, 0);
     const QString message = given.section(';'_L1, 1);
     if (where == "overview"_L1) room.window.mnu2_ana->trigger();
-    room.window.setEnabled(where != "locked"_L1);
     auto* overview = shownWindow<analysen>();
     const QString names = message.section(' '_L1, 1).replace(' '_L1, u"\n\r "_s);
     if (!message.isEmpty())
       room.questions.expect(says(message.section(' '_L1, 0, 0) + u"  "_s + names));
-    QWidget& target = where == "box"_L1      ? static_cast<QWidget&>(room.window.Text1(1))
-                      : where == "frame"_L1  ? *room.window.Frame1
-                      : where == "locked"_L1 ? static_cast<QWidget&>(room.window)
-                                             : *overview->MSFlexGrid1->viewport();
-    room.dropOn(target, given.section(';'_L1, 0, 0).section(' '_L1, 1));
+    QWidget* target = where == "overview"_L1 ? overview->MSFlexGrid1->viewport()
+                      : where == "frame"_L1  ? static_cast<QWidget*>(room.window.Frame1)
+                                             : &room.window.Text1(1);
+    QMimeData data;  // files, whose names are also a text, or a text alone
+    data.setText(given.section(';'_L1, 0, 0).section(' '_L1, 1));
+    QList<QUrl> urls;
+    for (const QString& name : data.text().split(' '_L1))
+      urls += QUrl::fromLocalFile(room.at(name));
+    if (data.text().contains('.'_L1)) data.setUrls(urls);
+    QVERIFY(Room::dropOn(*target, data));
+    room.window.setEnabled(where != "locked"_L1);  // before the files are looked at
+    Room::settle();
     QString captions;
     overview = shownWindow<analysen>();
     for (int k = 1; overview != nullptr && k <= 8; ++k) {

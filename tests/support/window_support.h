@@ -132,15 +132,20 @@ struct BasicMask {
     press(Qt::Key_Enter);
   }
 
-  /// Drops a text on a box, which need not have the focus.
+  /// Drops something on a control, which need not have the focus. False if it is not taken.
+  static bool dropOn(QWidget& control, const QMimeData& data) {
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&control, &enter);
+    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    if (enter.isAccepted()) QCoreApplication::sendEvent(&control, &event);
+    return enter.isAccepted();
+  }
+
+  /// Drops a text on a box.
   void drop(int box, const QString& text) {
     QMimeData data;
     data.setText(text);
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window.Text1(box), &enter);
-    QVERIFY(enter.isAccepted());
-    QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window.Text1(box), &event);
+    QVERIFY(dropOn(window.Text1(box), data));
     settle();
   }
 
