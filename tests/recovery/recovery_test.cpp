@@ -221,7 +221,7 @@ class RecoveryTest : public QObject {
       QTRY_COMPARE(notice.text(), u"Sicherung nicht möglich: "_s + expected);
       QCOMPARE(run.program.record.text[1], text + u",0000"_s);
     }
-    QCOMPARE(filesIn(folder.path()), QStringList());
+    QTRY_COMPARE(filesIn(folder.path()), QStringList());
     setFault(false);
     Mask::activate(run.window);
     QVERIFY(notice.isVisible());  // nothing is tried before the next entry
