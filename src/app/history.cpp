@@ -1,5 +1,6 @@
 #include "app/history.h"
 
+#include <QFileInfo>
 #include <tuple>
 #include <utility>
 
@@ -41,11 +42,11 @@ class History::Step : public QUndoCommand {
   Step(History& history, const QString& name, Change made)
       : QUndoCommand(name), change(std::move(made)), history_(history) {}
 
-  void undo() override { history_.exchange(change.before, change.field); }
+  void undo() override { history_.restore(change.before, change.field); }
 
   /// The stack also calls it for a new step, when everything is done.
   void redo() override {
-    if (std::exchange(done_, true)) history_.exchange(change.after, change.field);
+    if (std::exchange(done_, true)) history_.restore(change.after, change.field);
   }
 
   const Change change;
@@ -82,7 +83,7 @@ void History::abandonEntry() {
   static_cast<Analysis&>(program_) = *current_;
 }
 
-void History::exchange(const State& to, int field) {
+void History::restore(const State& to, int field) {
   begin();
   program_.entryChanged = false;
   program_.fieldIndex = 0;  // no entry of the analysis that is left decides how this one goes on
@@ -96,10 +97,11 @@ void History::exchange(const State& to, int field) {
 void History::noteFile() {
   const KnownFile& file = program_.file;
   const auto outdate = [&](Analysis& analysis) {
-    if (analysis.file.path != file.path || analysis.file.hash == file.hash) return;
+    if (analysis.file.hash == file.hash) return;
+    const QString& path = analysis.file.path;
+    if (path != file.path && QFileInfo(path) != QFileInfo(file.path)) return;
     analysis.file.hash = file.hash;
-    analysis.unsaved = true;
-    analysis.record.flag[flag::kStatus] = QStringLiteral("1");
+    analysis.markUnsaved();
   };
   for (int i = 0; i < stack.count(); ++i) {
     const Step::Change& change = static_cast<const Step*>(stack.command(i))->change;

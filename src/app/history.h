@@ -42,7 +42,7 @@ class History {
   class Step;
   using State = std::shared_ptr<Analysis>;
 
-  void exchange(const State& to, int field);
+  void restore(const State& to, int field);
   void noteFile();
 
   Program& program_;

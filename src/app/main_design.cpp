@@ -83,7 +83,7 @@ void main::buildMenus() {
   mnu_load = add(u"Datei &laden"_s, u" ps_mnudladen"_s, &main::mnu_load_Click, u"Ctrl+O"_s);
   mnu_recent = menu->addMenu(u"&Zuletzt verwendet"_s);
   mnu_recent->setToolTipsVisible(true);
-  connect(menu, &QMenu::aboutToShow, this, &main::listRecent);
+  connect(mnu_recent, &QMenu::aboutToShow, this, &main::listRecent);
   mnu_save = add(u"Daten-&speichern"_s, u" main_save"_s, &main::mnu_save_Click, u"Ctrl+S"_s);
   mnu_drucken = add(u"&Drucken"_s, u" main_drucken"_s, &main::mnu_drucken_Click, u"Ctrl+P"_s);
   menu->addSeparator()->setObjectName(u"trenn1"_s);

@@ -20,10 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kLongestName = 40;
-
-QString shortened(const QString& name) {
-  return name.size() <= kLongestName ? name : name.left(kLongestName) + u"…"_s;
+/// A file's name in a menu or on a button, where "&" would mark a key.
+QString captionOf(const QString& name) {
+  return shortened(name).replace('&'_L1, u"&&"_s);
 }
 
 }  // namespace
@@ -60,14 +59,13 @@ void main::listRecent() {
   for (const QString& path : readMemory(program_.programFolder).analyses) {
     if (!QFileInfo(path).isFile()) continue;
     const qsizetype number = mnu_recent->actions().size() + 1;
-    QString name = shortened(QFileInfo(path).completeBaseName());
-    name.replace('&'_L1, u"&&"_s);
+    const QString name = captionOf(QFileInfo(path).completeBaseName());
     QAction* action = mnu_recent->addAction(u"&%1  %2"_s.arg(number).arg(name));
     action->setToolTip(QDir::toNativeSeparators(path));
     action->setStatusTip(action->toolTip());
     connect(action, &QAction::triggered, this, [this, path] { loadGiven(path); });
   }
-  mnu_recent->setEnabled(!mnu_recent->isEmpty());
+  if (mnu_recent->isEmpty()) mnu_recent->addAction(u"(keine)"_s)->setEnabled(false);
 }
 
 /// Remembers the file that the analysis was read from or saved as, once there is nothing more
@@ -94,7 +92,7 @@ void main::showPrinted() {
   Command5->setVisible(!path.isEmpty());
   if (path.isEmpty()) return;
   const QString name = QFileInfo(path).fileName();
-  Command5->setText(u"PDF: "_s + shortened(name).replace('&'_L1, u"&&"_s));
+  Command5->setText(u"PDF: "_s + captionOf(name));
   Command5->setToolTip(QDir::toNativeSeparators(path));
   Command5->setAccessibleName(name + u" öffnen"_s);
 }

@@ -36,6 +36,7 @@ void main::offerRecovery() {
       restoreAnalysis(program_, left, [this] { datenkill(0); });
       showRead();
       history_.note(question.title);
+      history_.stack.clear();  // there is nothing to go back to
     }
     return answer;
   });
@@ -65,29 +66,37 @@ void main::showNotice() {
 /// Asks whether to save before the program ends. False if it must go on.
 bool main::mayEnd() {
   finishEntry();
-  const bool asks = program_.record.flag[flag::kStatus] == "1"_L1;
+  if (recovery_ != nullptr) recovery_->flush(program_);
+  // Without a recovery file nothing else would keep what a saved project left unsaved.
+  const bool kept = recovery_ == nullptr || recovery_->failure().isEmpty();
+  if (program_.unsaved && !kept) program_.markUnsaved();
+  const bool asks = program_.asksToBeSaved();
   if (datensich() == kAbbruch) return false;
-  // What nobody was asked about stays for the next start.
-  keepAnalysis();
-  if (asks && recovery_ != nullptr) recovery_->discard(program_);
+  if (recovery_ != nullptr && asks) recovery_->discard(program_);
   return true;
+}
+
+/// Another analysis takes the place of this one. If nobody was asked about it, since a saved
+/// project took the question away, it is offered at the next start.
+void main::leaveAnalysis() {
+  if (recovery_ == nullptr || !program_.unsaved || program_.asksToBeSaved()) return;
+  recovery_->flush(program_);
+  recovery_->leave();
 }
 
 bool main::endSession(bool mayAsk) {
   bool ends = true;
   guarded(questions_, u" main_sitzungsende"_s, [&] {
     // The question may be open already; a save that was cancelled leaves the mark.
-    if (mayAsk && !asking_) ends = mayEnd() || program_.record.flag[flag::kStatus] != "1"_L1;
-    keepAnalysis();
-    if (recovery_ != nullptr) recovery_->flush();
+    if (mayAsk && !asking_) ends = mayEnd() || !program_.asksToBeSaved();
+    if (recovery_ != nullptr) recovery_->flush(program_);
   });
   return ends;
 }
 
-/// The session waits for this. To be released comes only after it may end: releasing it says that
-/// it does.
+/// The session waits for this. Releasing it tells that the program may end.
 void main::commitData(QSessionManager& session) {
-  const bool asks = program_.entryChanged || program_.record.flag[flag::kStatus] == "1"_L1;
+  const bool asks = program_.entryChanged || program_.asksToBeSaved();
   if (endSession(asks && session.allowsInteraction())) return session.release();
   session.cancel();
 }

@@ -213,6 +213,7 @@ void main::Text1_LostFocus(int index) {
 
 bool main::takeOver(int index, const QString& text) {
   forgetNotes();
+  history_.begin();
   const auto noted = qScopeGuard([&] { history_.note(nameOf(index), index); });
   return enterText(index, text);
 }
@@ -226,9 +227,7 @@ bool main::enterText(int index, const QString& text) {
     if (!action.isEmpty()) ownAction_ = action;
     showStatus();
   });
-  history_.begin();
-  program_.record.flag[flag::kStatus] = u"1"_s;
-  program_.unsaved = true;
+  program_.markUnsaved();
   int status = 0;
   try {
     subcalc_.checkeingabe(index, text, status);
@@ -279,6 +278,7 @@ void main::fillFrom(int index, const QStringList& numbers) {
   if (focusWidget() != &Text1(index)) return;  // an earlier entry was rejected
   guarded(questions_, u" main_T1_lostfocus"_s, [&] {
     forgetNotes();
+    history_.begin();
     const auto noted = qScopeGuard([&] { history_.note(u"eingefügte Werte"_s, index); });
     int box = index;
     int focusBack = 0;
@@ -504,7 +504,7 @@ void main::datenkill(int number) {
 }
 
 QString main::datensich() {
-  if (program_.record.flag[flag::kStatus] != "1"_L1) return {};
+  if (!program_.asksToBeSaved()) return {};
   const QScopedValueRollback asking(asking_, true);
   const Button answer = datenpfad::message(questions_, meldung::kVorherSpeichern);
   if (answer == Button::kJa) showSaveWindow();
@@ -515,9 +515,18 @@ QString main::datensich() {
 void main::showSaveWindow(const RuntimeError* failure) {
   Dateien window(Dateien::Mode::kSaveAnalysis, program_, questions_, desktop_, this);
   if (failure != nullptr) window.showNotSaved(*failure);
-  window.exec();
+  showHeader(window);
   history_.note(u"Kopfdaten"_s);
-  noteAnalysis();
+}
+
+/// Shows the header until it is saved or the window left; what was changed in it without that is to
+/// be saved like an entry.
+void main::showHeader(Dateien& window) {
+  const AnalysisHeader header = program_.header;
+  const KnownFile file = program_.file;
+  window.exec();
+  if (program_.file != file) return noteAnalysis();
+  if (program_.header != header) program_.markUnsaved();
 }
 
 void main::mnu_load_Click() {
@@ -528,11 +537,14 @@ void main::mnu_load_Click() {
 void main::load(const QString& path) {
   if (datensich() == kAbbruch) return;
   Dateien window(Dateien::Mode::kLoadAnalysis, program_, questions_, desktop_, this);
-  window.reset = [this] { datenkill(0); };
+  window.reset = [this] {
+    leaveAnalysis();
+    datenkill(0);
+  };
   if (!window.dateiladen(path)) return;
   showRead();
-  window.exec();
   noteAnalysis();
+  showHeader(window);
 }
 
 /// Computes and shows an analysis that was read from a file.
@@ -558,9 +570,11 @@ void main::mnu_save_Click() {
 
 /// Without a word where nothing can get lost, else with the window, which also says what failed.
 void main::mnu3_save_Click() {
-  if (!isUnchanged(program_.file)) return mnu_save_Click();
+  const bool empty = !holdsText(inputFields()) && !holdsText(resultFields());
+  if (empty || !isUnchanged(program_.file)) return mnu_save_Click();
   try {
     saveToOwnFile(program_);
+    noteAnalysis();
   } catch (const RuntimeError& error) {
     showSaveWindow(&error);
   }
@@ -623,6 +637,7 @@ void main::mnu_neustart_Click() {
   if (datensich() == kAbbruch) return;
   Text1(feld::kLeitfähigkeit).setFocus(Qt::OtherFocusReason);
   finishLeftBoxes();  // leaving the old box must not count for the new analysis
+  leaveAnalysis();
   program_.restart();
   forgetNotes();
   darstellen();
@@ -652,8 +667,13 @@ void main::updateManual() {
 }
 
 void main::mnu2_handbuch_Click() {
-  if (!QFileInfo::exists(manualPath()) || desktop_.openDocument(manualPath())) return;
-  datenpfad::message(questions_, meldung::kHandbuch, QDir::toNativeSeparators(manualPath()));
+  const QString path = QDir::toNativeSeparators(manualPath());
+  if (!QFileInfo::exists(path)) return;
+  if (!desktop_.openDocument(path)) {
+    datenpfad::message(questions_, meldung::kHandbuch, path);
+    return;
+  }
+  ownAction_ = u"Handbuch: "_s + path;  // the system may have nothing that shows it
 }
 
 }  // namespace calvora

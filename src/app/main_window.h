@@ -22,6 +22,7 @@ class QSessionManager;
 namespace calvora {
 
 class analysen;
+class Dateien;
 class plausi;
 class ElidedLabel;
 struct Field;
@@ -173,6 +174,7 @@ class main : public QMainWindow {
   void focusMoved(QWidget* now);
   void finishLeftBoxes();
   void restored(int field);
+  void showHeader(Dateien& window);
   void showSaveWindow(const RuntimeError* failure = nullptr);
   void showRead();
   void showOver(QDialog& window, int index);
@@ -200,6 +202,7 @@ class main : public QMainWindow {
   void begin();
   void offerRecovery();
   void keepAnalysis();
+  void leaveAnalysis();
   void lookForOthers();
   void showNotice();
   [[nodiscard]] bool mayEnd();

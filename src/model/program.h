@@ -27,6 +27,17 @@ struct Analysis {
   bool dataPresent = false;  ///< set by the save command, cleared by reset and completed save
   KnownFile file;            ///< that the analysis was read from or saved as
   bool unsaved = false;      ///< the analysis has entries that this file does not hold
+
+  /// Whether the user must be asked before the analysis goes. A saved project takes that away, and
+  /// leaves `unsaved` as it is.
+  [[nodiscard]] bool asksToBeSaved() const {
+    return record.flag[flag::kStatus] == QLatin1String("1");
+  }
+
+  void markUnsaved() {
+    record.flag[flag::kStatus] = QStringLiteral("1");
+    unsaved = true;
+  }
 };
 
 /// What the windows share. Made once at program start and handed on by reference.

@@ -32,7 +32,7 @@ Button uebersichtMeldung(Questions& questions, int code, const QString& extra) {
       catalogueEntry(kProjektGespeichert, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kDone,
                      {u"Die Dateien wurden als  "_s, u"Projekt gespeichert !"_s}),
       catalogueEntry(kNichtVollständig, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kWarning,
-                     {u" Nicht oder nicht vollständig gelesen wurde :"_s, u"%1"_s}),
+                     {u" Diese Dateien wurden nicht vollständig gelesen :"_s, u"%1"_s}),
       catalogueEntry(kKeinPlatz, u"Analysen-Übersicht"_s, Button::kOk, Symbol::kWarning,
                      {u" Die Übersicht ist voll. Kein Platz war für :"_s, u"%1"_s}),
   };

@@ -119,6 +119,9 @@ bool TextBox::event(QEvent* event) {
 void TextBox::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
   clickedInto_ = holdsValue && event->reason() == Qt::MouseFocusReason;
+  // Back from the menu, which took the selection away.
+  const bool back = holdsValue && event->reason() == Qt::MenuBarFocusReason;
+  if (back && !isUndoAvailable()) selectAll();
 }
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {

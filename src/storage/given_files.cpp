@@ -3,6 +3,9 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "storage/analysis_file.h"
+#include "storage/project_file.h"
+
 namespace calvora {
 
 using namespace Qt::StringLiterals;
@@ -10,12 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kMostNames = 8;
-constexpr qsizetype kLongestName = 60;
-
-QString shortened(const QString& name) {
-  if (name.size() <= kLongestName) return name;
-  return name.left(kLongestName / 2) + u" … "_s + name.right(kLongestName / 2);
-}
+constexpr qsizetype kLongestName = 50;
 
 }  // namespace
 
@@ -26,9 +24,13 @@ Given kindOf(const QStringList& paths) {
       return file.suffix().compare(extension, Qt::CaseInsensitive) == 0 && !file.isDir();
     });
   };
-  if (paths.isEmpty()) return Given::kNothing;
-  if (all(u"cva"_s)) return Given::kAnalyses;
-  return paths.size() == 1 && all(u"cvp"_s) ? Given::kProject : Given::kOther;
+  if (all(kAnalysisFile)) return Given::kAnalyses;
+  return paths.size() == 1 && all(kProjectFile) ? Given::kProject : Given::kOther;
+}
+
+QString shortened(const QString& name) {
+  if (name.size() <= kLongestName) return name;
+  return name.left(kLongestName / 2) + u" … "_s + name.right(kLongestName / 2);
 }
 
 QString namesOf(const QStringList& paths) {

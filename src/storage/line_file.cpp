@@ -67,6 +67,19 @@ KnownFile writeKnownFile(const QString& path, const QByteArray& content) {
   return {QFileInfo(path).absoluteFilePath(), hashOf(content)};
 }
 
+QString reasonOf(const RuntimeError& error) {
+  switch (static_cast<ErrorNumber>(error.number())) {
+    case ErrorNumber::kDiskFull:
+      return u"Der Datenträger ist voll oder gestört."_s;
+    case ErrorNumber::kPathAccess:
+      return u"Ordner oder Datei lassen sich nicht beschreiben."_s;
+    case ErrorNumber::kInvalidCall:
+      return u"Ein Text ist zu lang."_s;
+    default:
+      return u"Fehler %1."_s.arg(error.number());
+  }
+}
+
 bool isUnchanged(const KnownFile& file) {
   try {
     return !file.path.isEmpty() && LineReader::ofFile(file.path).hash() == file.hash;

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <functional>
 
+#include "base/runtime_error.h"
 #include "entry/fixed_point.h"
 #include "model/program.h"
 
@@ -25,6 +26,9 @@ QByteArray hashOf(const QByteArray& content);
 
 /// Writes a file as `writeFileSafely` does and returns it as it is known from now on.
 KnownFile writeKnownFile(const QString& path, const QByteArray& content);
+
+/// Why a file was not written, in the user's words.
+QString reasonOf(const RuntimeError& error);
 
 /// Whether a file is still there as it was read or written here. Never throws, and never waits for
 /// what is no regular file.

@@ -21,7 +21,8 @@ namespace {
 const auto kFile = u"rec"_s;
 const auto kLock = u"lock"_s;
 const auto kMark = u"Sicherung"_s;
-const auto kEnd = u"ende"_s;  // nothing is missing
+const auto kEnd = u"ende"_s;      // nothing is missing
+const QByteArray kNotKept = "?";  // equal to no content
 constexpr int kMostSlots = 99;
 
 /// What a recovery file has behind the end record, where readers of an analysis stop. The path may
@@ -56,12 +57,6 @@ std::optional<LeftAnalysis> lookAt(const QString& path) {
   }
 }
 
-QString reasonOf(const RuntimeError& error) {
-  if (error.is(ErrorNumber::kPathAccess)) return u"Ordner nicht beschreibbar"_s;
-  if (error.is(ErrorNumber::kInvalidCall)) return u"Ein Text ist zu lang"_s;
-  return u"Datenträger voll oder gestört"_s;
-}
-
 }  // namespace
 
 void restoreAnalysis(Program& program, const LeftAnalysis& left,
@@ -70,8 +65,7 @@ void restoreAnalysis(Program& program, const LeftAnalysis& left,
   QString& sampled = program.header[kopf::kProbenahme];
   sampled = dateText(dateOf(sampled));
   program.file = left.file;
-  program.unsaved = true;
-  program.record.flag[flag::kStatus] = u"1"_s;
+  program.markUnsaved();
 }
 
 Recovery::Recovery(QString folder, std::function<void()> changed)
@@ -80,7 +74,7 @@ Recovery::Recovery(QString folder, std::function<void()> changed)
 }
 
 Recovery::~Recovery() {
-  flush();
+  pool_.waitForDone();
 }
 
 QString Recovery::pathOf(int slot, const QString& extension) const {
@@ -107,7 +101,8 @@ std::unique_ptr<QLockFile> Recovery::tryLock(int slot) const {
   QString name;
   constexpr int kLongestMaking = 60'000;  // ms
   lock->setStaleLockTime(lock->getLockInfo(&process, &host, &name) ? 0 : kLongestMaking);
-  lock->tryLock(0);
+  // Nobody else writes in a slot that is locked here.
+  if (lock->tryLock(0)) removeLeftovers(pathOf(slot, kFile), std::chrono::seconds(0));
   return lock;
 }
 
@@ -115,36 +110,49 @@ void Recovery::offer(const std::function<Button(const LeftAnalysis&)>& ask) {
   for (const int slot : slotsWith(kFile)) {
     auto lock = tryLock(slot);
     if (!lock->isLocked()) continue;
-    removeLeftovers(pathOf(slot, kFile), std::chrono::seconds(0));  // nobody else writes there
     const std::optional<LeftAnalysis> left = lookAt(pathOf(slot, kFile));
     if (!left) continue;
     const Button answer = ask(*left);
     if (answer == Button::kNein) QFile::remove(left->path);
     if (answer != Button::kJa) continue;
-    lock_ = std::move(lock);
-    slot_ = slot;
-    return;
+    return takeSlot(slot, std::move(lock));
   }
   hand({});  // takes a slot, so that other instances see this one
 }
 
 void Recovery::keep(const Program& program) {
-  QByteArray content;
   try {
-    if (program.unsaved) content = analysisContent(program, program.header[kopf::kDateiname]);
-    const QByteArray compared = content + program.file.path.toUtf8() + program.file.hash;
-    if (content.isEmpty() ? kept_.isEmpty() : kept_ == compared) return;
-    kept_ = content.isEmpty() ? content : compared;
-    hand(content.isEmpty() ? content : content + lastLine(program.file));
+    QByteArray content;
+    QByteArray state;
+    if (program.unsaved) {
+      content = analysisContent(program, program.header[kopf::kDateiname]);
+      state = content + program.file.path.toUtf8() + program.file.hash;
+      content += lastLine(program.file);
+    }
+    if (state == kept_) return;
+    kept_ = state;
+    hand(content);
   } catch (const RuntimeError& error) {
-    setFailure(reasonOf(error));
+    kept_ = kNotKept;
+    setFailure(&error);
   }
 }
 
 void Recovery::discard(const Program& program) {
   keep(program);  // from now on equal to what is kept
   hand({});
-  flush();
+  pool_.waitForDone();
+}
+
+void Recovery::flush(const Program& program) {
+  if (!failure().isEmpty()) kept_ = kNotKept;
+  keep(program);
+  pool_.waitForDone();
+}
+
+void Recovery::leave() {
+  lock_.reset();
+  slot_ = 0;
 }
 
 QString Recovery::failure() const {
@@ -152,8 +160,10 @@ QString Recovery::failure() const {
   return failure_;
 }
 
-void Recovery::setFailure(const QString& failure) {
+void Recovery::setFailure(const RuntimeError* error) {
   {
+    const QString failure =
+        error == nullptr ? QString() : u"Automatische Sicherung nicht möglich: "_s + reasonOf(*error);
     const QMutexLocker guard(&mutex_);
     if (failure == failure_) return;
     failure_ = failure;
@@ -169,7 +179,8 @@ QString Recovery::otherInstance() const {
     if (!QLockFile(pathOf(slot, kLock)).getLockInfo(&process, &host, &name)) continue;
     const bool here = host == QSysInfo::machineHostName();
     if (here && process == QCoreApplication::applicationPid()) continue;
-    if (tryLock(slot)->isLocked()) continue;  // it has ended
+    const auto lock = tryLock(slot);
+    if (lock->isLocked() || lock->error() == QLockFile::PermissionError) continue;  // it has ended
     const QString text = u"Calvora läuft auf diesem Ordner bereits"_s;
     return here ? text : text + u" (Rechner %1)"_s.arg(host);
   }
@@ -193,11 +204,11 @@ void Recovery::work() {
   if (!content) return;  // an earlier turn found it
   try {
     store(*content);
-    setFailure({});
+    setFailure(nullptr);
   } catch (const RuntimeError& error) {
     // Where nothing is to be kept nothing is amiss.
     const bool nothing = content->isEmpty() && slot_ == 0;
-    setFailure(nothing ? QString() : u"Sicherung nicht möglich: "_s + reasonOf(error));
+    setFailure(nothing ? nullptr : &error);
   }
 }
 
@@ -217,12 +228,14 @@ void Recovery::lockFreeSlot() {
     if (lock->error() == QLockFile::UnknownError) throw RuntimeError(ErrorNumber::kDiskFull);
     // Whoever had the slot until now may have left a file.
     if (!lock->isLocked() || QFileInfo::exists(pathOf(slot, kFile))) continue;
-    removeLeftovers(pathOf(slot, kFile), std::chrono::seconds(0));
-    lock_ = std::move(lock);
-    slot_ = slot;
-    return;
+    return takeSlot(slot, std::move(lock));
   }
   throw RuntimeError(ErrorNumber::kPathAccess);
+}
+
+void Recovery::takeSlot(int slot, std::unique_ptr<QLockFile> lock) {
+  lock_ = std::move(lock);
+  slot_ = slot;
 }
 
 }  // namespace calvora

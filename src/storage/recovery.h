@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "base/questions.h"
+#include "base/runtime_error.h"
 #include "model/program.h"
 
 namespace calvora {
@@ -55,8 +56,11 @@ class Recovery {
   /// next change is kept again.
   void discard(const Program& program);
 
-  /// Waits until what was kept last is on the disk.
-  void flush() { pool_.waitForDone(); }
+  /// Keeps the analysis, once more if that failed before, and waits until it is on the disk.
+  void flush(const Program& program);
+
+  /// Leaves what is kept to the next start; what is kept from now on has a slot of its own.
+  void leave();
 
   /// Why what was kept last is not on the disk, in the user's words; empty if it is.
   [[nodiscard]] QString failure() const;
@@ -69,10 +73,11 @@ class Recovery {
   [[nodiscard]] QList<int> slotsWith(const QString& extension) const;
   [[nodiscard]] std::unique_ptr<QLockFile> tryLock(int slot) const;
   void hand(const QByteArray& content);
-  void setFailure(const QString& failure);
+  void setFailure(const RuntimeError* error);
   void work();
   void store(const QByteArray& content);
   void lockFreeSlot();
+  void takeSlot(int slot, std::unique_ptr<QLockFile> lock);
 
   QString folder_;
   std::function<void()> changed_;

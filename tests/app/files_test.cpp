@@ -37,7 +37,7 @@ struct Room : Mask {
   /// The names in the menu.
   QString recent() {
     settle();
-    emit static_cast<QMenu*>(window.menuBar()->actions().front()->menu())->aboutToShow();
+    emit window.mnu_recent->aboutToShow();
     QStringList names;
     for (const QAction* action : window.mnu_recent->actions())
       names += action->text().section(' '_L1, 2);

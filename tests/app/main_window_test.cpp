@@ -256,6 +256,9 @@ class MainWindowTest : public QObject {
     };
     const QString saved = u"gespeichert: probe"_s;
     const QString unsaved = u"nicht gespeichert: probe"_s;
+    QGuiApplication::clipboard()->setText(u"480\n7,6"_s);
+    mask.press(Qt::Key_V, Qt::ControlModifier);
+    press(Qt::Key_Z, {});
     mask.enter(1, u"420"_s);
     mask.press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);  // it has no file yet
     mask.activate();

@@ -104,7 +104,9 @@ class RecoveryTest : public QObject {
  private slots:
   void whatNobodyWasAskedAboutIsOffered_data() {
     rows(
-        "type=>cvra1.rec | type;project;close=>cvra1.rec | type;end;quit=>cvra1.rec | "
+        "type=>cvra1.rec | type;project;close=>cvra1.rec | "
+        "type;project;new;close=>cvra1.rec | type;project;new;type;close Nein=>cvra1.rec | "
+        "type;end;quit=>cvra1.rec | "
         "type;quit=>cvra1.rec | "
         "type;close Nein=> | type;save;close=> | type;new Nein;close=> | close=> | "
         "type;ask Nein;quit=> | type;ask Nein;close Nein=> | type;ask Nein;more=>cvra1.rec | "
@@ -140,6 +142,7 @@ class RecoveryTest : public QObject {
     QCOMPARE(run.program.record.value[2], left.record.value[2]);
     QVERIFY(run.program.header == left.header && run.program.file == left.file);
     QVERIFY(run.program.unsaved && run.program.record.flag[flag::kStatus] == "1"_L1);
+    QVERIFY(!run.window.history().stack.canUndo());  // an undo would lose it
     QTRY_COMPARE(filesIn(folder.path()), QStringList({u"cvra2.lock"_s, u"cvra2.rec"_s}));
     QVERIFY(offered(folder.path()).isEmpty());  // it runs
     run.act(u"close Nein"_s);
@@ -195,7 +198,8 @@ class RecoveryTest : public QObject {
   }
 
   void whatCannotBeKeptIsToldAndTypingGoesOn_data() {
-    rows("full=>Datenträger voll oder gestört | read-only=>Ordner nicht beschreibbar");
+    rows("full=>Der Datenträger ist voll oder gestört. | "
+        "read-only=>Ordner oder Datei lassen sich nicht beschreiben.");
   }
   void whatCannotBeKeptIsToldAndTypingGoesOn() {
     QFETCH(QStringList, given);
@@ -218,7 +222,7 @@ class RecoveryTest : public QObject {
     QVERIFY(!notice.isVisible());  // there is nothing to keep yet
     for (const QString& text : {u"480"_s, u"490"_s, u"500"_s}) {
       run.enter(1, text);
-      QTRY_COMPARE(notice.text(), u"Sicherung nicht möglich: "_s + expected);
+      QTRY_COMPARE(notice.text(), u"Automatische Sicherung nicht möglich: "_s + expected);
       QCOMPARE(run.program.record.text[1], text + u",0000"_s);
     }
     QTRY_COMPARE(filesIn(folder.path()), QStringList());

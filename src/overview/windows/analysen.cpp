@@ -96,8 +96,6 @@ void analysen::Label1_Click(int slot) {
 void analysen::openFiles(const QStringList& paths) {
   guarded(questions_, u" analysen\\L1_click"_s, [&] {
     switch (kindOf(paths)) {
-      case Given::kNothing:
-        return;
       case Given::kAnalyses:
         return loadAnalyses(paths, 1);
       case Given::kProject:

@@ -94,6 +94,7 @@ void Drucker::Command2_Click() {
   bool printed = false;
   guarded(questions_, u" drucker\\command2"_s, [&] {
     keepHeader();
+    program_.printedFile.clear();
     try {
       const std::unique_ptr<Paper> paper = desktop_.askPrinter(this, request());
       printed = paper == nullptr || printOn(*paper);

@@ -24,20 +24,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Why a file was not written, in the user's words.
-QString reasonOf(const RuntimeError& error) {
-  switch (static_cast<ErrorNumber>(error.number())) {
-    case ErrorNumber::kDiskFull:
-      return u"Der Datenträger ist voll oder gestört."_s;
-    case ErrorNumber::kPathAccess:
-      return u"Ordner oder Datei lassen sich nicht beschreiben."_s;
-    case ErrorNumber::kInvalidCall:
-      return u"Ein Text ist zu lang."_s;
-    default:
-      return u"Fehler %1."_s.arg(error.number());
-  }
-}
-
 /// Whether a header was saved or loaded before: it then has a creation date or the name of a file.
 bool wasKept(const AnalysisHeader& header) {
   return !header[kopf::kErstellt].isEmpty() || !header[kopf::kDateiname].isEmpty();
