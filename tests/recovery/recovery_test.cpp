@@ -198,7 +198,8 @@ class RecoveryTest : public QObject {
   }
 
   void whatCannotBeKeptIsToldAndTypingGoesOn_data() {
-    rows("full=>Der Datenträger ist voll oder gestört. | "
+    rows(
+        "full=>Der Datenträger ist voll oder gestört. | "
         "read-only=>Ordner oder Datei lassen sich nicht beschreiben.");
   }
   void whatCannotBeKeptIsToldAndTypingGoesOn() {
