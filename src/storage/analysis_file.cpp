@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "entry/decimal.h"
+#include "entry/key_filter.h"
 #include "entry/number_text.h"
 #include "model/fields.h"
 #include "storage/line_file.h"
@@ -28,7 +29,7 @@ void readHeader(AnalysisHeader& header, LineReader& reader) {
 /// with "<" or ">"; or in words, which are not compared and neither are powers of ten, of which 15
 /// digits count. Ks8,2 shows zero for 0.001, which stands for what no titration resolves.
 bool contradict(int field, FixedPoint value, const QString& text) {
-  QString number = text.trimmed();
+  QString number = onOneLine(text).trimmed();  // as the next file will hold it
   const QChar bound = number.isEmpty() ? QChar() : number.front();
   const bool below = bound == '<'_L1;
   const bool above = bound == '>'_L1;
