@@ -104,7 +104,7 @@ int main(int argc, char* argv[]) {
     typist.start(words[0], {folder.path(), states.path(), QString::number(dice.below(1'000'000))});
     require(!typist.waitForFinished(dice.below(2000)), "the typist ends by itself");
     const qint64 killed = QDateTime::currentMSecsSinceEpoch();
-    typist.kill();
+    dice.percent(20) ? typist.terminate() : typist.kill();  // no signal is handled
     const bool ended = typist.waitForFinished();
     require(ended && typist.exitStatus() == QProcess::CrashExit, "the typist cannot be killed");
     ++lost[std::min(statesLost(QDir(states.path()), offered(folder.path()), killed), 2)];
