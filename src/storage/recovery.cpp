@@ -162,8 +162,9 @@ QString Recovery::failure() const {
 
 void Recovery::setFailure(const RuntimeError* error) {
   {
-    const QString failure =
-        error == nullptr ? QString() : u"Automatische Sicherung nicht möglich: "_s + reasonOf(*error);
+    const QString failure = error == nullptr
+                                ? QString()
+                                : u"Automatische Sicherung nicht möglich: "_s + reasonOf(*error);
     const QMutexLocker guard(&mutex_);
     if (failure == failure_) return;
     failure_ = failure;
