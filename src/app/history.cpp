@@ -72,9 +72,9 @@ void History::note(const QString& name, int field) {
   if (sameContent(*current_, program_)) return begin();
   auto after = std::make_shared<Analysis>(program_);
   const auto before = std::exchange(current_, after);
-  if (before->file != after->file) noteFile();
   if (sizeOf(*after) > kLargestAnalysis) return stack.clear();
   stack.push(new Step(*this, name, {before, after, field}));
+  if (before->file != after->file) noteFile();
 }
 
 void History::abandonEntry() {
